@@ -1,0 +1,31 @@
+# SPDX-License-Identifier: MIT
+# One target per folder: the compile flags that all share, and the helper that makes such a target.
+
+add_library(nymbrel_flags INTERFACE)
+target_compile_features(nymbrel_flags INTERFACE cxx_std_20)
+target_compile_options(nymbrel_flags INTERFACE
+    -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor
+    # Fused multiply-adds would change the last bit of transformed coordinates.
+    -ffp-contract=off)
+if(NYMBREL_SANITIZE)
+    target_compile_options(nymbrel_flags INTERFACE
+        -fsanitize=${NYMBREL_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(nymbrel_flags INTERFACE -fsanitize=${NYMBREL_SANITIZE})
+endif()
+
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_CXX_VISIBILITY_PRESET hidden)
+set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+
+# nymbrel_folder(<name> SOURCES <file>... [USES <target>...])
+#
+# Makes <name>, the code of one folder as an object library, which sees the root of the tree for its
+# includes and only those folders that USES names.
+function(nymbrel_folder name)
+    cmake_parse_arguments(PARSE_ARGV 1 folder "" "" "SOURCES;USES")
+    add_library(${name} OBJECT ${folder_SOURCES})
+    target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
+    target_link_libraries(${name} PUBLIC ${folder_USES} PRIVATE $<BUILD_INTERFACE:nymbrel_flags>)
+endfunction()

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's growable list: items by value, in the order in which they were appended.
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+template <class T> class KSList {
+public:
+    // Returns how many items the list holds.
+    long CountItems() const { return static_cast<long>(_items.size()); }
+    bool IsEmpty() const { return _items.empty(); }
+
+    // Returns the item at `index`, 0 to CountItems() - 1, or null for any other index. The pointer is
+    // valid until the list next changes.
+    T* ItemAt(long index) { return Holds(index) ? &_items[static_cast<std::size_t>(index)] : nullptr; }
+    const T* ItemAt(long index) const {
+        return Holds(index) ? &_items[static_cast<std::size_t>(index)] : nullptr;
+    }
+
+    // Appends a copy of `item`; throws std::bad_alloc, leaving the list as it was.
+    void AddItem(T item) { _items.push_back(std::move(item)); }
+    void MakeEmpty() { _items.clear(); }
+
+    auto begin() { return _items.begin(); }
+    auto end() { return _items.end(); }
+    auto begin() const { return _items.begin(); }
+    auto end() const { return _items.end(); }
+
+private:
+    bool Holds(long index) const { return index >= 0 && index < CountItems(); }
+
+    std::vector<T> _items;
+};

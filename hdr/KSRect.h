@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// A rectangle whose four coordinates are inclusive: it holds right - left + 1 columns.
+#pragma once
+
+#include <cstdio>
+
+// `T` is long for frames of pixels. A rectangle with left > right or top > bottom is invalid; the default
+// one is the invalid rectangle (1, 1, -1, -1). Widths and heights may be asked for only where they fit T.
+template <class T> struct KSRect {
+    T left = 1;
+    T top = 1;
+    T right = -1;
+    T bottom = -1;
+
+    constexpr KSRect() = default;
+    constexpr KSRect(T left_, T top_, T right_, T bottom_)
+        : left(left_), top(top_), right(right_), bottom(bottom_) {}
+
+    constexpr bool IsValid() const { return left <= right && top <= bottom; }
+    constexpr T PixelWidth() const { return right - left + 1; }
+    constexpr T PixelHeight() const { return bottom - top + 1; }
+
+    // Writes the rectangle as one line to standard output, behind `label` if there is one; an invalid one
+    // is announced by "Invalid ".
+    void PrintToStream(const char* label = nullptr) const;
+
+    friend constexpr bool operator==(const KSRect&, const KSRect&) = default;
+};
+
+template <class T> void KSRect<T>::PrintToStream(const char* label) const {
+    const double l = static_cast<double>(left), t = static_cast<double>(top);
+    const double r = static_cast<double>(right), b = static_cast<double>(bottom);
+    if (!IsValid())
+        std::printf("Invalid ");
+    std::printf("KSRect  %s%sl:%.2f | t:%.2f | r:%.2f | b:%.2f | w:%.2f | h:%.2f\n", label ? label : "",
+                label ? " " : "", l, t, r, b, r - l + 1, b - t + 1);
+}

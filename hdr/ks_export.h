@@ -1,0 +1,5 @@
+// SPDX-License-Identifier: MIT
+// Marks what the imaging library exports; every other symbol is hidden.
+#pragma once
+
+#define KS_EXPORT __attribute__((visibility("default")))
