@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+// Files and directories: BPath, BFile, BEntry, BDirectory and where the platform's fixed paths lie here.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+using status_t = int;
+constexpr status_t B_OK = 0;
+constexpr status_t B_ERROR = -1;
+constexpr unsigned B_READ_ONLY = 0;
+constexpr std::size_t B_FILE_NAME_LENGTH = 256;
+
+// Returns where a path of the platform lies. Where the directory /boot/home exists it is the path itself;
+// elsewhere "/boot/home/config/settings/X" lies at ${XDG_CONFIG_HOME:-$HOME/.config}/X. A relative
+// XDG_CONFIG_HOME is ignored; with neither variable the path is returned as it is. Any other path is itself.
+std::string ks_resolve_path(const std::string& path);
+
+// Creates the directory in which settings lie ("/boot/home/config/settings"), with its parents, if it is
+// missing. Failures are silent.
+void ks_create_settings_directory();
+
+class BPath {
+public:
+    BPath() = default;
+    explicit BPath(const char* path) : _path(path ? path : "") {}
+    const char* Path() const { return _path.c_str(); }
+
+private:
+    std::string _path;
+};
+
+class BFile {
+public:
+    // Returns B_OK when a file that is no directory can be opened at `path` as `mode` says (only
+    // B_READ_ONLY). Never waits, whatever kind of file it is. The file is closed again by Unset, SetTo or
+    // the destructor.
+    status_t SetTo(const char* path, unsigned mode);
+    void Unset();
+    BFile() = default;
+    ~BFile() { Unset(); }
+    BFile(const BFile&) = delete;
+    BFile& operator=(const BFile&) = delete;
+
+private:
+    int _descriptor = -1;
+};
+
+class BEntry {
+public:
+    // Copies the entry's name of at most 255 bytes into `buffer` of B_FILE_NAME_LENGTH bytes.
+    status_t GetName(char* buffer) const;
+
+private:
+    friend class BDirectory;
+    std::string _name;
+};
+
+class BDirectory {
+public:
+    BDirectory();
+    ~BDirectory();
+    BDirectory(const BDirectory&) = delete;
+    BDirectory& operator=(const BDirectory&) = delete;
+
+    // Opens the directory at a platform path; not B_OK when it cannot be read.
+    status_t SetTo(const char* path);
+    status_t Rewind();
+    // Gives the next entry in the directory's order, "." and ".." left out; links are never followed,
+    // whatever `traverse` says. Not B_OK behind the last one.
+    status_t GetNextEntry(BEntry* entry, bool traverse = false);
+
+private:
+    struct Stream;
+    std::unique_ptr<Stream> _stream;
+};

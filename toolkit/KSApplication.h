@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's application: opens the string catalog and knows what Revert means.
+#pragma once
+
+#include "kits/BApplication.h"
+
+class KSApplication : public BApplication {
+public:
+    // Creates the settings directory if it is missing and opens `catalog` in the chosen language
+    // (ks_locale).
+    KSApplication(const char* signature, const char* catalog);
+
+    // 'REVE' puts every editor of the windows back to its settled value.
+    void MessageReceived(BMessage* message) override;
+    // 'fAPL' settles every editor of the windows.
+    void BroadcastStarting(const BMessage& message) override;
+};

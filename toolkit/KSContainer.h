@@ -1,0 +1,44 @@
+// SPDX-License-Identifier: MIT
+// The view that carries a tree of controls into a window, and knows which of them have changed.
+#pragma once
+
+#include "hdr/KSRect.h"
+#include "kits/BView.h"
+#include "toolkit/KSControl.h"
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+class KSContainer : public BView {
+public:
+    KSContainer(KSRect<long> frame, const char* name);
+    ~KSContainer() override;
+
+    // Takes over the tree. Called once, before the window is shown.
+    void SetContent(KSControl* content);
+    KSControl* Content() const { return _content.get(); }
+    KSRect<long> Frame() const { return _frame; }
+
+    // For whoever shows the window; all under its lock. `listener` is called, under the lock and on the
+    // thread that made the change, when there is something to take again after nothing was; it must not
+    // wait. Null ends it.
+    void SetChangeListener(std::function<void()> listener);
+    struct Changes {
+        std::vector<KSControl*> controls;  // each once, in the order of their first change
+        bool layout = false;
+        bool redraw = false;
+    };
+    Changes TakeChanges();
+
+private:
+    friend class KSControl;
+    void NoteChange(KSControl* control);
+    void NoteLayout(bool redraw);
+    void NoteRedraw();
+
+    KSRect<long> _frame;
+    std::unique_ptr<KSControl> _content;
+    std::function<void()> _listener;
+    Changes _changes;
+};

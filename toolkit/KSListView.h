@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// A list of items of which the user selects one or none.
+#pragma once
+
+#include "toolkit/KSControl.h"
+
+#include <memory>
+#include <vector>
+
+class KSListColumn;  // a list has one unnamed column: always null
+
+class KSListItem {
+public:
+    virtual ~KSListItem() = default;
+
+    // Draws the item into `frame`, in the list's coordinates; the base draws its background. `origin` is
+    // the frame's top left corner, `index` the item's. Called on the display's thread under the lock.
+    virtual void DrawItem(KSControl* owner, KSRect<long> frame, KSPoint<long> origin, KSListColumn* column,
+                          long index);
+    // Measures the item, before it is first drawn and when the font changes.
+    virtual void RenderSetup(KSControl* owner);
+    // What assistive tools read.
+    virtual const char* AccessibleText() const = 0;
+
+    long Height() const { return _height; }
+    void SetHeight(long height) { _height = height; }
+    bool IsSelected() const { return _selected; }
+
+private:
+    friend class KSListView;
+    long _height = 24;
+    bool _selected = false;
+};
+
+// An item that shows a text of its own.
+class KSStringItem : public KSListItem {
+public:
+    explicit KSStringItem(const char* text) : _text(text) {}
+
+    const char* String() const { return _text.c_str(); }
+    const char* AccessibleText() const override { return String(); }
+    void DrawItem(KSControl* owner, KSRect<long> frame, KSPoint<long> origin, KSListColumn* column,
+                  long index) override;
+    void RenderSetup(KSControl* owner) override;
+
+private:
+    std::string _text;
+    long _text_height = 0;
+    long _ascent = 0;
+};
+
+class KSListView : public KSControl {
+public:
+    KSListView(const char* name, unsigned flags);
+
+    KSPoint<long> MinSize() override;
+    // Called when the user starts to drag an item; fills `message` with what is dragged. The base, too,
+    // drags nothing.
+    virtual void DraggingRequested(KSPoint<long> where, BMessage* message);
+    // Called whenever the selection has changed: on the display's thread under the window's lock where a
+    // window shows the list, else by whoever changed it. The selection message goes out besides.
+    virtual void SelectionChanged();
+
+    void SetListMode(long mode) { _mode = mode; }  // 0: at most one item is selected
+    void HideColumnBar(bool hide, bool redraw);
+    void HideHideButton(bool hide, bool redraw);
+    // Keeps a copy of the message, which goes to the target when the selection changes.
+    void SetSelectionMessage(const BMessage* message);
+
+    // Takes over `item` and puts it at `index`, or last where that is negative or too large.
+    void AddItem(KSListItem* item, long index, bool redraw);
+    long CountItems() const;
+    // Returns the item, owned by the list, or null for an index without one.
+    KSListItem* ItemAt(long index) const;
+
+    // Selects the item at `index` alone, or none where there is no such item. `extend` is false.
+    void Select(long index, bool extend);
+    void EditSelection(long index);
+    // Returns the selected item's index, or -1.
+    long CurrentSelection() const;
+
+    bool Revert() override;
+    void Settle() override;
+
+    // Calls the selection hook and sends the message for a change that was noted and not yet told. For
+    // whoever shows the window, under its lock.
+    void TellSelection();
+
+private:
+    void SelectionMoved();
+
+    std::vector<std::unique_ptr<KSListItem>> _items;
+    std::optional<BMessage> _selection_message;
+    ks_edited_value<long> _selection;  // -1 for none, set by the constructor
+    long _mode = 0;
+    bool _untold = false;
+};

@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's window.
+#pragma once
+
+#include "kits/BWindow.h"
+
+using ks_window_look = long;
+using ks_window_feel = long;
+
+class KSWindow : public BWindow {
+public:
+    // Look 1 is an ordinary titled window; feel, flags and workspaces are 0.
+    KSWindow(KSRect<long> frame, const char* title, ks_window_look look, ks_window_feel feel, unsigned flags,
+             unsigned workspaces);
+};
