@@ -1,0 +1,26 @@
+#!/usr/bin/env bash
+# SPDX-License-Identifier: MIT
+# picture-of-window.sh <picture.png> <program>: runs the program on the present X display until its window
+# has settled, writes a picture of the window and ends the program.
+set -euo pipefail
+picture=$1
+program=$2
+
+"$program" &
+pid=$!
+trap 'kill "$pid" 2> /dev/null || true' EXIT
+window=$(timeout 30 xdotool search --sync --onlyvisible --pid "$pid" --name . | tail -n 1) ||
+    { echo "No window came up within 30 seconds." >&2; exit 1; }
+
+# The picture is taken when two in a row are the same.
+mkdir -p "$(dirname "$picture")"
+before=
+for _ in $(seq 50); do
+    import -window "$window" "$picture"
+    now=$(cksum < "$picture")
+    [ "$now" = "$before" ] && break
+    before=$now
+    sleep 0.1
+done
+kill "$pid"
+wait "$pid" && echo "A picture of the window is in $picture"

@@ -1,0 +1,80 @@
+# SPDX-License-Identifier: MIT
+# Sourced by ./run and ./test: Debian packages, the build, and the user's catalogs.
+
+root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
+
+build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev libfontconfig-dev libstb-dev)
+window_packages=(fonts-dejavu-core)
+screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
+test_packages=(libgtest-dev libpng-dev dbus at-spi2-core libatspi2.0-dev doxygen clang-19 libclang-rt-19-dev git)
+
+fail() {
+    echo "${0##*/}: $*" >&2
+    exit 1
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    elif [ -t 0 ]; then
+        sudo "$@"
+    else
+        sudo -n "$@"
+    fi
+}
+
+# need_packages <why> <package>...: installs those that are missing, after saying so.
+need_packages() {
+    local why=$1 missing=() package
+    shift
+    command -v dpkg-query > /dev/null || fail "this is not a Debian system: please install the counterparts of: $*"
+    for package in "$@"; do
+        [ "$(dpkg-query -W -f '${db:Status-Status}' "$package" 2> /dev/null)" = installed ] || missing+=("$package")
+    done
+    [ ${#missing[@]} = 0 ] && return
+    echo "Installing ${missing[*]} ($why)"
+    [ "$(id -u)" = 0 ] || command -v sudo > /dev/null ||
+        fail "cannot install ${missing[*]}: neither root nor sudo; have an administrator install them."
+    install_packages "${missing[@]}" ||
+        fail "cannot install ${missing[*]} with apt-get (the lines above say why); install them and start again."
+}
+
+install_packages() {
+    local apt=(env DEBIAN_FRONTEND=noninteractive apt-get -q -o Dpkg::Use-Pty=0)
+    as_root "${apt[@]}" update > /dev/null && as_root "${apt[@]}" install -y --no-install-recommends "$@"
+}
+
+# build <preset> [<target>]: configures where needed, then builds, showing progress.
+build() {
+    local log
+    cd "$root"
+    if ! [ -f "build/$1/build.ninja" ]; then
+        log=$(cmake --preset "$1" 2>&1) || fail "cmake cannot configure preset $1:"$'\n'"$log"
+    fi
+    cmake --build --preset "$1" ${2:+--target "$2"} || fail "the build of preset $1 failed (the lines above say where)."
+}
+
+# The directory in which the toolkit's programs look for catalogs.
+catalogs_directory() {
+    local settings=/boot/home/config/settings
+    if ! [ -d /boot/home ]; then
+        case ${XDG_CONFIG_HOME:-} in
+        /*) settings=$XDG_CONFIG_HOME ;;
+        *) settings=${HOME:?}/.config ;;
+        esac
+    fi
+    echo "$settings/Kestrune/Catalogs"
+}
+
+# install_catalogs: copies the bundled catalogs that the user does not have; one that is there stays as it is.
+install_catalogs() {
+    local directory language
+    directory=$(catalogs_directory)
+    for language in "$root"/catalogs/*/; do
+        language=$(basename "$language")
+        [ -e "$directory/$language/NymbrelConfig.catalog" ] && continue
+        mkdir -p "$directory/$language" &&
+            cp "$root/catalogs/$language/NymbrelConfig.catalog" "$directory/$language/" ||
+            fail "cannot install the catalog of $language in $directory."
+    done
+}
