@@ -29,3 +29,14 @@ function(nymbrel_folder name)
     target_include_directories(${name} PUBLIC "$<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}>")
     target_link_libraries(${name} PUBLIC ${folder_USES} PRIVATE $<BUILD_INTERFACE:nymbrel_flags>)
 endfunction()
+
+# nymbrel_instruction_set(<AVX2|AVX512> <file>...)
+#
+# Compiles files of the calling folder for a newer processor than the rest. What they define must not be
+# linked in the place of anything that is compiled for every processor: no inline function of a shared header
+# may be left uninlined in them. The options say what hdr/instruction_set.h asks the processor for.
+function(nymbrel_instruction_set level)
+    set(options_AVX2 -mavx2 -mbmi -mbmi2)
+    set(options_AVX512 ${options_AVX2} -mavx512f -mavx512bw -mavx512dq -mavx512vl)
+    set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS ${options_${level}})
+endfunction()
