@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+// The settings file: a line "KEY = value" for every value of the model.
+//
+// Neither operation reports anything: a file that cannot be opened is skipped. Both belong to the
+// application's thread, which must not hold the window's lock.
+#pragma once
+
+namespace config {
+
+// Reads the file into the editors: a line that has no known key or no readable value changes nothing, of
+// several lines with one key the last counts. When the file was read, the window's root group is redrawn.
+void ReadSettings();
+
+// Writes every value, all as the editors have them at one moment, over the file. The window is not locked
+// while the file is written.
+void WriteSettings();
+
+}  // namespace config
