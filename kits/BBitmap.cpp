@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+// How many rows and columns a bitmap holds, and their memory.
+#include "kits/BBitmap.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <new>
+
+namespace {
+
+constexpr long kPixelBytes = 4;
+constexpr long kLongestBits = std::numeric_limits<std::int32_t>::max();
+
+// Returns how many columns (rows) lie between `first` and `last`, or between 0 and `last` if that is more.
+long Extent(float first, float last) {
+    constexpr float kTooFar = 0x1p32f;  // beyond any bitmap that fits the memory
+    if (std::isnan(first) || std::isnan(last))
+        return 0;
+    const long low = static_cast<long>(std::floor(std::clamp(first, -kTooFar, kTooFar)));
+    const long high = static_cast<long>(std::floor(std::clamp(last, -kTooFar, kTooFar)));
+    const long from_zero = static_cast<long>(std::clamp(last, -kTooFar, kTooFar)) + 1;
+    return std::max({high - low + 1, from_zero, 0L});
+}
+
+}  // namespace
+
+BBitmap::BBitmap(BRect bounds, color_space space, bool, bool) : _bounds(bounds), _color_space(space) {
+    if (bounds.IsValid())
+        Allocate(Extent(bounds.left, bounds.right), Extent(bounds.top, bounds.bottom));
+}
+
+BBitmap::BBitmap(const KSRect<long>& frame, color_space space)
+    : _bounds(static_cast<float>(frame.left), static_cast<float>(frame.top), static_cast<float>(frame.right),
+              static_cast<float>(frame.bottom)),
+      _color_space(space) {
+    Allocate(frame.PixelWidth(), frame.PixelHeight());
+}
+
+BBitmap::~BBitmap() = default;
+
+void BBitmap::Allocate(long columns, long rows) {
+    if (columns <= 0 || rows <= 0)
+        return;
+    if (columns > kLongestBits / kPixelBytes || rows > kLongestBits / (columns * kPixelBytes))
+        throw std::bad_alloc();
+    _pixels = std::make_unique<std::uint32_t[]>(static_cast<std::size_t>(columns * rows));
+    _bytes_per_row = static_cast<std::int32_t>(columns * kPixelBytes);
+    _rows = static_cast<std::int32_t>(rows);
+}
