@@ -3,9 +3,9 @@
 #pragma once
 
 #include "hdr/ks_color.h"
-#include "toolkit/KSEditor.h"
+#include "toolkit/KSControl.h"
 
-class KSColorField : public KSEditor<ks_color> {
+class KSColorField : public KSControl {
 public:
     KSColorField(const char* name, unsigned flags);
 
@@ -13,4 +13,10 @@ public:
     void SetColor(const ks_color& color, bool notify, bool drag);
     void EditColor(const ks_color& color);
     ks_color Color() const;
+
+    bool Revert() override;
+    void Settle() override;
+
+private:
+    ks_edited_value<ks_color> _color;
 };

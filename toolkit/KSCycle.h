@@ -2,13 +2,13 @@
 // A choice between a few labels.
 #pragma once
 
-#include "toolkit/KSEditor.h"
+#include "toolkit/KSControl.h"
 
 #include <vector>
 
-class KSCycle : public KSEditor<long> {
+class KSCycle : public KSControl {
 public:
-    KSCycle(const char* name, unsigned flags) : KSEditor(name, flags) {}
+    KSCycle(const char* name, unsigned flags) : KSControl(name, flags) {}
 
     // Appends a label; the first one is the selection. Labels are at most 63 bytes (longer ones are cut).
     void AddLabel(const char* label);
@@ -23,8 +23,10 @@ public:
     // Returns the selected label's index, or -1 while there are no labels.
     long CurrentSelection() const;
 
-private:
-    bool HasLabel(long index) const;
+    bool Revert() override;
+    void Settle() override;
 
+private:
     std::vector<std::string> _labels;
+    ks_edited_value<long> _selection;
 };
