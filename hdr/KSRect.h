@@ -3,9 +3,10 @@
 #pragma once
 
 #include <cstdio>
+#include <type_traits>
 
 // `T` is long for frames of pixels. A rectangle with left > right or top > bottom is invalid; the default
-// one is the invalid rectangle (1, 1, -1, -1). Widths and heights may be asked for only where they fit T.
+// one is the invalid rectangle (1, 1, -1, -1). A width or height that does not fit an integer T wraps around.
 template <class T> struct KSRect {
     T left = 1;
     T top = 1;
@@ -17,14 +18,24 @@ template <class T> struct KSRect {
         : left(left_), top(top_), right(right_), bottom(bottom_) {}
 
     constexpr bool IsValid() const { return left <= right && top <= bottom; }
-    constexpr T PixelWidth() const { return right - left + 1; }
-    constexpr T PixelHeight() const { return bottom - top + 1; }
+    constexpr T PixelWidth() const { return Extent(left, right); }
+    constexpr T PixelHeight() const { return Extent(top, bottom); }
 
     // Writes the rectangle as one line to standard output, behind `label` if there is one; an invalid one
     // is announced by "Invalid ".
     void PrintToStream(const char* label = nullptr) const;
 
     friend constexpr bool operator==(const KSRect&, const KSRect&) = default;
+
+private:
+    static constexpr T Extent(T first, T last) {
+        if constexpr (std::is_integral_v<T>) {
+            using bits = std::make_unsigned_t<T>;
+            return static_cast<T>(static_cast<bits>(last) - static_cast<bits>(first) + 1);
+        } else {
+            return last - first + 1;
+        }
+    }
 };
 
 template <class T> void KSRect<T>::PrintToStream(const char* label) const {
