@@ -1,0 +1,341 @@
+// SPDX-License-Identifier: MIT
+// The raster as an object: its storage, locks, place and archive, and conversions of its pixels.
+#include "raster/KSRaster.h"
+
+#include "hdr/ks_assert.h"
+#include "hdr/ks_math.h"
+#include "kits/BBitmap.h"
+#include "raster/raster_lock.h"
+#include "toolkit/KSMessage.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <new>
+
+namespace {
+
+constexpr char kNameField[] = "KSRaster::_name";
+constexpr char kFrameField[] = "KSRaster::_frame";
+constexpr char kColorSpaceField[] = "KSRaster::_color_space";
+constexpr char kNativeField[] = "KSRaster::_native";
+constexpr char kDataField[] = "KSRaster::_data";
+constexpr std::uint32_t kDataType = 0x52415754;  // 'RAWT'
+
+constexpr std::int32_t BytesPerPixelOf(ks_color_space space) {
+    switch (space) {
+    case KS_GRAY8_COLOR_SPACE:
+    case KS_INDEXED8_COLOR_SPACE:
+        return 1;
+    case KS_RGB16_COLOR_SPACE:
+        return 2;
+    case KS_RGBA64_COLOR_SPACE:
+        return 8;
+    default:
+        return 4;
+    }
+}
+
+// Returns the size of a valid frame's pixels in bytes, or -1 if it does not fit 31 bits.
+long StorageSize(const KSRect<long>& frame, std::int32_t bytes_per_pixel) {
+    constexpr long kLongest = std::numeric_limits<std::int32_t>::max();
+    const long width = frame.PixelWidth(), height = frame.PixelHeight();
+    if (width <= 0 || width > kLongest / bytes_per_pixel)
+        return -1;
+    const long row = width * bytes_per_pixel;
+    return height <= 0 || height > kLongest / row ? -1 : row * height;
+}
+
+// Returns a - b. What does not fit a long wraps around: only frames without pixels are so far from valid.
+constexpr long WrappedDifference(long a, long b) {
+    return static_cast<long>(static_cast<unsigned long>(a) - static_cast<unsigned long>(b));
+}
+
+// Moves a rectangle; returns whether its coordinates are still in range.
+bool Move(KSRect<long>& rect, long dx, long dy) {
+    return !__builtin_add_overflow(rect.left, dx, &rect.left) &&
+           !__builtin_add_overflow(rect.right, dx, &rect.right) &&
+           !__builtin_add_overflow(rect.top, dy, &rect.top) &&
+           !__builtin_add_overflow(rect.bottom, dy, &rect.bottom);
+}
+
+// Converts a bitmap's bound, which lies where its memory ends.
+long TruncatedBound(float bound) {
+    constexpr float kFarthest = 0x1p31f;
+    return bound >= -kFarthest ? static_cast<long>(MIN(bound, kFarthest)) : -1;
+}
+
+}  // namespace
+
+KSRaster::KSRaster(KSRect<long> frame, const char* name, ks_color_space space, ks_raster_native native)
+    : _frame(frame), _color_space(space), _native(native) {
+    KS_ASSERT(_native != kRasterNativeDontChange);
+    if (name && *name)
+        SetName(name);
+    _bytes_per_pixel = BytesPerPixelOf(_color_space);
+    if (_frame.IsValid())
+        MakeStorage();
+}
+
+KSRaster::KSRaster(const KSMessage* archive) {
+    if (archive == nullptr)
+        return;
+    const char* name = nullptr;
+    if (archive->FindString(kNameField, &name))
+        SetName(name);
+
+    std::int32_t space = _color_space, native = _native;
+    archive->FindInt32(kColorSpaceField, &space);
+    archive->FindInt32(kNativeField, &native);
+    _color_space = static_cast<ks_color_space>(space);
+    _bytes_per_pixel = BytesPerPixelOf(_color_space);
+    _native = static_cast<ks_raster_native>(native);
+    archive->FindRect(kFrameField, &_frame);
+    if (!_frame.IsValid())
+        return;
+
+    MakeStorage();
+    const void* data = nullptr;
+    std::size_t size = 0;
+    if (archive->FindData(kDataField, kDataType, &data, &size) && size > 0) {
+        const raster_lock lock(*this);
+        std::memcpy(_data, data, MIN(size, static_cast<std::size_t>(BitsLength())));
+    }
+}
+
+KSRaster::KSRaster(BBitmap* bitmap, const char* name)
+    : _frame(0, 0, -1, -1),
+      _bytes_per_pixel(4),
+      _owns_data(false),
+      _native(kRasterInBBitmap),
+      _bitmap(bitmap) {
+    if (name && *name)
+        SetName(name);
+    if (bitmap == nullptr)
+        return;
+    _frame.right = TruncatedBound(bitmap->Bounds().right);
+    _frame.bottom = TruncatedBound(bitmap->Bounds().bottom);
+    if (!_frame.IsValid())
+        return;
+    _data = static_cast<unsigned char*>(bitmap->Bits());
+    _bytes_per_row = bitmap->BytesPerRow();
+}
+
+KSRaster::~KSRaster() {
+    if (_native == kRasterInMemory && _data)
+        Unlock();
+    KS_ASSERT(_lock_count == 0);
+    if (_owns_data)
+        delete[] _data;
+    delete _bitmap;
+}
+
+void KSRaster::SetName(const char* name) {
+    const std::size_t size = std::strlen(name) + 1;
+    _name.reset(new char[size]);
+    std::memcpy(_name.get(), name, size);
+}
+
+void KSRaster::MakeStorage() {
+    if (_native == kRasterNativeAuto)
+        _native = kRasterInMemory;
+    switch (_native) {
+    case kRasterInBBitmap:
+        KS_ASSERT(_color_space == KS_RGBA_COLOR_SPACE);
+        AllocateBitmap();
+        break;
+    case kRasterInMemory:
+        AllocateMemory();
+        break;
+    default:
+        KS_ASSERT(0);
+    }
+}
+
+void KSRaster::AllocateBitmap() {
+    try {
+        if (StorageSize(_frame, _bytes_per_pixel) < 0)
+            throw std::bad_alloc();
+        _owns_data = false;
+        _bitmap = new BBitmap(_frame, B_RGB32);
+    } catch (...) {
+        _valid = false;
+        throw;
+    }
+    _data = static_cast<unsigned char*>(_bitmap->Bits());
+    _bytes_per_row = _bitmap->BytesPerRow();
+}
+
+void KSRaster::AllocateMemory() {
+    try {
+        const long size = StorageSize(_frame, _bytes_per_pixel);
+        if (size < 0)
+            throw std::bad_alloc();
+        _data = new unsigned char[static_cast<std::size_t>(size)]();
+    } catch (...) {
+        _valid = false;
+        throw;
+    }
+    _bytes_per_row = static_cast<std::int32_t>(Width() * _bytes_per_pixel);
+    const bool locked = Lock();
+    KS_ASSERT(locked);
+}
+
+void KSRaster::InitEmpty() {
+    if (IsLocked() && _data)
+        std::memset(_data, 0xFF, static_cast<std::size_t>(BitsLength()));
+}
+
+bool KSRaster::Lock() {
+    _lock_count++;
+    return true;
+}
+
+void KSRaster::Unlock() {
+    KS_ASSERT(_lock_count > 0);
+    _lock_count--;
+}
+
+std::int32_t KSRaster::BitsLength() const {
+    return _data ? static_cast<std::int32_t>(Height()) * _bytes_per_row : 0;
+}
+
+KSRect<long> KSRaster::Bounds() const {
+    return {0, 0, WrappedDifference(_frame.right, _frame.left), WrappedDifference(_frame.bottom, _frame.top)};
+}
+
+unsigned char* KSRaster::Row(long index) const {
+    return _data + index * _bytes_per_row;
+}
+
+void KSRaster::ResetOptmizedFrame() {
+    if (_color_space != KS_RGBA_COLOR_SPACE)
+        return;
+    const raster_lock lock(*this);
+    KSRect<long> found;
+    const auto visible = [](std::uint32_t word) { return word >> 24 != 0; };
+    const long width = Width(), height = _data ? Height() : 0;
+    for (long y = 0; y < height; y++) {
+        const auto* row = reinterpret_cast<const std::uint32_t*>(Row(y));
+        const long first = std::find_if(row, row + width, visible) - row;
+        if (first == width)
+            continue;
+        long last = width - 1;
+        while (!visible(row[last]))
+            last--;
+        const KSRect<long> span(_frame.left + first, _frame.top + y, _frame.left + last, _frame.top + y);
+        found = found.IsValid() ? KSRect<long>(MIN(found.left, span.left), found.top,
+                                               MAX(found.right, span.right), span.bottom)
+                                : span;
+    }
+    _optimized_frame = found;
+}
+
+void KSRaster::OffsetBy(long dx, long dy) {
+    KSRect<long> frame = _frame, optimized = _optimized_frame;
+    if (!_frame.IsValid() || !Move(frame, dx, dy) || !Move(optimized, dx, dy))
+        return;
+    _frame = frame;
+    _optimized_frame = optimized;
+}
+
+void KSRaster::OffsetTo(long x, long y) {
+    long dx, dy;
+    if (!__builtin_sub_overflow(x, _frame.left, &dx) && !__builtin_sub_overflow(y, _frame.top, &dy))
+        OffsetBy(dx, dy);
+}
+
+void KSRaster::PrintToStream(const char* label) const {
+    if (_name && label)
+        std::printf("KSRaster %s, %s\n", _name.get(), label);
+    else if (label)
+        std::printf("KSRaster 'no name, %s\n", label);
+    else if (_name)
+        std::printf("KSRaster %s\n", _name.get());
+    else
+        std::printf("KSRaster 'no name'\n");
+    _frame.PrintToStream("Frame for KSRaster:\n   ");
+}
+
+void KSRaster::Archive(KSMessage* archive) {
+    if (archive == nullptr)
+        return;
+    const raster_lock lock(*this);
+    if (_name)
+        archive->AddString(kNameField, _name.get());
+    archive->AddRect(kFrameField, _frame);
+    archive->AddInt32(kColorSpaceField, _color_space);
+    archive->AddInt32(kNativeField, _native);
+    archive->AddData(kDataField, kDataType, Bits(), static_cast<std::size_t>(BitsLength()));
+}
+
+const char* KSRaster::ArchiveFault(const KSMessage* archive) {
+    KSRect<long> frame;
+    if (archive == nullptr || !archive->FindRect(kFrameField, &frame) || !frame.IsValid())
+        return nullptr;
+    std::int32_t space = KS_RGBA_COLOR_SPACE, native = kRasterInMemory;
+    archive->FindInt32(kColorSpaceField, &space);
+    archive->FindInt32(kNativeField, &native);
+    if (native != kRasterInBBitmap && native != kRasterInMemory && native != kRasterNativeAuto)
+        return "unknown storage kind";
+    if (native == kRasterInBBitmap && space != KS_RGBA_COLOR_SPACE)
+        return "colour space that no bitmap can hold";
+    const long expected = StorageSize(frame, BytesPerPixelOf(static_cast<ks_color_space>(space)));
+    if (expected < 0)
+        return "frame too large";
+    const void* data = nullptr;
+    std::size_t size = 0;
+    if (!archive->FindData(kDataField, kDataType, &data, &size))
+        return nullptr;
+    if (size < static_cast<std::size_t>(expected))
+        return "less pixel data than the frame asks for";
+    return size > static_cast<std::size_t>(expected) ? "more pixel data than the frame asks for" : nullptr;
+}
+
+void KSRaster::SwapEndian() {
+    const raster_lock lock(*this);
+    const std::int32_t length = BitsLength();
+    if (_bytes_per_pixel == 2) {
+        auto* unit = reinterpret_cast<std::uint16_t*>(_data);
+        std::for_each(unit, unit + length / 2, [](std::uint16_t& u) { u = __builtin_bswap16(u); });
+    } else if (_bytes_per_pixel == 4) {
+        auto* unit = reinterpret_cast<std::uint32_t*>(_data);
+        std::for_each(unit, unit + length / 4, [](std::uint32_t& u) { u = __builtin_bswap32(u); });
+    }
+}
+
+void KSRaster::FillAlpha(unsigned char alpha) {
+    if (!HasWords())
+        return;
+    const raster_lock lock(*this);
+    auto* word = reinterpret_cast<std::uint32_t*>(_data);
+    const std::uint32_t bits = std::uint32_t{alpha} << 24;
+    std::for_each(word, word + BitsLength() / 4, [bits](std::uint32_t& w) { w = (w & 0x00FFFFFF) | bits; });
+}
+
+KSRaster* KSRaster::DuplicateRaster(ks_raster_native native) {
+    std::unique_ptr<KSRaster> raster;
+    try {
+        raster = std::make_unique<KSRaster>(_frame, _name.get(), _color_space,
+                                            native == kRasterNativeDontChange ? _native : native);
+    } catch (...) {
+        return nullptr;
+    }
+    KS_ASSERT(_frame.PixelHeight() == raster->_frame.PixelHeight());
+    raster->CopyFrom(this);
+    return raster.release();
+}
+
+void KSRaster::CopyFrom(KSRaster* source) {
+    if (source == nullptr)
+        return;
+    const raster_lock lock(*this), source_lock(*source);
+    const long rows = _data && source->_data ? MIN(source->Height(), Height()) : 0;
+    const auto row_bytes = static_cast<std::size_t>(MIN(_bytes_per_row, source->_bytes_per_row));
+    if (_bytes_per_row == source->_bytes_per_row)
+        std::memmove(_data, source->_data, static_cast<std::size_t>(rows) * row_bytes);
+    else
+        for (long y = 0; y < rows; y++)
+            std::memcpy(Row(y), source->Row(y), row_bytes);
+}

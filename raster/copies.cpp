@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: MIT
+// Scaled, transformed and rotated copies of a raster.
+#include "bitmaptools/KSBitmapTools.h"
+#include "hdr/ks_math.h"
+#include "raster/KSRaster.h"
+#include "raster/raster_lock.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstring>
+
+namespace {
+
+constexpr long kMargin = 16;  // around what does not fill its frame
+
+// Returns a finite number without its fraction. What no frame reaches becomes a coordinate that makes a frame
+// too large to be made.
+long Truncated(double value) {
+    constexpr double kFarthest = 0x1p40;
+    return static_cast<long>(std::clamp(value, -kFarthest, kFarthest));
+}
+
+long Rounded(double value) {
+    return Truncated(std::floor(value + 0.5));
+}
+
+bool IsFinite(const KSPoint<double>& point) {
+    return std::isfinite(point.x) && std::isfinite(point.y);
+}
+
+// Returns the bounding box of four points, each coordinate truncated, with the margin around it.
+KSRect<long> BoundsOf(const KSPoint<double> (&points)[4]) {
+    const auto [left, right] = std::minmax({points[0].x, points[1].x, points[2].x, points[3].x});
+    const auto [top, bottom] = std::minmax({points[0].y, points[1].y, points[2].y, points[3].y});
+    return {Truncated(left) - kMargin, Truncated(top) - kMargin, Truncated(right) + kMargin,
+            Truncated(bottom) + kMargin};
+}
+
+// Returns the bounding box of a rotated frame, with the margin around it.
+KSRect<long> RotatedBounds(const KSRect<long>& frame, KSPoint<double> center, double angle) {
+    const auto x = static_cast<double>(Truncated(center.x)), y = static_cast<double>(Truncated(center.y));
+    const double cosine = std::cos(angle), sine = std::sin(angle);
+    const auto rotated = [&](long corner_x, long corner_y) {
+        const double dx = static_cast<double>(corner_x) - x, dy = static_cast<double>(corner_y) - y;
+        return KSPoint<double>(x + dx * cosine + dy * sine, y + dy * cosine - dx * sine);
+    };
+    return BoundsOf({rotated(frame.left, frame.top), rotated(frame.right, frame.top),
+                     rotated(frame.right, frame.bottom), rotated(frame.left, frame.bottom)});
+}
+
+std::uint32_t* Words(const KSRaster& raster) {
+    return static_cast<std::uint32_t*>(raster.Bits());
+}
+
+std::int32_t RowLength(const KSRaster& raster) {
+    return raster.BytesPerRow() / 4;
+}
+
+}  // namespace
+
+std::unique_ptr<KSRaster> KSRaster::NewLike(KSRect<long> frame, ks_raster_native native) const {
+    return std::make_unique<KSRaster>(frame, Name(), _color_space, native);
+}
+
+void KSRaster::ResizeInto(KSRaster& result, bool bilinear) const {
+    const raster_lock lock(result);
+    if (!_data)
+        return;
+    const long width = result.Width(), height = result.Height();
+    if (width == Width() && height == Height()) {
+        for (long y = 0; y < height; y++)
+            std::memcpy(result.Row(y), Row(y), static_cast<std::size_t>(width) * 4);
+        return;
+    }
+    const auto scale = bilinear ? KSBitmapTools::ScaleBiLin : KSBitmapTools::ScalePlain;
+    scale(static_cast<std::int32_t>(Width()), static_cast<std::int32_t>(Height()),
+          static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), Words(*this), Words(result),
+          RowLength(*this), RowLength(result));
+}
+
+void KSRaster::MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) const {
+    const raster_lock lock(result);
+    if (!_data)
+        return;
+    const auto transform = bilinear ? KSBitmapTools::TransformBiLin : KSBitmapTools::TransformPlain;
+    transform(_frame, corners[0], corners[1], corners[2], corners[3], result._frame, Words(*this),
+              Words(result), static_cast<std::uint32_t>(RowLength(*this)),
+              static_cast<std::uint32_t>(RowLength(result)));
+}
+
+void KSRaster::RotateInto(KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
+    const raster_lock result_lock(result), lock(*this);
+    const auto rotate = bilinear ? KSBitmapTools::RotateBiLin : KSBitmapTools::RotatePlain;
+    rotate(_frame, result._frame, center, angle, Words(*this), Words(result),
+           static_cast<std::uint32_t>(RowLength(*this)), static_cast<std::uint32_t>(RowLength(result)));
+}
+
+KSRaster* KSRaster::CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) {
+    if (!frame.IsValid() || _bytes_per_pixel != 4)
+        return nullptr;
+    const raster_lock lock(*this);
+    auto result = NewLike(frame, native);
+    ResizeInto(*result, bilinear);
+    return result.release();
+}
+
+KSRaster* KSRaster::CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint<double> p3,
+                                 KSPoint<double> p4, bool bilinear, double angle, KSPoint<double> center) {
+    const KSPoint<double> corners[] = {p1, p2, p3, p4};
+    if (!std::all_of(corners, corners + 4, IsFinite) || !IsFinite(center) || !std::isfinite(angle) ||
+        _bytes_per_pixel != 4)
+        return nullptr;
+    const raster_lock lock(*this);
+    std::unique_ptr<KSRaster> result;
+    if (p4.x == p1.x && p3.x == p2.x && p2.y == p1.y && p4.y == p3.y) {
+        const KSRect<long> frame(Rounded(p1.x), Rounded(p1.y), Rounded(p3.x), Rounded(p3.y));
+        if (!frame.IsValid())
+            return nullptr;
+        result = NewLike(frame, kRasterInMemory);
+        ResizeInto(*result, bilinear);
+    } else {
+        result = NewLike(BoundsOf(corners), kRasterInMemory);
+        MapInto(*result, corners, bilinear);
+    }
+    if (angle == 0.0)
+        return result.release();
+    auto rotated = NewLike(RotatedBounds(result->_frame, center, angle), kRasterInMemory);
+    result->RotateInto(*rotated, center, angle, bilinear);
+    return rotated.release();
+}

@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+// The walk along one quadrant of an ellipse, which can be entered at any row or column.
+#pragma once
+
+#include <algorithm>
+#include <cmath>
+
+// The midpoint algorithm with two decision variables, for radii a (across) and b (down) of 0 or more. The
+// walk starts at (a, 0). In its first part y grows by 1 with every step, in its second part x shrinks by 1.
+//
+// With f(x, y) = b*b*x*x + a*a*y*y - a*a*b*b, which is negative inside the ellipse, the decision variables
+// are
+//     d1 = 2 * f(x - 1/2, y + 1)   (first part: x shrinks too where this is not negative)
+//     d2 = 2 * f(x - 1, y + 1/2)   (negative in the first part; second part: y grows where it is negative)
+// rounded down, which does not change their signs. So they depend on the place alone and not on the way to
+// it, and the walk passes through the pixel nearest to the ellipse in each row of the first part and in each
+// column of the second: it can start there. The one exception is the pixel where the second part begins,
+// which may be farther out.
+//
+// Number has to hold 4 * a * a * b * b: long for radii up to kSmall, 128 bits for any others up to 2^31.
+template <class Number> class ellipse_walk {
+public:
+    ellipse_walk(long a, long b) : _a(a), _b(b), _a2(_a * _a), _b2(_b * _b) { Enter(a, 0); }
+
+    long X() const { return _x; }
+    long Y() const { return _y; }
+    bool InFirstPart() const { return _d2 < 0; }
+
+    void StepInFirstPart() {
+        _y++;
+        _t9 += 4 * _a2;
+        if (_d1 < 0) {
+            _d1 += _t9 + 2 * _a2;
+            _d2 += _t9;
+        } else {
+            _x--;
+            _t8 -= 4 * _b2;
+            _d1 += _t9 + 2 * _a2 - _t8;
+            _d2 += _t9 + 2 * _b2 - _t8;
+        }
+    }
+
+    void StepInSecondPart() {
+        _x--;
+        _t8 -= 4 * _b2;
+        if (_d2 < 0) {
+            _y++;
+            _t9 += 4 * _a2;
+            _d2 += _t9;
+        }
+        _d2 += 2 * _b2 - _t8;
+    }
+
+    // Goes on in the first part up to row `y`, or to the start of the second part if that comes first.
+    void SkipToRow(long y) {
+        if (y <= _y || !InFirstPart())
+            return;
+        const long safe = std::min(y, LastSafeRow());
+        if (safe > _y)
+            Enter(NearestColumn(safe), safe);
+        while (_y < y && InFirstPart())
+            StepInFirstPart();
+    }
+
+    // Goes on in the second part to column `x`, if that is ahead and 0 or more.
+    void SkipToColumn(long x) {
+        if (x < _x)
+            Enter(x, NearestRow(x));
+    }
+
+private:
+    Number D1(Number x, Number y) const {
+        return 2 * _a2 * (y + 1) * (y + 1) + 2 * _b2 * (x * x - x) - 2 * _a2 * _b2 + (_b2 >> 1);
+    }
+    Number D2(Number x, Number y) const {
+        return 2 * _a2 * (y * y + y) + (_a2 >> 1) + 2 * _b2 * (x - 1) * (x - 1) - 2 * _a2 * _b2;
+    }
+
+    void Enter(long x, long y) {
+        _x = x;
+        _y = y;
+        _d1 = D1(x, y);
+        _d2 = D2(x, y);
+        _t8 = 4 * _b2 * x;
+        _t9 = 4 * _a2 * y;
+    }
+
+    // Returns a row that the first part reaches for certain, not far before its end: the part goes on while
+    // the ellipse falls off by less than a column per row, and is farther than half a column from the axis.
+    long LastSafeRow() const {
+        const auto a = static_cast<double>(_a), b = static_cast<double>(_b);
+        const double steep = b / std::hypot(a / b, 1.0), wide = b * std::sqrt(1 - 0.25 / (a * a));
+        return static_cast<long>(std::min(steep, wide)) - 2;
+    }
+
+    // Returns the column x of a safe row with the ellipse between x - 1/2 and x + 1/2.
+    long NearestColumn(long y) const {
+        const auto a = static_cast<double>(_a), b = static_cast<double>(_b), row = static_cast<double>(y);
+        auto x = static_cast<long>(a * std::sqrt((b - row) * (b + row)) / b);
+        while (D1(x, y - 1) >= 0)
+            x--;
+        while (D1(x + 1, y - 1) < 0)
+            x++;
+        return x;
+    }
+
+    // Returns the row y of a column of the second part with the ellipse between y - 1/2 and y + 1/2.
+    long NearestRow(long x) const {
+        const auto a = static_cast<double>(_a), b = static_cast<double>(_b), column = static_cast<double>(x);
+        auto y = static_cast<long>(b * std::sqrt((a - column) * (a + column)) / a);
+        while (y > 0 && D2(x + 1, y - 1) >= 0)
+            y--;
+        while (D2(x + 1, y) < 0)
+            y++;
+        return y;
+    }
+
+    Number _a, _b, _a2, _b2;  // the radii and their squares
+    long _x, _y;
+    Number _d1, _d2;
+    Number _t8, _t9;  // 4 * b * b * x and 4 * a * a * y
+};

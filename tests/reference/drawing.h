@@ -1,0 +1,215 @@
+// SPDX-License-Identifier: MIT
+// The drawing primitives in their plainest form: step by step, a pixel at a time, clipped last.
+//
+// A canvas is a plain array with a frame. It counts how often each pixel is painted, and paints by the
+// kernels of the modes, which have an oracle of their own. It takes time in proportion to the shapes.
+#pragma once
+
+#include "hdr/KSPoint.h"
+#include "hdr/KSRect.h"
+#include "merge/KSMerge.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <utility>
+#include <vector>
+
+namespace reference {
+
+class canvas {
+public:
+    explicit canvas(KSRect<long> frame) : _frame(frame), pixels(Size()), counts(Size()) {}
+
+    std::uint32_t high = 0xFFFFFFFF;
+    std::uint32_t low = 0;
+    const unsigned char* pattern = nullptr;
+    int mode = 19;
+
+    long Width() const { return _frame.left <= _frame.right ? _frame.right - _frame.left + 1 : 0; }
+    long Height() const { return _frame.top <= _frame.bottom ? _frame.bottom - _frame.top + 1 : 0; }
+    bool Holds(long x, long y) const {
+        return _frame.left <= x && x <= _frame.right && _frame.top <= y && y <= _frame.bottom;
+    }
+    std::size_t Index(long x, long y) const {
+        return static_cast<std::size_t>((y - _frame.top) * Width() + (x - _frame.left));
+    }
+
+    void FillRect(long left, long top, long right, long bottom) {
+        for (long y = std::max(top, _frame.top); y <= std::min(bottom, _frame.bottom); y++)
+            for (long x = std::max(left, _frame.left); x <= std::min(right, _frame.right); x++)
+                if (pattern)
+                    PutPixel(x, y);
+                else
+                    Count(x, y, [&](std::uint32_t* p) { KSMerge::hash_color_func[mode](p, high, 255, 1); });
+    }
+
+    void StrokeRect(long left, long top, long right, long bottom) {
+        FillRect(left, top, right, top);
+        FillRect(left, bottom, right, bottom);
+        FillRect(left, top, left, bottom);
+        FillRect(right, top, right, bottom);
+    }
+
+    void PutPixel(long x, long y) {
+        if (!Holds(x, y))
+            return;
+        const bool set = pattern == nullptr || ((pattern[y & 7] >> (x & 7)) & 1) != 0;
+        Count(x, y,
+              [&](std::uint32_t* p) { *p = KSMerge::hash_pixel_func[mode](*p, set ? high : low, 255); });
+    }
+
+    void StrokeLine(long x1, long y1, long x2, long y2) {
+        if (x1 == x2 || y1 == y2)
+            return FillRect(std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2));
+        long position[2] = {x1, y1};
+        long delta[2] = {std::abs(x2 - x1), std::abs(y2 - y1)};
+        long step[2] = {x2 > x1 ? 1 : -1, y2 > y1 ? 1 : -1};
+        const int major = delta[1] > delta[0] ? 1 : 0, minor = 1 - major;
+        long error = 2 * delta[minor] - delta[major];
+        for (long i = 0; i < delta[major]; i++) {
+            PutPixel(position[0], position[1]);
+            while (error >= 0) {
+                position[minor] += step[minor];
+                error -= 2 * delta[major];
+            }
+            position[major] += step[major];
+            error += 2 * delta[minor];
+        }
+        PutPixel(x2, y2);
+    }
+
+    void StrokeEllipse(long x1, long y1, long x2, long y2) {
+        const auto plot = [this](long cx, long cy, long x, long y) {
+            PutPixel(cx + x, cy + y);
+            PutPixel(cx + x, cy - y);
+            PutPixel(cx - x, cy + y);
+            PutPixel(cx - x, cy - y);
+        };
+        WalkEllipse(x1, y1, x2, y2, plot, plot);
+    }
+
+    void FillEllipse(long x1, long y1, long x2, long y2) {
+        WalkEllipse(
+            x1, y1, x2, y2,
+            [this](long cx, long cy, long x, long y) {
+                FillRect(cx, cy + y, cx + x, cy + y);
+                FillRect(cx - x, cy + y, cx, cy + y);
+                FillRect(cx, cy - y, cx + x, cy - y);
+                FillRect(cx - x, cy - y, cx, cy - y);
+            },
+            [this](long cx, long cy, long x, long y) {
+                FillRect(cx + x, cy, cx + x, cy + y);
+                FillRect(cx + x, cy - y, cx + x, cy);
+                FillRect(cx - x, cy, cx - x, cy + y);
+                FillRect(cx - x, cy - y, cx - x, cy);
+            });
+    }
+
+    void FillPolygon(const std::vector<KSPoint<long>>& points) {
+        std::vector<std::array<long, 3>> crossings;
+        for (std::size_t i = 0; i < points.size(); i++)
+            Crossings(points[i], points[i + 1 == points.size() ? 0 : i + 1], crossings);
+        for (const auto& [row, first, second] : crossings)
+            StrokeLine(first, row, second < -32000 ? first : second, row);
+    }
+
+    void FillTriangle(KSPoint<long> a, KSPoint<long> b, KSPoint<long> c) {
+        std::array<KSPoint<long>, 3> p{a, b, c};
+        for (int i : {0, 1, 0})
+            if (p[i].y > p[i + 1].y)
+                std::swap(p[i], p[i + 1]);
+        if (p[1].y != p[0].y)
+            Between(p[0], p[1], p[0], p[2], p[0].y, p[1].y);
+        if (p[2].y != p[1].y)
+            Between(p[0], p[2], p[1], p[2], p[1].y, p[2].y);
+    }
+
+private:
+    KSRect<long> _frame;
+
+public:
+    std::vector<std::uint32_t> pixels;  // row after row, without gaps
+    std::vector<int> counts;            // how often each was painted
+
+private:
+    std::size_t Size() const { return static_cast<std::size_t>(Width() * Height()); }
+
+    template <class Paint> void Count(long x, long y, Paint paint) {
+        paint(&pixels[Index(x, y)]);
+        counts[Index(x, y)]++;
+    }
+
+    template <class Flat, class Steep>
+    static void WalkEllipse(long x1, long y1, long x2, long y2, Flat first, Steep second) {
+        __extension__ using wide = __int128;
+        const long cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
+        const long a = cx - x1, b = cy - y1;
+        const wide t1 = wide{a} * a, t2 = 2 * t1, t3 = 2 * t2, t4 = wide{b} * b, t5 = 2 * t4, t6 = 2 * t5;
+        const wide t7 = a * t5;
+        wide t8 = 2 * t7, t9 = 0;
+        wide d1 = t2 - t7 + (t4 >> 1), d2 = (t1 >> 1) - t8 + t5;
+        long x = a, y = 0;
+        while (d2 < 0) {
+            first(cx, cy, x, y);
+            y++;
+            t9 += t3;
+            if (d1 < 0) {
+                d1 += t9 + t2;
+                d2 += t9;
+            } else {
+                x--;
+                t8 -= t6;
+                d1 += t9 + t2 - t8;
+                d2 += t9 + t5 - t8;
+            }
+        }
+        do {
+            second(cx, cy, x, y);
+            x--;
+            t8 -= t6;
+            if (d2 < 0) {
+                y++;
+                t9 += t3;
+                d2 += t9 + t5 - t8;
+            } else {
+                d2 += t5 - t8;
+            }
+        } while (x >= 0);
+    }
+
+    static void Crossings(KSPoint<long> from, KSPoint<long> to, std::vector<std::array<long, 3>>& crossings) {
+        if (from.y == to.y)
+            return;
+        if (to.y < from.y)
+            std::swap(from, to);
+        const long slope = (to.x - from.x) * 256 / (to.y - from.y);
+        long fixed = from.x * 256 + slope;
+        for (long y = from.y + 1; y <= to.y; y++, fixed += slope) {
+            std::array<long, 3>* found = nullptr;
+            for (auto& crossing : crossings)
+                if (found == nullptr && crossing[0] == y)
+                    found = &crossing;
+            if (found)
+                (*found)[2] = fixed >> 8;
+            else
+                crossings.push_back({y, fixed >> 8, -32001});
+        }
+    }
+
+    static long ColumnAt(KSPoint<long> from, KSPoint<long> to, long y) {
+        return from.x + (y - from.y) * (to.x - from.x) / (to.y - from.y);
+    }
+
+    void Between(KSPoint<long> a1, KSPoint<long> a2, KSPoint<long> b1, KSPoint<long> b2, long top,
+                 long bottom) {
+        for (long y = top; y <= bottom; y++) {
+            const long a = ColumnAt(a1, a2, y), b = ColumnAt(b1, b2, y);
+            if (a != b)
+                FillRect(std::min(a, b), y, std::max(a, b), y);
+        }
+    }
+};
+
+}  // namespace reference
