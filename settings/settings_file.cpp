@@ -22,6 +22,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <locale.h>
 #include <optional>
 #include <string>
@@ -242,7 +243,10 @@ void ReadSettings() {
 
 void WriteSettings() {
     const std::string text = FormatSettings();
-    std::FILE* file = std::fopen(ks_resolve_path(kSettingsPath).c_str(), "w");
+    // As fopen() does for "w", but a pipe in the file's place is not waited for.
+    const int descriptor = open(ks_resolve_path(kSettingsPath).c_str(),
+                                O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
+    std::FILE* file = descriptor < 0 ? nullptr : fdopen(descriptor, "w");
     if (!file)
         return;
     // Unbuffered, so that the whole text goes out in one call: readers see the file short for a moment only.
