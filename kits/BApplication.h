@@ -4,11 +4,13 @@
 
 #include "kits/BLooper.h"
 
+#include <atomic>
 #include <memory>
 #include <string>
 #include <vector>
 
 class BWindow;
+class QuitSignals;
 class WindowServer;
 
 class BApplication : public BLooper {
@@ -21,8 +23,10 @@ public:
 
     // Runs the application: the message loop on a thread of its own, which calls ReadyToRun first, and
     // `server`'s event loop on the calling (main) thread. Returns when the message loop has ended by a
-    // quit request that QuitRequested granted. SIGTERM and SIGINT are quit requests meanwhile. `server`
-    // may be null: then no window is seen. Called once.
+    // quit request that QuitRequested granted; messages still queued behind it are dropped. SIGTERM and
+    // SIGINT are quit requests meanwhile. When `server` ends on its own, the message loop ends after the
+    // messages that it has. An exception that leaves a hook or `server` ends both loops and is thrown on.
+    // `server` may be null: then no window is seen. Called once, without another thread running.
     void Run(WindowServer* server = nullptr);
 
     void PostMessage(const BMessage& message) override;
@@ -42,12 +46,15 @@ public:
 private:
     friend class BWindow;
     friend class BRoster;
-    struct Loop;
+    class Loop;
+
+    void RunLoop(QuitSignals& signals);
 
     std::string _signature;
     std::vector<BWindow*> _windows;
     std::unique_ptr<Loop> _loop;
     WindowServer* _server = nullptr;
+    std::atomic<bool> _server_has_ended = false;
 };
 
 // The process's application object, or null.

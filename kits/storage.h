@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdio>
 #include <memory>
 #include <string>
 
@@ -13,13 +14,18 @@ constexpr unsigned B_READ_ONLY = 0;
 constexpr std::size_t B_FILE_NAME_LENGTH = 256;
 
 // Returns where a path of the platform lies. Where the directory /boot/home exists it is the path itself;
-// elsewhere "/boot/home/config/settings/X" lies at ${XDG_CONFIG_HOME:-$HOME/.config}/X. A relative
-// XDG_CONFIG_HOME is ignored; with neither variable the path is returned as it is. Any other path is itself.
+// elsewhere "/boot/home/config/settings/X" lies at ${XDG_CONFIG_HOME:-$HOME/.config}/X. A variable that is
+// not an absolute path is ignored; with neither variable the path is returned as it is. Any other path is
+// itself.
 std::string ks_resolve_path(const std::string& path);
 
 // Creates the directory in which settings lie ("/boot/home/config/settings"), with its parents, if it is
-// missing. Failures are silent.
+// missing; it never creates /boot/home. Failures are silent.
 void ks_create_settings_directory();
+
+// Opens the file at a platform path for reading; the caller closes it. Null when it cannot be read or is no
+// regular file. Never waits.
+std::FILE* ks_open_regular_file(const std::string& path);
 
 class BPath {
 public:
@@ -33,9 +39,9 @@ private:
 
 class BFile {
 public:
-    // Returns B_OK when a file that is no directory can be opened at `path` as `mode` says (only
-    // B_READ_ONLY). Never waits, whatever kind of file it is. The file is closed again by Unset, SetTo or
-    // the destructor.
+    // Returns B_OK when a file that is no directory can be opened at the platform path `path` as `mode` says
+    // (only B_READ_ONLY). Never waits, whatever kind of file it is. The file is closed again by Unset, SetTo
+    // or the destructor.
     status_t SetTo(const char* path, unsigned mode);
     void Unset();
     BFile() = default;

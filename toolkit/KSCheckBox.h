@@ -2,19 +2,13 @@
 // A box that is on or off.
 #pragma once
 
-#include "toolkit/KSControl.h"
+#include "toolkit/KSEditor.h"
 
-class KSCheckBox : public KSControl {
+class KSCheckBox : public KSEditor<bool> {
 public:
-    KSCheckBox(const char* name, unsigned flags) : KSControl(name, flags) {}
+    KSCheckBox(const char* name, unsigned flags) : KSEditor(name, flags) {}
 
     void SetValue(bool on);
     void EditValue(bool on);
     bool Value() const;
-
-    bool Revert() override;
-    void Settle() override;
-
-private:
-    ks_edited_value<bool> _on;
 };

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "hdr/ks_color.h"
-#include "toolkit/KSControl.h"
+#include "toolkit/KSEditor.h"
 
-class KSColorField : public KSControl {
+class KSColorField : public KSEditor<ks_color> {
 public:
     KSColorField(const char* name, unsigned flags);
 
@@ -13,10 +13,4 @@ public:
     void SetColor(const ks_color& color, bool notify, bool drag);
     void EditColor(const ks_color& color);
     ks_color Color() const;
-
-    bool Revert() override;
-    void Settle() override;
-
-private:
-    ks_edited_value<ks_color> _color;
 };

@@ -24,10 +24,13 @@ public:
     // thread that made the change, when there is something to take again after nothing was; it must not
     // wait. Null ends it.
     void SetChangeListener(std::function<void()> listener);
+    bool HasChangeListener() const { return _listener != nullptr; }
     struct Changes {
         std::vector<KSControl*> controls;  // each once, in the order of their first change
         bool layout = false;
         bool redraw = false;
+
+        bool IsEmpty() const { return controls.empty() && !layout && !redraw; }
     };
     Changes TakeChanges();
 
@@ -36,6 +39,7 @@ private:
     void NoteChange(KSControl* control);
     void NoteLayout(bool redraw);
     void NoteRedraw();
+    void Tell() const;
 
     KSRect<long> _frame;
     std::unique_ptr<KSControl> _content;

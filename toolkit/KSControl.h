@@ -8,6 +8,9 @@
 // Values change in two ways: by the program (the setters that are named in each class, which also settle the
 // value: Revert comes back to it) and by the user (the operations named Edit..., called by whoever shows the
 // window on its thread).
+//
+// Once the window has been closed its lock cannot be taken any more; from then on the controls belong to the
+// thread that deletes the window, for which single calls still work.
 #pragma once
 
 #include "kits/BMessage.h"
@@ -37,7 +40,8 @@ public:
     void SetLabel(const char* label, bool redraw);
     std::string Label() const;
 
-    // Messages go to `handler`, or to `looper` where that is null.
+    // Messages are posted to `handler`, which has to be a looper to get any, or to `looper` where that is
+    // null.
     void SetTarget(BHandler* handler, BLooper* looper);
     // Keeps a copy of the message; null sends none.
     void SetMessage(const BMessage* message);
@@ -70,7 +74,7 @@ private:
 
     std::string _label;
     std::optional<BMessage> _message;
-    BHandler* _target = nullptr;
+    BLooper* _target = nullptr;
     bool _hidden = false;
     bool _default = false;
     bool _change_listed = false;

@@ -2,13 +2,13 @@
 // A choice between a few labels.
 #pragma once
 
-#include "toolkit/KSControl.h"
+#include "toolkit/KSEditor.h"
 
 #include <vector>
 
-class KSCycle : public KSControl {
+class KSCycle : public KSEditor<long> {
 public:
-    KSCycle(const char* name, unsigned flags) : KSControl(name, flags) {}
+    KSCycle(const char* name, unsigned flags) : KSEditor(name, flags) {}
 
     // Appends a label; the first one is the selection. Labels are at most 63 bytes (longer ones are cut).
     void AddLabel(const char* label);
@@ -23,10 +23,8 @@ public:
     // Returns the selected label's index, or -1 while there are no labels.
     long CurrentSelection() const;
 
-    bool Revert() override;
-    void Settle() override;
-
 private:
+    bool HasLabel(long index) const;
+
     std::vector<std::string> _labels;
-    ks_edited_value<long> _selection;
 };

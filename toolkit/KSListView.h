@@ -53,6 +53,7 @@ class KSListView : public KSControl {
 public:
     KSListView(const char* name, unsigned flags);
 
+    // The base gives the height of the first items, four at most, and no width.
     KSPoint<long> MinSize() override;
     // Called when the user starts to drag an item; fills `message` with what is dragged. The base, too,
     // drags nothing.
@@ -61,7 +62,8 @@ public:
     // window shows the list, else by whoever changed it. The selection message goes out besides.
     virtual void SelectionChanged();
 
-    void SetListMode(long mode) { _mode = mode; }  // 0: at most one item is selected
+    void SetListMode(long) {}  // always 0: at most one item is selected
+    // A list has neither here.
     void HideColumnBar(bool hide, bool redraw);
     void HideHideButton(bool hide, bool redraw);
     // Keeps a copy of the message, which goes to the target when the selection changes.
@@ -75,10 +77,12 @@ public:
 
     // Selects the item at `index` alone, or none where there is no such item. `extend` is false.
     void Select(long index, bool extend);
+    // The user's selection, told at once.
     void EditSelection(long index);
     // Returns the selected item's index, or -1.
     long CurrentSelection() const;
 
+    // A list without a selection message edits nothing: its selection is not put back.
     bool Revert() override;
     void Settle() override;
 
@@ -92,6 +96,5 @@ private:
     std::vector<std::unique_ptr<KSListItem>> _items;
     std::optional<BMessage> _selection_message;
     ks_edited_value<long> _selection;  // -1 for none, set by the constructor
-    long _mode = 0;
     bool _untold = false;
 };

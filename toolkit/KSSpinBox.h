@@ -2,13 +2,14 @@
 // A number between two bounds, with buttons to step it.
 #pragma once
 
-#include "toolkit/KSControl.h"
+#include "toolkit/KSEditor.h"
 
-class KSSpinBox : public KSControl {
+class KSSpinBox : public KSEditor<float> {
 public:
-    KSSpinBox(const char* name, unsigned flags) : KSControl(name, flags) {}
+    KSSpinBox(const char* name, unsigned flags) : KSEditor(name, flags) {}
 
-    // The bounds are inclusive; a value outside moves to the nearer one.
+    // The bounds are inclusive; a value outside moves to the nearer one. A bound that is not finite, or a
+    // step that is not finite or not above 0, changes nothing.
     void SetMinValue(float minimum);
     void SetMaxValue(float maximum);
     void SetStep(float step);
@@ -21,14 +22,11 @@ public:
     void EditValue(float value);
     float Value() const;
 
-    bool Revert() override;
-    void Settle() override;
-
 private:
+    void SetBounds(float minimum, float maximum);
     float Clamped(float value) const;
 
     float _minimum = 0;
     float _maximum = 100;
     float _step = 1;
-    ks_edited_value<float> _value;
 };

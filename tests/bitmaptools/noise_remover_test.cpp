@@ -1,0 +1,91 @@
+// SPDX-License-Identifier: MIT
+// Noise removal equals its definition, whatever the radius and the image.
+#include "tests/bitmaptools/pixel_arrays.h"
+
+#include <new>
+
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+void ExpectCleaned(Random& random, const Bytes& image, long width, long height, int radius, int threshold) {
+    Bytes want = image;
+    reference::BitmapTools::NoiseRemover(
+        want.data(), static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
+        static_cast<std::uint8_t>(radius), static_cast<std::uint8_t>(threshold));
+    for (const InstructionSet level : kInstructionSets) {
+        const ScopedInstructionSet scope(level);
+        GuardedArray<std::uint8_t> got(image.size(), random.OneIn(2) ? Against::kFront : Against::kBack);
+        std::copy(image.begin(), image.end(), got.data());
+        KSBitmapTools::NoiseRemover(got.data(), static_cast<std::uint32_t>(width),
+                                    static_cast<std::uint32_t>(height), static_cast<std::uint8_t>(radius),
+                                    static_cast<std::uint8_t>(threshold));
+        for (std::size_t i = 0; i < image.size(); ++i)
+            ASSERT_EQ(got.data()[i], want[i])
+                << "was " << int{image[i]} << " at (" << i % width << ", " << i / width << ") of " << width
+                << " x " << height << ", radius " << radius << ", threshold " << threshold << ", seed "
+                << random.seed() << ", level " << static_cast<int>(level);
+    }
+}
+
+// Images of few and of many values, of quiet areas with specks, and of noise.
+Bytes RandomBytes(Random& random, long count) {
+    Bytes image(static_cast<std::size_t>(count));
+    const long values = random.OneIn(3) ? 256 : random.In(2, 40), specks = random.In(1, 12);
+    for (auto& byte : image)
+        byte = static_cast<std::uint8_t>(random.In(1, 12) <= specks ? random.In(0, values - 1) : 0);
+    return image;
+}
+
+TEST(NoiseRemover, EqualsItsDefinition) {
+    for (std::uint32_t seed = 0; seed < 700 && !testing::Test::HasFailure(); ++seed) {
+        Random random(seed);
+        const long width = random.OneIn(3) ? random.In(2, 5) : random.Size() + 1, height = random.Size();
+        const int radius = static_cast<int>(random.OneIn(8) ? random.In(0, 255) : random.In(0, 12));
+        const int threshold = static_cast<int>(random.OneIn(8) ? random.In(0, 255) : random.In(1, 6));
+        ExpectCleaned(random, RandomBytes(random, width * height), width, height, radius, threshold);
+    }
+}
+
+TEST(NoiseRemover, EqualsItsDefinitionAtLargeRadii) {
+    const int cases[][2] = {{16, 40}, {40, 9}, {64, 62}, {255, 200}};
+    for (const auto& [radius, threshold] : cases) {
+        Random random(static_cast<std::uint32_t>(radius));
+        Bytes noise(160 * 120);
+        for (auto& byte : noise)
+            byte = static_cast<std::uint8_t>(random.In(0, 255));
+        ExpectCleaned(random, noise, 160, 120, radius, threshold);
+    }
+}
+
+TEST(NoiseRemover, WorkedValues) {
+    const struct {
+        const char* name;
+        std::uint32_t width;
+        std::uint8_t radius, threshold;
+        Bytes image, want;
+    } rows[] = {
+        {"SingleSpeck", 3, 1, 1, {0, 0, 0, 0, 9, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0}},
+        {"ThresholdZero", 3, 1, 0, {0, 0, 0, 0, 9, 0, 0, 0, 0}, {0, 0, 0, 0, 9, 0, 0, 0, 0}},
+        {"TieGoesRight", 5, 2, 1, {1, 1, 5, 2, 2}, {1, 1, 2, 2, 2}},
+        {"LeftIsMoreFrequent", 5, 2, 1, {1, 1, 5, 2, 7}, {1, 1, 1, 2, 2}},
+        {"AdjacentSpecksStay", 4, 1, 1, {0, 0, 0, 0, 0, 9, 9, 0}, {0, 0, 0, 0, 0, 9, 9, 0}},
+        {"TestsSeeTheImageAsItWas",
+         4,
+         1,
+         1,
+         {0, 0, 0, 0, 0, 9, 8, 0, 0, 0, 0, 0},
+         {0, 0, 0, 0, 0, 8, 0, 0, 0, 0, 0, 0}},
+        {"OnePixelWide", 1, 1, 1, {1, 2, 3}, {1, 2, 3}},
+    };
+    for (const auto& row : rows) {
+        Bytes got = row.image;
+        KSBitmapTools::NoiseRemover(got.data(), row.width, static_cast<std::uint32_t>(got.size() / row.width),
+                                    row.radius, row.threshold);
+        EXPECT_EQ(got, row.want) << row.name;
+    }
+    KSBitmapTools::NoiseRemover(nullptr, 0, 4000000000u, 3, 3);
+    KSBitmapTools::NoiseRemover(nullptr, 4000000000u, 0, 3, 3);
+}
+
+}  // namespace

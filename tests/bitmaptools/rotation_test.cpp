@@ -1,0 +1,144 @@
+// SPDX-License-Identifier: MIT
+// Rotation equals its definition on every instruction set, within the bounds of its arrays.
+#include "tests/bitmaptools/pixel_arrays.h"
+
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+namespace {
+
+constexpr double kPi = std::numbers::pi;
+
+struct Turn {
+    KSRect<long> from, to;
+    KSPoint<double> centre;
+    double angle;
+};
+
+void ExpectRotated(Random& random, const Turn& turn) {
+    TestImage source(random, turn.from.PixelWidth(), turn.from.PixelHeight());
+    TestImage destination(random, turn.to.PixelWidth(), turn.to.PixelHeight());
+    random.Paint(source.array.items());
+    const auto rotate = [&](auto function, const std::uint32_t* from, std::uint32_t* to) {
+        function(turn.from, turn.to, turn.centre, turn.angle, from, to,
+                 static_cast<std::uint32_t>(source.row_length),
+                 static_cast<std::uint32_t>(destination.row_length));
+    };
+    ExpectLikeReference(random, source, destination, [&](auto tools, const auto* from, auto* to) {
+        rotate(decltype(tools)::type::RotatePlain, from, to);
+    });
+    ExpectLikeReference(random, source, destination, [&](auto tools, const auto* from, auto* to) {
+        rotate(decltype(tools)::type::RotateBiLin, from, to);
+    });
+}
+
+TEST(Rotation, EqualsItsDefinition) {
+    for (std::uint32_t seed = 0; seed < 500 && !HasFailure(); ++seed) {
+        Random random(seed);
+        // Origins below -65536 lie on the negative side of the shifted plane too.
+        const long origin = random.OneIn(4) ? -200000 : random.OneIn(3) ? -65536 : 0;
+        const long left = origin + random.In(-90, 90), top = origin + random.In(-90, 90);
+        Turn turn;
+        turn.from = {left, top, left + random.Size() - 1, top + random.Size() - 1};
+        turn.to = turn.from;
+        if (!random.OneIn(3)) {
+            const long to_left = left + random.In(-40, 40), to_top = top + random.In(-40, 40);
+            turn.to = {to_left, to_top, to_left + random.Size() - 1, to_top + random.Size() - 1};
+        }
+        turn.centre = {static_cast<double>(left) + random.Real(-10, 60),
+                       static_cast<double>(top) + random.Real(-10, 60)};
+        turn.angle = random.OneIn(2) ? kPi / 4 * static_cast<double>(random.In(-9, 9)) : random.Real(-9, 9);
+        if (random.OneIn(3))
+            turn.centre = {std::floor(turn.centre.x), std::floor(turn.centre.y)};
+        ExpectRotated(random, turn);
+    }
+}
+
+// Images large enough to be read in tiles.
+TEST(Rotation, EqualsItsDefinitionOnLargeImages) {
+    for (std::uint32_t seed = 0; seed < 6 && !HasFailure(); ++seed) {
+        Random random(seed);
+        ExpectRotated(random, {{0, 0, 610, 420}, {-80, -90, 600, 500}, {300, 200}, kPi / 6 * seed});
+    }
+}
+
+TEST(Rotation, WorkedValues) {
+    const struct {
+        const char* name;
+        int last;
+        KSPoint<double> centre;
+        double angle;
+        std::vector<std::uint32_t> source, want;
+    } rows[] = {
+        {"NoTurn", 1, {7.25, -3}, 0, {1, 2, 3, 4}, {1, 2, 3, 4}},
+        {"HalfTurn", 1, {0.5, 0.5}, kPi, {1, 2, 3, 4}, {4, 3, 2, 1}},
+        {"QuarterTurn", 2, {1, 1}, kPi / 2, {1, 2, 3, 4, 5, 6, 7, 8, 9}, {3, 6, 9, 2, 5, 8, 1, 4, 7}},
+        {"Outside", 1, {50, 50}, kPi, {1, 2, 3, 4}, {99, 99, 99, 99}},
+    };
+    for (const auto& row : rows) {
+        const KSRect<long> rect(0, 0, row.last, row.last);
+        const auto length = static_cast<std::uint32_t>(row.last + 1);
+        std::vector<std::uint32_t> got(row.want.size(), 99);
+        KSBitmapTools::RotatePlain(rect, rect, row.centre, row.angle, row.source.data(), got.data(), length,
+                                   length);
+        EXPECT_EQ(got, row.want) << row.name;
+    }
+}
+
+TEST(Rotation, ArgumentsOutsideThePlaneWriteNothing) {
+    constexpr double infinity = std::numeric_limits<double>::infinity(), nan = std::nan("");
+    constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
+    const KSRect<long> rect(0, 0, 0, 0);
+    const Turn turns[] = {
+        {rect, rect, {nan, 0}, 1},
+        {rect, rect, {0, infinity}, 1},
+        {rect, rect, {1e300, -1e300}, 1},
+        {rect, rect, {0, 0}, nan},
+        {rect, rect, {0, 0}, -infinity},
+        {{0, 0, -1, 0}, rect, {0, 0}, 0},
+        {rect, {0, 1, 0, 0}, {0, 0}, 0},
+        {{least, least, most, most}, rect, {0, 0}, 0},
+        {{most, most, least, least}, rect, {0, 0}, 0},
+        {rect, {most, most, most, most}, {0, 0}, 0},
+        {{least, least, least, least}, {least, least, least, least}, {0, 0}, 0},
+    };
+    for (const auto rotate : {KSBitmapTools::RotatePlain, KSBitmapTools::RotateBiLin})
+        for (const Turn& turn : turns) {
+            const std::uint32_t source = 1;
+            std::uint32_t pixel = 7;
+            rotate(turn.from, turn.to, turn.centre, turn.angle, &source, &pixel, 1, 1);
+            EXPECT_EQ(pixel, 7u) << "turn " << &turn - turns;
+        }
+}
+
+// The ends of the 32-bit range, row lengths of 2^32 - 1 on a single row, and a source whose rows are one.
+TEST(Rotation, FarAndHugeRectangles) {
+    constexpr long least = std::numeric_limits<std::int32_t>::min();
+    constexpr long most = std::numeric_limits<std::int32_t>::max();
+    constexpr std::uint32_t longest = std::numeric_limits<std::uint32_t>::max();
+    const Turn turns[] = {
+        {{least, least, least + 2, least}, {least, least, least + 2, least}, {least, least}, 0},
+        {{most - 2, most, most, most}, {most - 2, most, most, most}, {0, 0}, 0.5},
+        {{least, least, least + 2, least}, {most - 2, most, most, most}, {0, 0}, kPi},
+        {{0, least, 2, most}, {0, 0, 2, 0}, {1, 1}, 0.25},
+        {{0, 0, 2, 0}, {-1, 0, 1, 0}, {1, 1}, 1e300},
+    };
+    for (std::uint32_t seed = 0; seed < std::size(turns); ++seed) {
+        const Turn& turn = turns[seed];
+        Random random(seed);
+        TestImage source(3, 1, 3, Against::kBack), destination(3, 1, 3, Against::kBack);
+        random.Paint(source.array.items());
+        const std::uint32_t row_length = turn.from.top == turn.from.bottom ? longest : 0;
+        ExpectLikeReference(random, source, destination, [&](auto tools, const auto* from, auto* to) {
+            decltype(tools)::type::RotatePlain(turn.from, turn.to, turn.centre, turn.angle, from, to,
+                                               row_length, longest);
+        });
+        ExpectLikeReference(random, source, destination, [&](auto tools, const auto* from, auto* to) {
+            decltype(tools)::type::RotateBiLin(turn.from, turn.to, turn.centre, turn.angle, from, to,
+                                               row_length, longest);
+        });
+    }
+}
+
+}  // namespace

@@ -1,0 +1,243 @@
+// SPDX-License-Identifier: MIT
+// The operations of KSBitmapTools by their definitions: one pixel after the other, on unpacked channels, in
+// 64-bit integers, with true divisions and a test of every access. Slow, and meant to be read.
+#pragma once
+
+#include "hdr/KSPoint.h"
+#include "hdr/KSRect.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace reference {
+
+using i64 = std::int64_t;
+
+struct Channels {
+    i64 alpha = 0, red = 0, green = 0, blue = 0;
+
+    Channels() = default;
+    explicit Channels(std::uint32_t word)
+        : alpha(word / 0x1000000), red(word / 0x10000 % 256), green(word / 0x100 % 256), blue(word % 256) {}
+    std::uint32_t Word() const {
+        return static_cast<std::uint32_t>(((alpha * 256 + red) * 256 + green) * 256 + blue);
+    }
+};
+
+inline i64 FloorDivide(i64 a, i64 b) {
+    return a / b - (a % b < 0);
+}
+
+// The source of an operation, asked for pixels at positions in 1/4096 of a pixel.
+struct Source {
+    const std::uint32_t* pixels;
+    i64 width, height, row_length;
+
+    std::optional<Channels> At(i64 x, i64 y) const {
+        if (x < 0 || y < 0 || x >= width || y >= height)
+            return std::nullopt;
+        return Channels(pixels[y * row_length + x]);
+    }
+
+    std::optional<std::uint32_t> Nearest(i64 x, i64 y) const {
+        const auto pixel = At(FloorDivide(x, 4096), FloorDivide(y, 4096));
+        return pixel ? std::optional(pixel->Word()) : std::nullopt;
+    }
+
+    std::optional<std::uint32_t> Bilinear(i64 x, i64 y) const {
+        const i64 ix = FloorDivide(x, 4096), iy = FloorDivide(y, 4096);
+        const i64 fx = x - ix * 4096, fy = y - iy * 4096;
+        if (ix < -1 || iy < -1 || ix >= width || iy >= height)
+            return std::nullopt;
+        Channels sums;
+        for (int row = 0; row < 2; ++row)
+            for (int column = 0; column < 2; ++column) {
+                const Channels pixel = At(ix + column, iy + row).value_or(Channels());
+                const i64 v = (column ? fx : 4096 - fx) * (row ? fy : 4096 - fy) * pixel.alpha;
+                const i64 weight = (v + v / 256 + 1) / 256;
+                sums.alpha += weight;
+                sums.red += weight * pixel.red;
+                sums.green += weight * pixel.green;
+                sums.blue += weight * pixel.blue;
+            }
+        Channels result;
+        if (const i64 w = sums.alpha) {
+            result.alpha = w / 65536;
+            result.red = sums.red / w;
+            result.green = sums.green / w;
+            result.blue = sums.blue / w;
+        }
+        return result.Word();
+    }
+};
+
+inline void Store(std::uint32_t& pixel, std::optional<std::uint32_t> value) {
+    if (value)
+        pixel = *value;
+}
+
+// Has the functions of KSBitmapTools, with their arguments.
+class BitmapTools {
+public:
+    using Words = const std::uint32_t*;
+
+    static void ScalePlain(std::int32_t sw, std::int32_t sh, std::int32_t dw, std::int32_t dh, Words source,
+                           std::uint32_t* destination, std::int32_t source_row,
+                           std::int32_t destination_row) {
+        Scale({source, sw, sh, source_row}, dw, dh, destination, destination_row, 0, &Source::Nearest);
+    }
+
+    static void ScaleBiLin(std::int32_t sw, std::int32_t sh, std::int32_t dw, std::int32_t dh, Words source,
+                           std::uint32_t* destination, std::int32_t source_row,
+                           std::int32_t destination_row) {
+        Scale({source, sw, sh, source_row}, dw, dh, destination, destination_row, -2047, &Source::Bilinear);
+    }
+
+    static void RotatePlain(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle,
+                            Words source, std::uint32_t* destination, std::uint32_t source_row,
+                            std::uint32_t destination_row) {
+        Rotate(from, to, centre, angle, source, destination, source_row, destination_row, &Source::Nearest);
+    }
+
+    static void RotateBiLin(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle,
+                            Words source, std::uint32_t* destination, std::uint32_t source_row,
+                            std::uint32_t destination_row) {
+        Rotate(from, to, centre, angle, source, destination, source_row, destination_row, &Source::Bilinear);
+    }
+
+    static void TransformPlain(KSRect<long> from, KSPoint<double> p0, KSPoint<double> p1, KSPoint<double> p2,
+                               KSPoint<double> p3, KSRect<long> to, Words source, std::uint32_t* destination,
+                               std::uint32_t source_row, std::uint32_t destination_row) {
+        const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
+        const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
+        Transform({p0, p1, p2, p3}, to, destination, destination_row, 0, 1, [&](double t, double v) {
+            const i64 x = std::min(static_cast<i64>(std::trunc(t * w)), image.width - 1);
+            const i64 y = std::min(static_cast<i64>(std::trunc((1 - v) * h)), image.height - 1);
+            return image.Nearest(x * 4096, y * 4096);
+        });
+    }
+
+    static void TransformBiLin(KSRect<long> from, KSPoint<double> p0, KSPoint<double> p1, KSPoint<double> p2,
+                               KSPoint<double> p3, KSRect<long> to, Words source, std::uint32_t* destination,
+                               std::uint32_t source_row, std::uint32_t destination_row) {
+        const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
+        const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
+        Transform({p0, p1, p2, p3}, to, destination, destination_row, -0.1, 1.1, [&](double t, double v) {
+            return image.Bilinear(static_cast<i64>(std::trunc(t * w * 4096)) - 2047,
+                                  static_cast<i64>(std::trunc((1 - v) * h * 4096)) - 2047);
+        });
+    }
+
+    static void NoiseRemover(std::uint8_t* image, std::uint32_t width, std::uint32_t height,
+                             std::uint8_t radius, std::uint8_t threshold) {
+        const i64 w = width, h = height, r = radius;
+        const std::vector<std::uint8_t> before(image, image + w * h);
+        const auto at = [&](i64 x, i64 y) -> int {
+            return x < 0 || y < 0 || x >= w || y >= h ? -1 : before[static_cast<std::size_t>(y * w + x)];
+        };
+        for (i64 y = 0; y < h && w > 1; ++y)
+            for (i64 x = 0; x < w; ++x) {
+                const int value = at(x, y);
+                int neighbours = 0, square = 0, left_count = 0, right_count = 0;
+                for (i64 dy = -1; dy <= 1; ++dy)
+                    for (i64 dx = -1; dx <= 1; ++dx)
+                        neighbours += (dx || dy) && at(x + dx, y + dy) == value;
+                for (i64 dy = -r; dy <= r && neighbours == 0; ++dy)
+                    for (i64 dx = -r; dx <= r; ++dx)
+                        square += dx && dy && at(x + dx, y + dy) == value;
+                const int left = at(x == 0 ? 1 : x - 1, y), right = at(x == w - 1 ? x - 1 : x + 1, y);
+                for (i64 dx = -r; dx <= r; ++dx) {
+                    left_count += at(x + dx, y) == left;
+                    right_count += at(x + dx, y) == right;
+                }
+                if (neighbours == 0 && square < threshold)
+                    image[y * w + x] = static_cast<std::uint8_t>(left_count > right_count ? left : right);
+            }
+    }
+
+private:
+    using Sampler = std::optional<std::uint32_t> (Source::*)(i64, i64) const;
+
+    static void Scale(const Source& image, i64 width, i64 height, std::uint32_t* destination, i64 row_length,
+                      i64 start, Sampler sampler) {
+        i64 y = start;
+        for (i64 j = 0; j < height; ++j, y += image.height * 4096 / height) {
+            i64 x = start;
+            for (i64 i = 0; i < width; ++i, x += image.width * 4096 / width)
+                Store(destination[j * row_length + i], (image.*sampler)(x, y));
+        }
+    }
+
+    static void Rotate(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle, Words source,
+                       std::uint32_t* destination, std::uint32_t source_row, std::uint32_t destination_row,
+                       Sampler sampler) {
+        const i64 shift = 65536, w = from.PixelWidth(), h = from.PixelHeight();
+        const i64 left = from.left + shift, top = from.top + shift;
+        const double cx = centre.x + 65536, cy = centre.y + 65536;
+        const auto map = [&](i64 px, i64 py, double theta) {
+            const double x = static_cast<double>(px), y = static_cast<double>(py);
+            return KSPoint<double>(cx + (x - cx) * std::cos(theta) + (y - cy) * std::sin(theta),
+                                   cy + (y - cy) * std::cos(theta) - (x - cx) * std::sin(theta));
+        };
+        const auto floored = [&](i64 x, i64 y) {
+            const auto p = map(x, y, angle);
+            return KSPoint<i64>(static_cast<i64>(std::floor(p.x * 4096)),
+                                static_cast<i64>(std::floor(p.y * 4096)));
+        };
+        const auto tl = floored(left, top), tr = floored(left + w, top), bl = floored(left, top + h);
+        const auto start = map(to.left + shift, to.top + shift, -angle);
+        const i64 x0 = static_cast<i64>(std::trunc(start.x * 4096));
+        const i64 y0 = static_cast<i64>(std::trunc(start.y * 4096));
+        const Source image = {source, w, h, source_row};
+        for (i64 j = 0; j < to.PixelHeight(); ++j)
+            for (i64 i = 0; i < to.PixelWidth(); ++i) {
+                const i64 x = x0 + j * ((tl.x - bl.x) / h) + i * ((tr.x - tl.x) / w);
+                const i64 y = y0 + j * ((bl.y - tl.y) / h) + i * ((tl.y - tr.y) / w);
+                Store(destination[j * destination_row + i],
+                      (image.*sampler)(x - left * 4096, y - top * 4096));
+            }
+    }
+
+    template <class Pixel>
+    static void Transform(std::array<KSPoint<double>, 4> p, KSRect<long> to, std::uint32_t* destination,
+                          i64 row_length, double least, double most, Pixel pixel) {
+        for (auto& point : p)
+            point = {point.x + 65536, point.y + 65536};
+        const bool x_parallel = std::floor(p[1].x - p[0].x) == std::floor(p[2].x - p[3].x);
+        const bool y_parallel = std::floor(p[2].y - p[1].y) == std::floor(p[3].y - p[0].y);
+        p[0].x += x_parallel ? 0.1 : 0;
+        p[0].y += y_parallel ? 0.1 : 0;
+        const double ax = p[1].x - p[2].x + p[3].x - p[0].x, ay = p[1].y - p[2].y + p[3].y - p[0].y;
+        const double bx = p[2].x - p[3].x, by = p[2].y - p[3].y;
+        const double cx = p[0].x - p[3].x, cy = p[0].y - p[3].y;
+        const double A = ax * by - bx * ay;
+        if (A == 0)
+            return;
+        for (i64 j = 0; j < to.PixelHeight(); ++j)
+            for (i64 i = 0; i < to.PixelWidth(); ++i) {
+                const double X = static_cast<double>(to.left + i + 65536);
+                const double Y = static_cast<double>(to.top + j + 65536);
+                const double B = ay * X - ax * Y + ax * p[3].y - p[3].x * ay + cx * by - cy * bx;
+                const double C = cy * X - cx * Y + cx * p[3].y - p[3].x * cy;
+                const double d = B * B - 4 * A * C;
+                if (d < 0)
+                    continue;
+                const double t = (std::sqrt(d) - B) / (2 * A);
+                if (!(least <= t && t <= most))
+                    continue;
+                const double divisor = ax * t + cx;
+                if (divisor == 0)
+                    continue;
+                const double v = (X - bx * t - p[3].x) / divisor;
+                if (least <= v && v <= most)
+                    Store(destination[j * row_length + i], pixel(t, v));
+            }
+    }
+};
+
+}  // namespace reference

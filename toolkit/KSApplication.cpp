@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+// The toolkit's application: opens the string catalog and knows what Revert means.
+#include "toolkit/KSApplication.h"
+
+#include "kits/BWindow.h"
+#include "kits/storage.h"
+#include "toolkit/KSContainer.h"
+#include "toolkit/KSLocale.h"
+
+namespace {
+
+constexpr std::uint32_t kRevert = ks_message_code("REVE");
+constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
+
+// Calls `visit` for every control of every window, under that window's lock.
+template <class Visit> void for_each_control(const BApplication& application, Visit visit) {
+    for (BWindow* window : application.Windows()) {
+        const BAutolock lock(window);
+        if (!lock)
+            continue;
+        for (const auto& view : window->Children()) {
+            const auto* container = dynamic_cast<const KSContainer*>(view.get());
+            if (container && container->Content())
+                container->Content()->ForEach(visit);
+        }
+    }
+}
+
+}  // namespace
+
+KSApplication::KSApplication(const char* signature, const char* catalog) : BApplication(signature) {
+    ks_create_settings_directory();
+    ks_locale->Open(catalog);
+}
+
+void KSApplication::MessageReceived(BMessage* message) {
+    if (message->what == kRevert)
+        for_each_control(*this, [](KSControl& control) { control.Revert(); });
+    else
+        BApplication::MessageReceived(message);
+}
+
+void KSApplication::BroadcastStarting(const BMessage& message) {
+    if (message.what == kSettingsChanged)
+        for_each_control(*this, [](KSControl& control) { control.Settle(); });
+}

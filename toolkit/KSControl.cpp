@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+// A control: a node of a window's tree with a label, a visibility and a message that it sends.
+#include "toolkit/KSControl.h"
+
+#include "kits/BLooper.h"
+#include "toolkit/KSContainer.h"
+
+KSControl::KSControl(const char* name, unsigned) : KSFrame(name) {}
+
+KSPoint<long> KSControl::MinSize() {
+    return {};
+}
+
+bool KSControl::Revert() {
+    return false;
+}
+
+void KSControl::Settle() {}
+
+void KSControl::Hide(bool hide) {
+    const KSAutolock lock(this);
+    if (_hidden == hide)
+        return;
+    _hidden = hide;
+    Changed();
+}
+
+bool KSControl::IsHidden() const {
+    const KSAutolock lock(this);
+    return _hidden;
+}
+
+void KSControl::SetLabel(const char* label, bool) {
+    const KSAutolock lock(this);
+    _label = label ? label : "";
+    Changed();
+}
+
+std::string KSControl::Label() const {
+    const KSAutolock lock(this);
+    return _label;
+}
+
+void KSControl::SetTarget(BHandler* handler, BLooper* looper) {
+    const KSAutolock lock(this);
+    _target = handler ? dynamic_cast<BLooper*>(handler) : looper;
+}
+
+void KSControl::SetMessage(const BMessage* message) {
+    const KSAutolock lock(this);
+    _message = message ? std::optional(*message) : std::nullopt;
+}
+
+void KSControl::Invoke() {
+    const KSAutolock lock(this);
+    Send(_message);
+}
+
+void KSControl::MakeDefault(bool is_default) {
+    const KSAutolock lock(this);
+    _default = is_default;
+    Changed();
+}
+
+bool KSControl::IsDefault() const {
+    const KSAutolock lock(this);
+    return _default;
+}
+
+void KSControl::ResetLayout(bool, bool redraw) {
+    const KSAutolock lock(this);
+    if (KSContainer* container = Container())
+        container->NoteLayout(redraw);
+}
+
+void KSControl::RedrawSelf() {
+    const KSAutolock lock(this);
+    if (KSContainer* container = Container())
+        container->NoteRedraw();
+}
+
+void KSControl::Changed() {
+    if (KSContainer* container = Container())
+        container->NoteChange(this);
+}
+
+void KSControl::Send(const std::optional<BMessage>& message) const {
+    if (message && _target)
+        _target->PostMessage(*message);
+}

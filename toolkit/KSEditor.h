@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+// What the controls that edit one value have in common.
+#pragma once
+
+#include "toolkit/KSControl.h"
+
+#include <utility>
+
+// A control whose value is a T, with equality. The derived classes give the operations their names.
+template <class T> class KSEditor : public KSControl {
+public:
+    bool Revert() override {
+        const KSAutolock lock(this);
+        return Note(_value.Revert());
+    }
+    void Settle() override {
+        const KSAutolock lock(this);
+        _value.Settle();
+    }
+
+protected:
+    using KSControl::KSControl;
+
+    void ProgramSets(T value) {
+        const KSAutolock lock(this);
+        Note(_value.Set(std::move(value)));
+    }
+    void UserSets(T value) {
+        const KSAutolock lock(this);
+        Note(_value.Edit(std::move(value)));
+    }
+    T Copy() const {
+        const KSAutolock lock(this);
+        return _value.Get();
+    }
+    // For callers that hold the lock.
+    const T& Present() const { return _value.Get(); }
+
+private:
+    bool Note(bool changed) {
+        if (changed)
+            Changed();
+        return changed;
+    }
+
+    ks_edited_value<T> _value;
+};

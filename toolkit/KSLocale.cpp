@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The texts of the running application in the user's language.
+#include "toolkit/KSLocale.h"
+
+#include "kits/storage.h"
+#include "kits/utf8.h"
+#include "toolkit/settings_lines.h"
+
+#include <charconv>
+#include <filesystem>
+#include <optional>
+
+namespace {
+
+KSLocale locale;
+
+constexpr std::size_t kLargestCatalog = 1 << 20;
+
+// Returns the directory of a language's catalogs; nothing when `language` does not name an entry of the
+// catalogs directory itself.
+std::optional<std::string> language_directory(const std::string& language) {
+    if (language.empty() || language == "." || language == ".." || language.find('/') != std::string::npos)
+        return std::nullopt;
+    const std::string path = ks_resolve_path(kCatalogsPath) + "/" + language;
+    std::error_code error;
+    if (!std::filesystem::exists(std::filesystem::symlink_status(path, error)))
+        return std::nullopt;
+    return path;
+}
+
+// Returns the file's bytes; none when it cannot be read or is too large to be a catalog.
+std::string read_catalog(const std::string& path) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(path), std::fclose);
+    if (!file)
+        return {};
+    std::string text(kLargestCatalog + 1, '\0');
+    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    return text.size() > kLargestCatalog ? std::string() : text;
+}
+
+// Returns the text with its escapes replaced: \n is a line feed, a backslash before any other character
+// leaves that one. Nothing when a lone backslash ends it.
+std::optional<std::string> unescaped(std::string_view text) {
+    std::string plain;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] != '\\') {
+            plain += text[i];
+            continue;
+        }
+        if (++i == text.size())
+            return std::nullopt;
+        plain += text[i] == 'n' ? '\n' : text[i];
+    }
+    return plain;
+}
+
+}  // namespace
+
+KSLocale* const ks_locale = &locale;
+
+void KSLocale::Open(const char* catalog) {
+    // The language list always holds this one, with or without an entry of its own.
+    std::string directory = language_directory("english").value_or("");
+    ks_read_settings_lines([&, english = directory](const ks_settings_line& line) {
+        if (!line.Is("LANGUAGE"))
+            return;
+        const std::string language = line.Value();
+        if (language == "english")
+            directory = english;
+        else if (const auto found = language_directory(language))
+            directory = *found;
+    });
+    Read(directory.empty() || !catalog ? std::string() : read_catalog(directory + "/" + catalog));
+}
+
+void KSLocale::Read(std::string_view text) {
+    _texts.clear();
+    if (text.starts_with("\xEF\xBB\xBF"))
+        text.remove_prefix(3);
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        ReadLine(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+}
+
+void KSLocale::ReadLine(std::string_view line) {
+    if (line.ends_with('\r'))
+        line.remove_suffix(1);
+    std::uint32_t id = 0;
+    const auto [after, error] = std::from_chars(line.data(), line.data() + line.size(), id);
+    if (error != std::errc() || after == line.data() + line.size() || (*after != ' ' && *after != '\t'))
+        return;
+    line.remove_prefix(static_cast<std::size_t>(after + 1 - line.data()));
+    if (line.find('\0') != std::string_view::npos || !ks_utf8_is_valid(line))
+        return;
+    if (auto text = unescaped(line))
+        _texts[id] = std::move(*text);
+}
+
+const char* KSLocale::String(std::uint32_t id, const char* default_text) const {
+    const auto found = _texts.find(id);
+    return found == _texts.end() || found->second.empty() ? default_text : found->second.c_str();
+}

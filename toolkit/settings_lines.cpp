@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+// The grammar of the toolkit's settings file, line by line.
+#include "toolkit/settings_lines.h"
+
+#include "kits/storage.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+constexpr const char* kSeparators = " =";
+constexpr std::size_t kPieceLength = 1023;
+constexpr std::size_t kKeyRoom = 63;  // for the longest key, its "_BMP", " = " and the line feed
+
+char lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+std::string ks_settings_line::Value() const {
+    const std::size_t start = rest.find_first_not_of(kSeparators);
+    if (start == std::string::npos)
+        return {};
+    const std::size_t last = rest.find_last_not_of(" \n");
+    return last == std::string::npos || last < start ? std::string() : rest.substr(start, last - start + 1);
+}
+
+// Not strcasecmp(): keys do not change their case with the user's locale.
+bool ks_settings_line::Is(std::string_view other) const {
+    return std::equal(key.begin(), key.end(), other.begin(), other.end(),
+                      [](char a, char b) { return lower(a) == lower(b); });
+}
+
+bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {
+    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(kSettingsPath),
+                                                               std::fclose);
+    if (!file)
+        return false;
+    char buffer[kPieceLength + 1];
+    while (std::fgets(buffer, sizeof buffer, file.get())) {
+        const std::string_view piece(buffer);
+        const std::size_t start = std::min(piece.find_first_not_of(kSeparators), piece.size());
+        const std::size_t end = piece.find_first_of(kSeparators, start);
+        if (end == std::string_view::npos || end + 1 == piece.size())
+            continue;
+        handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
+    }
+    return true;
+}
+
+bool ks_fits_settings_line(std::string_view value) {
+    constexpr std::string_view forbidden("\n\0", 2);
+    return !value.empty() && value.size() <= kPieceLength - kKeyRoom &&
+           value.find_first_of(forbidden) == std::string_view::npos && value.front() != ' ' &&
+           value.front() != '=' && value.back() != ' ';
+}
