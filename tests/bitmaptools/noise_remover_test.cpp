@@ -68,7 +68,7 @@ TEST(NoiseRemover, WorkedValues) {
         {"SingleSpeck", 3, 1, 1, {0, 0, 0, 0, 9, 0, 0, 0, 0}, {0, 0, 0, 0, 0, 0, 0, 0, 0}},
         {"ThresholdZero", 3, 1, 0, {0, 0, 0, 0, 9, 0, 0, 0, 0}, {0, 0, 0, 0, 9, 0, 0, 0, 0}},
         {"TieGoesRight", 5, 2, 1, {1, 1, 5, 2, 2}, {1, 1, 2, 2, 2}},
-        {"LeftIsMoreFrequent", 5, 2, 1, {1, 1, 5, 2, 7}, {1, 1, 1, 2, 2}},
+        {"LeftIsMoreFrequent", 5, 2, 1, {1, 1, 5, 2, 7}, {1, 1, 1, 7, 2}},
         {"AdjacentSpecksStay", 4, 1, 1, {0, 0, 0, 0, 0, 9, 9, 0}, {0, 0, 0, 0, 0, 9, 9, 0}},
         {"TestsSeeTheImageAsItWas",
          4,
