@@ -1,0 +1,62 @@
+# SPDX-License-Identifier: MIT
+# The imaging library as others use it: shared and static, with headers, CMake package and pkg-config file.
+include(CMakePackageConfigHelpers)
+
+set(imaging_folders merge bitmaptools kits_bitmap toolkit_message raster)
+set(imaging_headers
+    bitmaptools/KSBitmapTools.h
+    hdr/KSList.h
+    hdr/KSPoint.h
+    hdr/KSRect.h
+    hdr/ks_color.h
+    hdr/ks_export.h
+    hdr/ks_math.h
+    hdr/ks_version.h
+    kits/BBitmap.h
+    kits/BRect.h
+    merge/KSMerge.h
+    raster/KSRaster.h
+    toolkit/KSMessage.h)
+
+# The header that says the version is the one place where it stands.
+set(imaging_version "")
+foreach(part MAJOR MINOR PATCH)
+    file(STRINGS "${PROJECT_SOURCE_DIR}/hdr/ks_version.h" line REGEX "#define KS_IMAGING_VERSION_${part} ")
+    string(REGEX MATCH "[0-9]+$" number "${line}")
+    list(APPEND imaging_version ${number})
+endforeach()
+list(GET imaging_version 0 imaging_major)
+list(JOIN imaging_version "." imaging_version)
+
+# imaging_library(<target> <exported name> <type>)
+function(imaging_library target name type)
+    list(TRANSFORM imaging_folders REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
+    add_library(${target} ${type} ${objects})
+    add_library(ks::${name} ALIAS ${target})
+    set_target_properties(${target} PROPERTIES
+        OUTPUT_NAME ksimaging EXPORT_NAME ${name} LINKER_LANGUAGE CXX
+        VERSION ${imaging_version} SOVERSION ${imaging_major})
+    target_compile_features(${target} PUBLIC cxx_std_20)
+    target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:nymbrel_flags>)
+    list(TRANSFORM imaging_headers PREPEND "${PROJECT_SOURCE_DIR}/" OUTPUT_VARIABLE headers)
+    target_sources(${target} PUBLIC FILE_SET HEADERS BASE_DIRS "${PROJECT_SOURCE_DIR}" FILES ${headers})
+    install(TARGETS ${target} EXPORT ksimaging COMPONENT imaging
+        FILE_SET HEADERS DESTINATION "${CMAKE_INSTALL_INCLUDEDIR}/ksimaging")
+endfunction()
+
+imaging_library(ks_imaging imaging SHARED)
+imaging_library(ks_imaging_static imaging_static STATIC)
+
+# Exactly the symbols of this list are visible in the shared library.
+set(imaging_symbols "${PROJECT_SOURCE_DIR}/cmake/ksimaging.symbols")
+target_link_options(ks_imaging PRIVATE "LINKER:--version-script,${imaging_symbols}" "LINKER:--no-undefined-version")
+set_property(TARGET ks_imaging APPEND PROPERTY LINK_DEPENDS "${imaging_symbols}")
+
+set(imaging_package "${CMAKE_INSTALL_LIBDIR}/cmake/ksimaging")
+write_basic_package_version_file("${PROJECT_BINARY_DIR}/ksimagingConfigVersion.cmake"
+    VERSION ${imaging_version} COMPATIBILITY SameMajorVersion)
+file(RELATIVE_PATH imaging_prefix_from_pc "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
+configure_file("${PROJECT_SOURCE_DIR}/cmake/ksimaging.pc.in" "${PROJECT_BINARY_DIR}/ksimaging.pc" @ONLY)
+install(EXPORT ksimaging NAMESPACE ks:: FILE ksimagingConfig.cmake DESTINATION "${imaging_package}" COMPONENT imaging)
+install(FILES "${PROJECT_BINARY_DIR}/ksimagingConfigVersion.cmake" DESTINATION "${imaging_package}" COMPONENT imaging)
+install(FILES "${PROJECT_BINARY_DIR}/ksimaging.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT imaging)

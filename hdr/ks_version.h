@@ -1,0 +1,12 @@
+// SPDX-License-Identifier: MIT
+// The version of the imaging library whose headers these are.
+#pragma once
+
+// Versions with the same major number are compatible: what was linked against an older one runs with a newer.
+#define KS_IMAGING_VERSION_MAJOR 1
+#define KS_IMAGING_VERSION_MINOR 0
+#define KS_IMAGING_VERSION_PATCH 0
+
+// The version as one number that grows: 10203 for version 1.2.3.
+#define KS_IMAGING_VERSION                                                                                   \
+    (KS_IMAGING_VERSION_MAJOR * 10000 + KS_IMAGING_VERSION_MINOR * 100 + KS_IMAGING_VERSION_PATCH)
