@@ -1,0 +1,183 @@
+// SPDX-License-Identifier: MIT
+// The application's message loop beside a window server's: order, quitting, signals and failures.
+#include "kits/BRoster.h"
+#include "kits/BView.h"
+#include "kits/BWindow.h"
+#include "tests/kits/test_application.h"
+
+#include <algorithm>
+#include <atomic>
+#include <csignal>
+#include <cstdlib>
+#include <gtest/gtest.h>
+#include <stdexcept>
+#include <thread>
+#include <unistd.h>
+
+namespace {
+
+using testing::Test;
+
+constexpr std::uint32_t kFirst = ks_message_code("FRST");
+constexpr std::uint32_t kSecond = ks_message_code("SCND");
+
+class Application : public Test {
+protected:
+    void SetUp() override { setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); }
+
+    TestApplication app;
+    TestServer server;
+};
+
+TEST_F(Application, TakesMessagesInOrderOnItsOwnThread) {
+    std::atomic<std::thread::id> loop_thread;
+    app.on_ready = [&] {
+        EXPECT_TRUE(app.received.Entries().empty());
+        loop_thread = std::this_thread::get_id();
+        app.PostMessage(kSecond);
+        app.PostMessage(B_QUIT_REQUESTED);
+        app.PostMessage(kSecond);  // behind the quit request: dropped
+    };
+    app.on_message = [&](std::uint32_t) { EXPECT_EQ(std::this_thread::get_id(), loop_thread.load()); };
+    app.PostMessage(kFirst);
+    app.Run(&server);
+    EXPECT_EQ(app.received.Entries(), (std::vector{kFirst, kSecond}));
+    EXPECT_NE(loop_thread.load(), std::this_thread::get_id());
+    EXPECT_EQ(server.calls.Entries(), (std::vector<std::string>{"prepare without bus", "run"}));
+}
+
+TEST_F(Application, GoesOnWhenAQuitRequestIsRefused) {
+    int asked = 0;
+    app.on_quit = [&] { return ++asked == 2; };
+    app.PostMessage(B_QUIT_REQUESTED);
+    app.PostMessage(kFirst);
+    app.PostMessage(B_QUIT_REQUESTED);
+    app.Run();
+    EXPECT_EQ(asked, 2);
+    EXPECT_EQ(app.received.Entries(), std::vector{kFirst});
+}
+
+TEST_F(Application, LosesNoMessageOfManyThreads) {
+    constexpr int kThreads = 4, kEach = 500;
+    std::vector<std::thread> senders;
+    app.on_ready = [&] {
+        for (int t = 0; t < kThreads; ++t)
+            senders.emplace_back([&] {
+                for (int i = 0; i < kEach; ++i)
+                    app.PostMessage(kFirst);
+            });
+    };
+    int count = 0;
+    app.on_message = [&](std::uint32_t) {
+        if (++count == kThreads * kEach)
+            app.PostMessage(B_QUIT_REQUESTED);
+    };
+    app.Run(&server);
+    for (std::thread& sender : senders)
+        sender.join();
+    EXPECT_EQ(count, kThreads * kEach);
+}
+
+class QuitSignal : public Application, public testing::WithParamInterface<int> {};
+
+TEST_P(QuitSignal, IsAQuitRequest) {
+    const auto is_blocked = [] {
+        sigset_t mask;
+        pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+        return sigismember(&mask, GetParam()) == 1;
+    };
+    int asked = 0;
+    app.on_ready = [] { kill(getpid(), GetParam()); };
+    app.on_quit = [&] { return ++asked > 0; };
+    ASSERT_FALSE(is_blocked());
+    app.Run(&server);
+    EXPECT_EQ(asked, 1);
+    EXPECT_FALSE(is_blocked());
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, QuitSignal, testing::Values(SIGTERM, SIGINT),
+                         [](const auto& param) { return param.param == SIGTERM ? "Term" : "Int"; });
+
+TEST_F(Application, ThrowsOnWhatAHookThrows) {
+    app.on_ready = [] { throw std::runtime_error("no window"); };
+    EXPECT_THROW(app.Run(&server), std::runtime_error);
+}
+
+TEST_F(Application, EndsWithItsServerButDoesItsWorkFirst) {
+    int asked = 0;
+    app.on_quit = [&] { return ++asked < 0; };
+    app.on_ready = [&] {
+        app.PostMessage(kFirst);
+        server.Quit();
+    };
+    app.Run(&server);
+    EXPECT_EQ(app.received.Entries(), std::vector{kFirst});
+    EXPECT_EQ(asked, 1);
+}
+
+TEST_F(Application, ThrowsOnWhatItsServerThrows) {
+    class BrokenServer : public TestServer {
+        void Run() override { throw std::runtime_error("no display"); }
+    } broken;
+    EXPECT_THROW(app.Run(&broken), std::runtime_error);
+}
+
+TEST(ApplicationsWindows, AreShownByTheServerAndDeletedByTheApplication) {
+    struct View : BView {
+        explicit View(bool& deleted_) : deleted(deleted_) {}
+        ~View() override { deleted = true; }
+        bool& deleted;
+    };
+    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
+    bool deleted = false;
+    {
+        TestApplication app;
+        TestServer server;
+        app.on_ready = [&] {
+            auto* window = new BWindow({100, 100, 600, 400}, "Title");
+            auto* view = new View(deleted);
+            window->AddChild(view);
+            EXPECT_EQ(view->Window(), window);
+            EXPECT_EQ(app.Windows(), std::vector{window});
+            window->Show();
+            window->PostMessage(kFirst);
+            window->PostMessage(B_QUIT_REQUESTED);
+        };
+        app.Run(&server);
+        const std::vector<std::string> calls = server.calls.Entries();
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), "show"), 1);
+        EXPECT_EQ(app.received.Entries(), std::vector{kFirst});
+        EXPECT_FALSE(deleted);
+    }
+    EXPECT_TRUE(deleted);
+    EXPECT_EQ(be_app, nullptr);
+}
+
+TEST_F(Application, HearsItsOwnBroadcastOnceWithoutABus) {
+    app.on_ready = [&] {
+        const BMessage message(kFirst);
+        be_roster->Broadcast(&message);
+        be_roster->Broadcast(nullptr);
+        app.PostMessage(B_QUIT_REQUESTED);
+    };
+    app.Run();
+    EXPECT_EQ(app.starting.Entries(), std::vector{kFirst});
+    EXPECT_EQ(app.received.Entries(), std::vector{kFirst});
+}
+
+using ApplicationDeathTest = Application;
+
+TEST_F(ApplicationDeathTest, IsTheOnlyOneAndRunsOnce) {
+    EXPECT_DEATH(TestApplication(), "BApplication: .*!be_app");
+    app.PostMessage(B_QUIT_REQUESTED);
+    app.Run();
+    EXPECT_DEATH(app.Run(), "BApplication: Run: .*has_run");
+}
+
+TEST_F(ApplicationDeathTest, MustNotHoldTheLockOfAWindowThatItShows) {
+    BWindow window({0, 0, 9, 9}, nullptr);
+    const BAutolock lock(&window);
+    EXPECT_DEATH(window.Show(), "BWindow: Show: .*!IsLocked\\(\\)");
+}
+
+}  // namespace

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// The looper's lock, and the handler's name.
+#include "kits/BLooper.h"
+#include "kits/BMessage.h"
+
+#include <gtest/gtest.h>
+#include <thread>
+
+namespace {
+
+class Looper : public BLooper {
+public:
+    void PostMessage(const BMessage&) override {}
+    using BLooper::Close;
+};
+
+TEST(Handler, HasANameOrNone) {
+    BHandler handler;
+    EXPECT_EQ(handler.Name(), nullptr);
+    handler.SetName("settings");
+    EXPECT_STREQ(handler.Name(), "settings");
+    handler.SetName(nullptr);
+    EXPECT_EQ(handler.Name(), nullptr);
+}
+
+TEST(LooperLock, IsRecursiveAndBelongsToItsThread) {
+    Looper looper;
+    EXPECT_FALSE(looper.IsLocked());
+    ASSERT_TRUE(looper.Lock());
+    ASSERT_TRUE(looper.Lock());
+    looper.Unlock();
+    EXPECT_TRUE(looper.IsLocked());
+    std::thread([&] { EXPECT_FALSE(looper.IsLocked()); }).join();
+    looper.Unlock();
+    EXPECT_FALSE(looper.IsLocked());
+}
+
+TEST(LooperLock, KeepsThreadsApart) {
+    constexpr int kTurns = 20000;
+    Looper looper;
+    int count = 0;  // plain: only the lock guards it
+    const auto add = [&] {
+        for (int i = 0; i < kTurns; ++i) {
+            const BAutolock lock(&looper);
+            ++count;
+        }
+    };
+    std::thread other(add);
+    add();
+    other.join();
+    EXPECT_EQ(count, 2 * kTurns);
+}
+
+TEST(LooperLock, IsRefusedOnceClosed) {
+    Looper looper;
+    looper.Close();
+    EXPECT_FALSE(looper.Lock());
+    EXPECT_FALSE(looper.IsLocked());
+    EXPECT_FALSE(BAutolock(&looper));
+    EXPECT_FALSE(BAutolock(nullptr));
+}
+
+TEST(LooperLock, LetsItsHolderFinishBeforeItCloses) {
+    Looper looper;
+    bool finished = false;
+    ASSERT_TRUE(looper.Lock());
+    std::thread closer([&] {
+        looper.Close();
+        EXPECT_TRUE(finished);
+    });
+    finished = true;
+    looper.Unlock();
+    closer.join();
+    EXPECT_FALSE(looper.Lock());
+}
+
+TEST(LooperLockDeathTest, MayOnlyBeGivenBackByItsHolder) {
+    Looper looper;
+    EXPECT_DEATH(looper.Unlock(), "BLooper: Unlock: assertion \"IsLocked\\(\\)\" failed");
+}
+
+}  // namespace

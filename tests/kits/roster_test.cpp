@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+// Broadcasts to other processes over a session bus, and buses that fail in every way.
+#include "kits/BRoster.h"
+#include "tests/kits/private_bus.h"
+#include "tests/kits/test_application.h"
+
+#include <algorithm>
+#include <cstdarg>
+#include <gtest/gtest.h>
+#include <time.h>
+
+namespace {
+
+using std::chrono::milliseconds;
+
+constexpr std::uint32_t kNotice = ks_message_code("fAPL");
+constexpr std::uint32_t kOther = ks_message_code("OTHR");
+constexpr const char* kNoticeLine = "6641504c";
+constexpr const char* kOtherLine = "4f544852";
+constexpr milliseconds kPatience{500};
+constexpr milliseconds kSlack{100};  // for a busy machine; what waits without end waits far longer
+
+void broadcast(std::uint32_t code) {
+    const BMessage message(code);
+    be_roster->Broadcast(&message);
+}
+
+// Sends the roster's signal, or one like it, as a program that is none of ours might.
+void emit(sd_bus* connection, const char* interface, const char* signature, ...) {
+    sd_bus_message* signal = nullptr;
+    ASSERT_GE(sd_bus_message_new_signal(connection, &signal, "/org/nymbrel/Roster", interface, "Broadcast"),
+              0);
+    va_list values;
+    va_start(values, signature);
+    EXPECT_GE(sd_bus_message_appendv(signal, signature, values), 0);
+    va_end(values);
+    EXPECT_GE(sd_bus_send(connection, signal, nullptr), 0);
+    sd_bus_message_unref(signal);
+}
+
+// Runs `scenario` on a thread of its own while `app` runs, then quits the application.
+void run_beside(TestApplication& app, WindowServer* server, const std::function<void()>& scenario) {
+    std::thread thread;
+    app.on_ready = [&] {
+        thread = std::thread([&] {
+            scenario();
+            app.PostMessage(B_QUIT_REQUESTED);
+        });
+    };
+    app.Run(server);
+    thread.join();
+}
+
+milliseconds cpu_time() {
+    timespec used{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &used);
+    return std::chrono::duration_cast<milliseconds>(std::chrono::seconds(used.tv_sec) +
+                                                    std::chrono::nanoseconds(used.tv_nsec));
+}
+
+TEST(Roster, ReachesEveryApplicationOnce) {
+    PrivateBus bus;
+    ChildProcess peer({ROSTER_PEER}), other_peer({ROSTER_PEER});
+    ASSERT_EQ(peer.ReadLine(), "ready");
+    ASSERT_EQ(other_peer.ReadLine(), "ready");
+    TestApplication app;
+    TestServer server;
+    run_beside(app, &server, [&] {
+        bus.Settle();
+        broadcast(kNotice);
+        broadcast(kOther);
+        EXPECT_TRUE(app.received.WaitFor(2));
+        for (ChildProcess* process : {&peer, &other_peer}) {
+            EXPECT_EQ(process->ReadLine(), kNoticeLine);
+            EXPECT_EQ(process->ReadLine(), kOtherLine);
+        }
+        bus.Settle();  // an echo of our own would be back by now
+    });
+    EXPECT_EQ(app.received.Entries(), (std::vector{kNotice, kOther}));
+    EXPECT_EQ(server.calls.Entries().front(), "prepare");
+    EXPECT_EQ(peer.End(SIGTERM), 0);
+    EXPECT_EQ(peer.ReadLine(), "(end)");
+}
+
+TEST(Roster, DeliversWhatIsSentJustBeforeTheEnd) {
+    PrivateBus bus;
+    TestApplication app;
+    constexpr std::size_t kSenders = 20;
+    run_beside(app, nullptr, [&] {
+        bus.Settle();
+        for (std::size_t i = 0; i < kSenders; ++i)
+            EXPECT_EQ(ChildProcess({ROSTER_PEER, "fAPL"}).End(), 0);
+        EXPECT_TRUE(app.received.WaitFor(kSenders));
+    });
+    EXPECT_EQ(app.received.Entries(), std::vector(kSenders, kNotice));
+}
+
+TEST(Roster, TakesFloodsAndIgnoresWhatIsNotItsSignal) {
+    PrivateBus bus;
+    TestApplication app;
+    constexpr std::size_t kFlood = 700;
+    run_beside(app, nullptr, [&] {
+        bus.Settle();
+        sd_bus* connection = PrivateBus::Connect();
+        emit(connection, "org.nymbrel.Roster", "s", "fAPL");
+        emit(connection, "org.nymbrel.Roster", "uu", 1u, 2u);
+        emit(connection, "org.nymbrel.Roster", "as", 2, "a", "b");
+        emit(connection, "org.nymbrel.Roster", "");
+        emit(connection, "org.example.Roster", "u", kOther);
+        for (std::size_t i = 0; i < kFlood; ++i)
+            emit(connection, "org.nymbrel.Roster", "u", kNotice);
+        sd_bus_flush_close_unref(connection);
+        EXPECT_TRUE(app.received.WaitFor(kFlood));
+    });
+    EXPECT_EQ(app.received.Entries(), std::vector(kFlood, kNotice));
+}
+
+TEST(Roster, OutlivesItsBusWithoutSpinning) {
+    PrivateBus bus;
+    TestApplication app;
+    run_beside(app, nullptr, [&] {
+        bus.Settle();
+        bus.daemon.End(SIGKILL);
+        broadcast(kNotice);
+        EXPECT_TRUE(app.received.WaitFor(1));
+        const milliseconds before = cpu_time();
+        poll(nullptr, 0, 200);
+        EXPECT_LT(cpu_time() - before, milliseconds(50));
+        broadcast(kOther);
+        EXPECT_TRUE(app.received.WaitFor(2));
+    });
+    EXPECT_EQ(app.received.Entries(), (std::vector{kNotice, kOther}));
+}
+
+// The bus is there at first and then takes nothing more: all broadcasts together wait for it once.
+TEST(Roster, GivesUpABusThatStopsAnswering) {
+    PrivateBus bus;
+    TestApplication app;
+    constexpr std::size_t kMost = 200000;  // far more than the socket holds
+    std::size_t sent = 0;
+    run_beside(app, nullptr, [&] {
+        bus.Settle();
+        bus.daemon.Signal(SIGSTOP);
+        const auto time_of_one = [&] {
+            const auto start = std::chrono::steady_clock::now();
+            broadcast(kNotice);
+            ++sent;
+            return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now() - start);
+        };
+        milliseconds longest{0};
+        while (longest < kPatience - milliseconds(1) && sent < kMost)
+            longest = std::max(longest, time_of_one());
+        EXPECT_LT(sent, kMost) << "the socket was never full";
+        EXPECT_LT(longest, kPatience + kSlack);
+        EXPECT_LT(time_of_one(), kSlack);
+        EXPECT_TRUE(app.received.WaitFor(sent));
+    });
+    bus.daemon.Signal(SIGCONT);
+    EXPECT_EQ(app.received.Entries().size(), sent);
+}
+
+// What the application does on a bus that is none, and how long that takes.
+milliseconds time_without_bus() {
+    TestApplication app;
+    TestServer server;
+    app.on_ready = [&] {
+        broadcast(kNotice);
+        app.PostMessage(B_QUIT_REQUESTED);
+    };
+    const auto start = std::chrono::steady_clock::now();
+    app.Run(&server);
+    const auto taken = std::chrono::steady_clock::now() - start;
+    EXPECT_EQ(app.received.Entries(), std::vector{kNotice});
+    EXPECT_EQ(server.calls.Entries().front(), "prepare without bus");
+    return std::chrono::duration_cast<milliseconds>(taken);
+}
+
+TEST(RosterWithoutBus, CostsNothingWhereNoneCanBeReached) {
+    unsetenv("XDG_RUNTIME_DIR");
+    unsetenv("DBUS_SESSION_BUS_ADDRESS");
+    EXPECT_LT(time_without_bus(), kSlack) << "no address";
+    for (const char* address :
+         {"", "disabled:", "garbage", "unix:", "unix:path=", "unix:path=/nowhere/at/all",
+          "unix:path=/dev/null", "unix:abstract=nymbrel-nobody-listens;;;unix:path=%zz",
+          "tcp:host=localhost,port=1", "unixexec:path=false", "autolaunch:"}) {
+        setenv("DBUS_SESSION_BUS_ADDRESS", address, 1);
+        EXPECT_LT(time_without_bus(), kSlack) << address;
+    }
+}
+
+TEST(RosterWithoutBus, WaitsOnceForAMuteOne) {
+    FakeBus bus;
+    const milliseconds taken = time_without_bus();
+    EXPECT_GE(taken, kPatience - milliseconds(1));
+    EXPECT_LT(taken, kPatience + kSlack);
+}
+
+struct impostor_case {
+    const char* name;
+    const char* answer;  // to the greeting
+};
+
+void PrintTo(const impostor_case& value, std::ostream* out) {
+    *out << value.name;
+}
+
+class Impostor : public testing::TestWithParam<impostor_case> {};
+
+TEST_P(Impostor, IsGivenUp) {
+    FakeBus bus([](int connection) {
+        char greeting[512];
+        if (read(connection, greeting, sizeof greeting) <= 0)
+            return;
+        const std::string answer = GetParam().answer;
+        for (std::size_t sent = 0; sent < answer.size();) {
+            const ssize_t count = send(connection, answer.data() + sent, answer.size() - sent, MSG_NOSIGNAL);
+            if (count <= 0)
+                return;
+            sent += static_cast<std::size_t>(count);
+        }
+        while (read(connection, greeting, sizeof greeting) > 0) {
+        }
+    });
+    EXPECT_LT(time_without_bus(), kPatience + kSlack);
+}
+
+const impostor_case kImpostors[] = {
+    {"SaysNothingMore", ""},
+    {"Refuses", "REJECTED EXTERNAL\r\nERROR\r\n"},
+    {"SpeaksSomethingElse", "HTTP/1.1 400 Bad Request\r\n\r\n"},
+    {"NeverFinishesTheGreeting", "OK 0123456789abcdef0123456789abcdef"},
+    {"NeverAnswersHello", "DATA\r\nOK 0123456789abcdef0123456789abcdef\r\nAGREE_UNIX_FD\r\n"},
+    {"TalksGarbageAfterTheGreeting",
+     "DATA\r\nOK 0123456789abcdef0123456789abcdef\r\nAGREE_UNIX_FD\r\n"
+     "lllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllllll"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Greetings, Impostor, testing::ValuesIn(kImpostors),
+                         [](const auto& param) { return std::string(param.param.name); });
+
+}  // namespace
