@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+// What AGG's pixel formats and renderers can do of the benchmarks' tasks, on premultiplied and on straight
+// images.
+#include "bench/imaging/tasks.h"
+
+#include <agg_image_accessors.h>
+#include <agg_pixfmt_rgba.h>
+#include <agg_renderer_base.h>
+#include <agg_rendering_buffer.h>
+#include <agg_span_image_filter_rgba.h>
+#include <agg_span_interpolator_linear.h>
+#include <agg_trans_affine.h>
+#include <agg_trans_bilinear.h>
+
+namespace {
+
+template <template <class, class> class Adaptor>
+using CompositingFormat =
+    agg::pixfmt_custom_blend_rgba<Adaptor<agg::rgba8, agg::order_bgra>, agg::rendering_buffer>;
+
+agg::rendering_buffer wrap(Image& image) {
+    return agg::rendering_buffer(image.Data(), static_cast<unsigned>(image.Width()),
+                                 static_cast<unsigned>(image.Height()), image.BytesPerRow());
+}
+
+agg::rgba8 agg_colour(std::uint32_t pixel) {
+    return agg::rgba8(pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255, pixel >> 24);
+}
+
+std::optional<agg::comp_op_e> operator_of(ks_composition_mode mode) {
+    switch (mode) {
+    case kMergeMultiply:
+        return agg::comp_op_multiply;
+    case kMergeScreen:
+        return agg::comp_op_screen;
+    case kMergeErase:
+        return agg::comp_op_dst_out;
+    case kMergeAdd:
+        return agg::comp_op_plus;
+    case kMergeDarkest:
+        return agg::comp_op_darken;
+    case kMergeLightest:
+        return agg::comp_op_lighten;
+    case kMergeDifference:
+        return agg::comp_op_difference;
+    case kMergeAlphaMask:
+        return agg::comp_op_dst_in;
+    default:
+        return std::nullopt;
+    }
+}
+
+// Adds a contender that composes row by row through the pixel format `Format`, made with `options`.
+template <class Format, class... Options>
+void add_format(Contest& contest, const Composition& task, bool premultiplied, Options... options) {
+    Scene& scene = *task.scene;
+    const auto buffer = std::make_shared<agg::rendering_buffer>(wrap(scene.destination));
+    const auto source_buffer = std::make_shared<agg::rendering_buffer>(
+        wrap(premultiplied ? scene.premultiplied_source : scene.straight_source));
+    const auto colour = agg_colour(premultiplied ? ::premultiplied(kColour) : kColour);
+    const bool copies = task.mode == kMergeCopy;
+    const bool run = task.family == Family::kRun;
+    contest.Add(
+        premultiplied ? "AGG premultiplied" : "AGG straight",
+        premultiplied ? Picture::kPremultiplied : Picture::kStraight,
+        [=, width = static_cast<unsigned>(scene.destination.Width()), height = scene.destination.Height()] {
+            Format format(*buffer, options...);
+            const Format source(*source_buffer, options...);
+            for (int y = 0; y < height; ++y) {
+                if (copies && run)
+                    format.copy_hline(0, y, width, colour);
+                else if (copies)
+                    format.copy_from(*source_buffer, 0, y, 0, y, width);
+                else if (run)
+                    format.blend_hline(0, y, width, colour, agg::cover_full);
+                else
+                    format.blend_from(source, 0, y, 0, y, width, agg::cover_full);
+            }
+        },
+        premultiplied ? scene.RestorePremultiplied() : scene.RestoreStraight());
+}
+
+// Spans hold red before blue; a source read so too keeps the bytes in their places.
+using SourceFormat = agg::pixfmt_rgba32_pre;
+using Accessor = agg::image_accessor_clip<SourceFormat>;
+
+// What generates the spans of a destination from a source through a map.
+template <class Interpolator, class Map> std::function<void()> sampling_pass(Resampling& task, Map map) {
+    return [&task, map]() mutable {
+        agg::rendering_buffer source_buffer = wrap(task.premultiplied_source);
+        SourceFormat format(source_buffer);
+        Accessor accessor(format, agg::rgba8(0, 0, 0, 0));
+        Interpolator interpolator(map);
+        const auto generate = [&](auto spans) {
+            for (int y = 0; y < task.destination.Height(); ++y)
+                spans.generate(reinterpret_cast<agg::rgba8*>(task.destination.Row(y)), 0, y,
+                               static_cast<unsigned>(task.destination.Width()));
+        };
+        if (task.is_bilinear)
+            generate(agg::span_image_filter_rgba_bilinear<Accessor, Interpolator>(accessor, interpolator));
+        else
+            generate(agg::span_image_filter_rgba_nn<Accessor, Interpolator>(accessor, interpolator));
+    };
+}
+
+std::function<void()> transforming_pass(Resampling& task) {
+    const auto& c = task.corners;
+    const double quad[8] = {c[0].x, c[0].y, c[1].x, c[1].y, c[2].x, c[2].y, c[3].x, c[3].y};
+    return sampling_pass<agg::span_interpolator_linear<agg::trans_bilinear>>(
+        task, agg::trans_bilinear(quad, 0, 0, task.straight_source.Width(), task.straight_source.Height()));
+}
+
+}  // namespace
+
+void add_agg(Contest& contest, const Composition& task) {
+    if (task.mode == kMergeNormal || task.mode == kMergeCopy) {
+        add_format<agg::pixfmt_bgra32_pre>(contest, task, true);
+        add_format<agg::pixfmt_bgra32_plain>(contest, task, false);
+        return;
+    }
+    const auto operation = operator_of(task.mode);
+    if (!operation || (task.family == Family::kRun && task.mode == kMergeAlphaMask))
+        return;
+    add_format<CompositingFormat<agg::comp_op_adaptor_rgba_pre>>(contest, task, true,
+                                                                 static_cast<unsigned>(*operation));
+    add_format<CompositingFormat<agg::comp_op_adaptor_rgba_plain>>(contest, task, false,
+                                                                   static_cast<unsigned>(*operation));
+}
+
+void add_agg(Contest& contest, Resampling& task) {
+    if (task.kind == Resampling::Kind::kTransform) {
+        contest.Add("AGG", Picture::kPremultiplied, transforming_pass(task));
+        return;
+    }
+    const auto& m = task.to_source;
+    contest.Add("AGG", Picture::kPremultiplied,
+                sampling_pass<agg::span_interpolator_linear<>>(
+                    task, agg::trans_affine(m[0], m[3], m[1], m[4], m[2], m[5])));
+}

@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+// The contests of composing: every mode over colour runs and arrays, in the cache and in memory.
+#include "bench/imaging/contests.h"
+#include "bench/imaging/levels.h"
+#include "bench/imaging/plain.h"
+#include "bench/imaging/tasks.h"
+
+#include <array>
+#include <cstring>
+
+Scene::Scene(int width, int height, Alphas destination_alphas, Alphas source_alphas)
+    : destination(width, height),
+      straight_start(random_image(width, height, destination_alphas, 1)),
+      premultiplied_start(premultiplied(straight_start)),
+      straight_source(random_image(width, height, source_alphas, 2)),
+      premultiplied_source(premultiplied(straight_source)) {}
+
+std::function<void()> Scene::RestoreStraight() {
+    return [this] { destination.CopyFrom(straight_start); };
+}
+
+std::function<void()> Scene::RestorePremultiplied() {
+    return [this] { destination.CopyFrom(premultiplied_start); };
+}
+
+namespace {
+
+// Calls `row` with each row of the destination and of the source.
+template <class Row> auto each_row(Scene& scene, Row row) {
+    return [&scene, row] {
+        for (int y = 0; y < scene.destination.Height(); ++y)
+            row(scene.destination.Row(y), scene.straight_source.Row(y), scene.destination.Width());
+    };
+}
+
+std::function<void()> kernel_pass(const Composition& task) {
+    if (task.family == Family::kRun)
+        return each_row(*task.scene, [kernel = KSMerge::hash_color_func[task.mode]](
+                                         std::uint32_t* destination, const std::uint32_t*, int count) {
+            kernel(destination, kColour, 255, count);
+        });
+    return each_row(*task.scene, [kernel = KSMerge::hash_array_func[task.mode]](
+                                     std::uint32_t* destination, const std::uint32_t* source, int count) {
+        kernel(destination, source, 255, count);
+    });
+}
+
+// Dissolve draws another picture each time.
+Picture picture_of(ks_composition_mode mode) {
+    return mode == kMergeDissolve ? Picture::kStraight : Picture::kSame;
+}
+
+void add_own(Contest& contest, const Composition& task) {
+    const auto restore = task.scene->RestoreStraight();
+    const Picture picture = picture_of(task.mode);
+    for (const Level& level : levels())
+        contest.Add(level.name, picture, at_level(level, kernel_pass(task)), restore);
+}
+
+// The pixel kernel of the table in a loop; and the mode as plain C++ writes it.
+void add_scalar(Contest& contest, const Composition& task) {
+    Scene& scene = *task.scene;
+    const bool run = task.family == Family::kRun;
+    const bool differs = task.mode == kMergeErase || (task.mode == kMergeAlphaMask && !run);
+    if (!differs)  // The pixel family has its own rule for these.
+        contest.Add("pixel kernel", picture_of(task.mode),
+                    each_row(scene,
+                             [run, kernel = KSMerge::hash_pixel_func[task.mode]](
+                                 std::uint32_t* destination, const std::uint32_t* source, int count) {
+                                 for (int x = 0; x < count; ++x)
+                                     destination[x] = kernel(destination[x], run ? kColour : source[x], 255);
+                             }),
+                    scene.RestoreStraight());
+    // Only arrays mask; the other families of the mode are those of XOR Mask.
+    const bool masks = task.mode == kMergeAlphaMask && !run;
+    plain::with_mode(task.mode == kMergeAlphaMask && !masks ? kMergeXorMask : task.mode, [&](auto mode) {
+        contest.Add("plain C++", Picture::kSame,
+                    each_row(scene,
+                             [run, mode](std::uint32_t* destination, const std::uint32_t* source, int count) {
+                                 for (int x = 0; x < count; ++x)
+                                     destination[x] = mode(destination[x], run ? kColour : source[x]);
+                             }),
+                    scene.RestoreStraight());
+    });
+}
+
+void add_memory(Contest& contest, const Composition& task) {
+    Scene& scene = *task.scene;
+    const auto restore = scene.RestoreStraight();
+    if (task.family == Family::kRun) {
+        contest.Add("memset", Picture::kUnrelated,
+                    each_row(scene,
+                             [](std::uint32_t* destination, const std::uint32_t*, int count) {
+                                 std::memset(destination, 0x5A, static_cast<std::size_t>(count) * 4);
+                             }),
+                    restore);
+        return;
+    }
+    contest.Add("memcpy", Picture::kUnrelated,
+                each_row(scene,
+                         [](std::uint32_t* destination, const std::uint32_t* source, int count) {
+                             std::memcpy(destination, source, static_cast<std::size_t>(count) * 4);
+                         }),
+                restore);
+}
+
+using AddPeer = void (*)(Contest&, const Composition&);
+constexpr AddPeer kPeers[] = {add_pixman, add_qt, add_libyuv, add_sdl, add_agg, add_cairo, add_opencv};
+
+// A composing contest has a destination of one kind of alphas and a size.
+struct Place {
+    const char* name;
+    int width, height;
+};
+constexpr Place kRows = {"rows", 1024, 64};
+constexpr Place kLarge = {"4096", 4096, 4096};
+
+void run_composition(Runner& runner, const Place& place, Alphas alphas, ks_composition_mode mode,
+                     Family family, std::unique_ptr<Scene>& scene) {
+    const std::string name = std::string(KSMerge::composition_label[mode]) +
+                             (family == Family::kRun ? "/run/" : "/array/") + name_of(alphas) + "/" +
+                             place.name;
+    if (!runner.Wants(name))
+        return;
+    if (!scene)
+        scene = std::make_unique<Scene>(place.width, place.height, alphas);
+    const Composition task{mode, family, alphas, scene.get()};
+    Contest contest(name, static_cast<double>(scene->destination.Count()), &scene->destination);
+    add_own(contest, task);
+    add_memory(contest, task);
+    add_scalar(contest, task);
+    for (const AddPeer add : kPeers)
+        add(contest, task);
+    runner.Run(std::move(contest));
+}
+
+void run_modes(Runner& runner, const Place& place, Alphas alphas,
+               std::initializer_list<ks_composition_mode> modes) {
+    std::unique_ptr<Scene> scene;
+    for (const ks_composition_mode mode : modes)
+        for (const Family family : {Family::kRun, Family::kArray})
+            run_composition(runner, place, alphas, mode, family, scene);
+}
+
+}  // namespace
+
+void run_composition_contests(Runner& runner) {
+    for (const Alphas alphas : {Alphas::kOpaque, Alphas::kTranslucent, Alphas::kMixed})
+        run_modes(runner, kRows, alphas,
+                  {kMergeNormal,
+                   kMergeMultiply,
+                   kMergeScreen,
+                   kMergeErase,
+                   kMergeAdd,
+                   kMergeSubtract,
+                   kMergeDarkest,
+                   kMergeLightest,
+                   kMergeDifference,
+                   kMergeAverage,
+                   kMergeInvert,
+                   kMergeDissolve,
+                   kMergeReplaceHue,
+                   kMergeReplaceSaturation,
+                   kMergeReplaceLuminosity,
+                   kMergeReplaceColor,
+                   kMergeXorMask,
+                   kMergeAlphaMask,
+                   kMergeCopy,
+                   kMergeOver,
+                   kMergeFilter,
+                   kMergeOverlay});
+    run_modes(runner, kLarge, Alphas::kOpaque,
+              {kMergeNormal, kMergeMultiply, kMergeErase, kMergeAlphaMask, kMergeCopy});
+    run_modes(runner, kLarge, Alphas::kTranslucent, {kMergeNormal, kMergeErase, kMergeAlphaMask});
+}

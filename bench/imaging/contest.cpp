@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+// Runs contests in interleaved rounds.
+#include "bench/imaging/contest.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cmath>
+#include <cstdio>
+#include <stdexcept>
+
+namespace {
+
+using Clock = std::chrono::steady_clock;
+
+// A contender whose passes have taken this long sits the further rounds out.
+constexpr double kEnoughMicroseconds = 1e6;
+
+// Returns the microseconds of the fastest pass of one turn.
+double best_pass(const Contender& contender, double milliseconds) {
+    double best = HUGE_VAL, total = 0;
+    do {
+        if (contender.restore)
+            contender.restore();
+        const auto start = Clock::now();
+        contender.pass();
+        const double microseconds = std::chrono::duration<double, std::micro>(Clock::now() - start).count();
+        best = std::min(best, microseconds);
+        total += microseconds;
+    } while (total < milliseconds * 1000);
+    return best;
+}
+
+double quantile(const std::vector<double>& sorted, double share) {
+    return sorted[static_cast<std::size_t>(share * static_cast<double>(sorted.size() - 1) + 0.5)];
+}
+
+std::string fixed(double value) {
+    char text[32];
+    std::snprintf(text, sizeof text, "%.2f", value);
+    return text;
+}
+
+}  // namespace
+
+Contest::Contest(std::string name, double units, Image* result)
+    : _name(std::move(name)), _units(units), _result(result) {}
+
+void Contest::Add(std::string name, Picture picture, std::function<void()> pass,
+                  std::function<void()> restore) {
+    _contenders.push_back(
+        {std::move(name), std::move(pass), std::move(restore), picture, 0, 0, std::nullopt});
+}
+
+void Contest::CompareResults() {
+    std::optional<Image> first;
+    for (Contender& contender : _contenders) {
+        if (!_result) {
+            contender.pass();
+            continue;
+        }
+        if (contender.restore)
+            contender.restore();
+        else
+            _result->Fill(0);
+        const Image before = *_result;
+        contender.pass();
+        if (changed_pixels(before, *_result) == 0)
+            throw std::runtime_error(_name + ": " + contender.name + " drew nothing");
+        if (contender.picture == Picture::kUnrelated)
+            continue;
+        if (!first)
+            first = *_result;
+        if (contender.picture == Picture::kSame && changed_pixels(*first, *_result) != 0)
+            throw std::runtime_error(_name + ": " + contender.name + " drew another picture");
+        contender.difference = contender.picture == Picture::kPremultiplied
+                                   ? mean_difference(premultiplied(*first), *_result)
+                                   : mean_difference(premultiplied(*first), premultiplied(*_result));
+    }
+}
+
+void Contest::Run(int rounds, double milliseconds) {
+    CompareResults();
+    std::vector<std::vector<double>> times(_contenders.size());
+    std::vector<double> spent(_contenders.size());
+    for (int round = 0; round < rounds; ++round)
+        for (std::size_t i = 0; i < _contenders.size(); ++i) {
+            if (spent[i] > kEnoughMicroseconds)
+                continue;
+            times[i].push_back(best_pass(_contenders[i], milliseconds));
+            spent[i] += times[i].back();
+        }
+    for (std::size_t i = 0; i < _contenders.size(); ++i) {
+        std::sort(times[i].begin(), times[i].end());
+        const double median = quantile(times[i], 0.5);
+        _contenders[i].rate = _units / median;
+        _contenders[i].spread = (quantile(times[i], 0.75) - quantile(times[i], 0.25)) / 2 / median;
+    }
+}
+
+std::optional<double> Contest::RateOf(const std::string& name) const {
+    const auto found = std::find_if(_contenders.begin(), _contenders.end(),
+                                    [&](const Contender& contender) { return contender.name == name; });
+    return found == _contenders.end() ? std::nullopt : std::optional(found->rate);
+}
+
+void Contest::Print() const {
+    std::printf("\n%-44s %10s %8s %8s %11s\n", _name.c_str(), "Mpixel/s", "ratio", "spread", "difference");
+    for (const Contender& contender : _contenders)
+        std::printf("  %-42s %10.1f %8.2f %7.1f%% %11s\n", contender.name.c_str(), contender.rate,
+                    _contenders.front().rate / contender.rate, contender.spread * 100,
+                    contender.difference ? fixed(*contender.difference).c_str() : "");
+    std::fflush(stdout);
+}

@@ -1,0 +1,116 @@
+// SPDX-License-Identifier: MIT
+// Compares the imaging library with its peers: prints tables, and writes them as CSV where asked to.
+#include "bench/imaging/contests.h"
+#include "bench/imaging/goals.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <fstream>
+#include <sched.h>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace {
+
+constexpr char kUsage[] =
+    "usage: bench_imaging [--filter REGEX] [--rounds N] [--milliseconds T] [--csv FILE] [--cpu N]\n"
+    "\n"
+    "Contests are named operation/family/destination/size, for example Normal/array/opaque/rows.\n"
+    "  --filter        runs the contests whose names match (default: all)\n"
+    "  --rounds        how often each contender has its turn (default: 15)\n"
+    "  --milliseconds  how long a turn is (default: 2)\n"
+    "  --csv           writes the results to FILE as well\n"
+    "  --cpu           the processor to stay on (default: the last one)\n";
+
+struct Arguments {
+    std::string filter = ".";
+    std::string csv;
+    int rounds = 15;
+    double milliseconds = 2;
+    int cpu = static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN)) - 1;
+};
+
+Arguments parse(int count, char** arguments) {
+    Arguments parsed;
+    for (int i = 1; i < count; i += 2) {
+        const std::string option = arguments[i];
+        if (option == "--help") {
+            std::fputs(kUsage, stdout);
+            std::exit(0);
+        }
+        if (i + 1 == count)
+            throw std::invalid_argument(option + " needs a value\n" + kUsage);
+        const std::string value = arguments[i + 1];
+        if (option == "--filter")
+            parsed.filter = value;
+        else if (option == "--csv")
+            parsed.csv = value;
+        else if (option == "--rounds")
+            parsed.rounds = std::stoi(value);
+        else if (option == "--milliseconds")
+            parsed.milliseconds = std::stod(value);
+        else if (option == "--cpu")
+            parsed.cpu = std::stoi(value);
+        else
+            throw std::invalid_argument("unknown option " + option + "\n" + kUsage);
+    }
+    if (parsed.rounds < 1)
+        throw std::invalid_argument("--rounds needs at least 1");
+    return parsed;
+}
+
+void stay_on(int cpu) {
+    cpu_set_t set;
+    CPU_ZERO(&set);
+    CPU_SET(static_cast<std::size_t>(cpu), &set);
+    if (sched_setaffinity(0, sizeof set, &set) != 0)
+        throw std::runtime_error("cannot stay on processor " + std::to_string(cpu));
+}
+
+void write_csv(const std::string& path, const std::vector<Contest>& contests) {
+    std::ofstream file(path);
+    file << "contest,contender,mpixel_per_second,ratio,spread,difference\n";
+    for (const Contest& contest : contests)
+        for (const Contender& contender : contest.Contenders()) {
+            file << contest.Name() << ',' << contender.name << ',' << contender.rate << ','
+                 << contest.Contenders().front().rate / contender.rate << ',' << contender.spread << ',';
+            if (contender.difference)
+                file << *contender.difference;
+            file << '\n';
+        }
+    if (!file.flush())
+        throw std::runtime_error("cannot write " + path);
+}
+
+void run(const Arguments& arguments) {
+    stay_on(arguments.cpu);
+    Runner runner({std::regex(arguments.filter), arguments.rounds, arguments.milliseconds});
+    run_composition_contests(runner);
+    run_resampling_contests(runner);
+    run_noise_contests(runner);
+    if (runner.Finished().empty())
+        throw std::runtime_error("no contest matches " + arguments.filter);
+    print_goals(runner.Finished());
+    if (!arguments.csv.empty())
+        write_csv(arguments.csv, runner.Finished());
+}
+
+}  // namespace
+
+void Runner::Run(Contest contest) {
+    contest.Run(_options.rounds, _options.milliseconds);
+    contest.Print();
+    _finished.push_back(std::move(contest));
+}
+
+int main(int count, char** arguments) {
+    try {
+        run(parse(count, arguments));
+        return 0;
+    } catch (const std::exception& error) {
+        std::fprintf(stderr, "bench_imaging: %s\n", error.what());
+        return 1;
+    }
+}

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+// What pixman can do of the benchmarks' tasks. It keeps premultiplied colour.
+#include "bench/imaging/tasks.h"
+
+#include <pixman.h>
+
+namespace {
+
+using Handle = std::shared_ptr<pixman_image_t>;
+
+Handle adopt(pixman_image_t* image) {
+    return Handle(image, pixman_image_unref);
+}
+
+Handle wrap(Image& image) {
+    return adopt(pixman_image_create_bits(PIXMAN_a8r8g8b8, image.Width(), image.Height(), image.Pixels(),
+                                          image.BytesPerRow()));
+}
+
+pixman_color_t pixman_colour(std::uint32_t straight) {
+    const std::uint32_t pixel = premultiplied(straight);
+    const auto wide = [&](int shift) { return static_cast<std::uint16_t>((pixel >> shift & 255) * 257); };
+    return {wide(16), wide(8), wide(0), wide(24)};
+}
+
+Handle solid(std::uint32_t straight) {
+    const pixman_color_t colour = pixman_colour(straight);
+    return adopt(pixman_image_create_solid_fill(&colour));
+}
+
+std::optional<pixman_op_t> operator_of(ks_composition_mode mode) {
+    switch (mode) {
+    case kMergeNormal:
+        return PIXMAN_OP_OVER;
+    case kMergeMultiply:
+        return PIXMAN_OP_MULTIPLY;
+    case kMergeScreen:
+        return PIXMAN_OP_SCREEN;
+    case kMergeErase:
+        return PIXMAN_OP_OUT_REVERSE;
+    case kMergeAdd:
+        return PIXMAN_OP_ADD;
+    case kMergeDarkest:
+        return PIXMAN_OP_DARKEN;
+    case kMergeLightest:
+        return PIXMAN_OP_LIGHTEN;
+    case kMergeDifference:
+        return PIXMAN_OP_DIFFERENCE;
+    case kMergeReplaceHue:
+        return PIXMAN_OP_HSL_HUE;
+    case kMergeReplaceSaturation:
+        return PIXMAN_OP_HSL_SATURATION;
+    case kMergeReplaceLuminosity:
+        return PIXMAN_OP_HSL_LUMINOSITY;
+    case kMergeReplaceColor:
+        return PIXMAN_OP_HSL_COLOR;
+    case kMergeAlphaMask:
+        return PIXMAN_OP_IN_REVERSE;
+    case kMergeCopy:
+        return PIXMAN_OP_SRC;
+    default:
+        return std::nullopt;
+    }
+}
+
+void add_operator(Contest& contest, const Composition& task, const char* name, Picture picture,
+                  pixman_op_t operation) {
+    Scene& scene = *task.scene;
+    const Handle destination = wrap(scene.destination);
+    const Handle source = task.family == Family::kRun ? solid(kColour) : wrap(scene.premultiplied_source);
+    contest.Add(
+        name, picture,
+        [=, &scene] {
+            pixman_image_composite32(operation, source.get(), nullptr, destination.get(), 0, 0, 0, 0, 0, 0,
+                                     scene.destination.Width(), scene.destination.Height());
+        },
+        scene.RestorePremultiplied());
+}
+
+Handle wrap_source(const Resampling& task) {
+    // Pixman does not write to a source.
+    const Handle source = wrap(const_cast<Image&>(task.premultiplied_source));
+    // Pixman keeps 16 bits on each side of the point: a projective map, whose scale is free, is made as large
+    // as the coordinates allow.
+    const double scale =
+        task.kind == Resampling::Kind::kTransform ? 16000.0 / task.straight_source.Width() : 1;
+    pixman_transform_t transform;
+    for (int i = 0; i < 9; ++i)
+        transform.matrix[i / 3][i % 3] =
+            pixman_double_to_fixed(scale * task.to_source[static_cast<std::size_t>(i)]);
+    pixman_image_set_transform(source.get(), &transform);
+    pixman_image_set_filter(source.get(), task.is_bilinear ? PIXMAN_FILTER_BILINEAR : PIXMAN_FILTER_NEAREST,
+                            nullptr, 0);
+    return source;
+}
+
+}  // namespace
+
+void add_pixman(Contest& contest, const Composition& task) {
+    if (task.family == Family::kRun && task.mode == kMergeAlphaMask)
+        return;  // A colour has no mask.
+    if (const auto operation = operator_of(task.mode))
+        add_operator(contest, task, "pixman", Picture::kPremultiplied, *operation);
+    // What composing costs at least, to hold the modes against that no peer has.
+    if (task.mode != kMergeNormal)
+        add_operator(contest, task, "pixman OVER", Picture::kUnrelated, PIXMAN_OP_OVER);
+}
+
+void add_pixman(Contest& contest, Resampling& task) {
+    contest.Add("pixman", Picture::kPremultiplied,
+                [source = wrap_source(task), destination = wrap(task.destination), &task] {
+                    pixman_image_composite32(PIXMAN_OP_SRC, source.get(), nullptr, destination.get(), 0, 0, 0,
+                                             0, 0, 0, task.destination.Width(), task.destination.Height());
+                });
+}

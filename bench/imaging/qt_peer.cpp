@@ -1,0 +1,97 @@
+// SPDX-License-Identifier: MIT
+// What Qt's raster engine can do of the benchmarks' tasks, on premultiplied and on straight images.
+#include "bench/imaging/tasks.h"
+
+#include <QImage>
+#include <QPainter>
+
+namespace {
+
+QImage wrap(Image& image, QImage::Format format) {
+    return QImage(image.Data(), image.Width(), image.Height(), image.BytesPerRow(), format);
+}
+
+// A painter that keeps the image it paints on alive.
+struct Canvas {
+    QImage image;
+    QPainter painter{&image};
+};
+
+QColor qt_colour(std::uint32_t straight) {
+    return QColor::fromRgba(straight);
+}
+
+std::optional<QPainter::CompositionMode> mode_of(ks_composition_mode mode) {
+    switch (mode) {
+    case kMergeNormal:
+        return QPainter::CompositionMode_SourceOver;
+    case kMergeMultiply:
+        return QPainter::CompositionMode_Multiply;
+    case kMergeScreen:
+        return QPainter::CompositionMode_Screen;
+    case kMergeErase:
+        return QPainter::CompositionMode_DestinationOut;
+    case kMergeAdd:
+        return QPainter::CompositionMode_Plus;
+    case kMergeDarkest:
+        return QPainter::CompositionMode_Darken;
+    case kMergeLightest:
+        return QPainter::CompositionMode_Lighten;
+    case kMergeDifference:
+        return QPainter::CompositionMode_Difference;
+    case kMergeInvert:
+        return QPainter::RasterOp_NotDestination;
+    case kMergeXorMask:
+        return QPainter::RasterOp_SourceXorDestination;
+    case kMergeAlphaMask:
+        return QPainter::CompositionMode_DestinationIn;
+    case kMergeCopy:
+        return QPainter::CompositionMode_Source;
+    default:
+        return std::nullopt;
+    }
+}
+
+// Qt's raster operations work on the channels and know no alpha.
+bool is_channels_only(ks_composition_mode mode) {
+    return mode == kMergeInvert || mode == kMergeXorMask;
+}
+
+}  // namespace
+
+void add_qt(Contest& contest, const Composition& task) {
+    const auto mode = mode_of(task.mode);
+    if (!mode || (task.family == Family::kRun && task.mode == kMergeAlphaMask))
+        return;
+    for (const bool premultiplied : {true, false}) {
+        Scene& scene = *task.scene;
+        const auto format = premultiplied ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
+        const std::shared_ptr<Canvas> canvas(new Canvas{wrap(scene.destination, format)});
+        canvas->painter.setCompositionMode(*mode);
+        const QImage source =
+            wrap(premultiplied ? scene.premultiplied_source : scene.straight_source, format);
+        std::function<void()> pass = [=] { canvas->painter.drawImage(0, 0, source); };
+        if (task.family == Family::kRun)
+            pass = [=] { canvas->painter.fillRect(canvas->image.rect(), qt_colour(kColour)); };
+        const std::string name = premultiplied ? "Qt premultiplied" : "Qt straight";
+        contest.Add(is_channels_only(task.mode) ? name + " (channels only)" : name,
+                    premultiplied ? Picture::kPremultiplied : Picture::kStraight, std::move(pass),
+                    premultiplied ? scene.RestorePremultiplied() : scene.RestoreStraight());
+    }
+}
+
+void add_qt(Contest& contest, Resampling& task) {
+    const auto& m = task.to_source;  // Qt's matrices are transposed, and map the other way.
+    const QTransform transform = QTransform(m[0], m[3], m[6], m[1], m[4], m[7], m[2], m[5], m[8]).inverted();
+    for (const bool premultiplied : {true, false}) {
+        const auto format = premultiplied ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
+        const std::shared_ptr<Canvas> canvas(new Canvas{wrap(task.destination, format)});
+        canvas->painter.setCompositionMode(QPainter::CompositionMode_Source);
+        canvas->painter.setRenderHint(QPainter::SmoothPixmapTransform, task.is_bilinear);
+        canvas->painter.setTransform(transform);
+        const QImage source = wrap(premultiplied ? task.premultiplied_source : task.straight_source, format);
+        contest.Add(premultiplied ? "Qt premultiplied" : "Qt straight",
+                    premultiplied ? Picture::kPremultiplied : Picture::kStraight,
+                    [=] { canvas->painter.drawImage(0, 0, source); });
+    }
+}
