@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+// The kernels of one instruction set: each mode's formula applied to a pixel, a run of one colour, two runs.
+#pragma once
+
+#include "merge/levels.h"
+#include "merge/mode_table.h"
+#include "merge/modes.h"
+
+#include <stdlib.h>
+
+namespace ks_merge {
+namespace {
+
+// Values above 255 count as 255.
+KS_INLINE uint32_t clamped(uint32_t opacity) {
+    return opacity < 255 ? opacity : 255;
+}
+
+// A vector within a run.
+struct Whole {
+    static KS_INLINE Words load(const uint32_t* p) { return ks_merge::load(p); }
+    static KS_INLINE void store(uint32_t* p, Words w) { ks_merge::store(p, w); }
+};
+
+// Composes the vector `s` onto the pixels at `dst`. What is settled without the destination does not read it.
+template <class Mode, class Span> KS_INLINE void step(uint32_t* dst, const Drawn& s, const Span& span) {
+    if (Mode::keeps(s))
+        return;
+    span.store(dst, Mode::replaces(s) ? Mode::settled(s) : Mode::compose(span.load(dst), s));
+}
+
+template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t opacity) {
+    const Drawn s(splat(src), clamped(opacity));
+    if (Mode::keeps(s))
+        return dst;
+    return (Mode::replaces(s) ? Mode::settled(s) : Mode::compose(splat(dst), s))[0];
+}
+
+template <class Mode> void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count) {
+    const Drawn s(splat(color), clamped(opacity));
+    if (count <= 0 || Mode::keeps(s))
+        return;
+    int32_t i = 0;
+    if (Mode::replaces(s)) {
+        for (const Words settled = Mode::settled(s); i <= count - kLanes; i += kLanes)
+            store(dst + i, settled);
+    } else {
+        for (; i <= count - kLanes; i += kLanes)
+            store(dst + i, Mode::compose(load(dst + i), s));
+    }
+    if (i < count)
+        step<Mode>(dst + i, s, Part(count - i));
+}
+
+template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
+    if (count <= 0)
+        return;
+    opacity = clamped(opacity);
+    int32_t i = 0;
+    for (; i <= count - kLanes; i += kLanes)
+        step<Mode>(dst + i, Drawn(load(src + i), opacity), Whole());
+    if (i < count) {
+        const Part part(count - i);
+        step<Mode>(dst + i, Drawn(part.load(src + i), opacity), part);
+    }
+}
+
+// Dissolve draws from rand() in the order of the pixels, once for each that is neither certain, so that no
+// vector of it is formed.
+uint32_t dissolved(uint32_t dst, uint32_t src, uint32_t opacity) {
+    const uint32_t threshold = (src >> 24) * opacity / 255;
+    if (threshold == 255)
+        return src;
+    return (static_cast<uint32_t>(rand()) & 255) < threshold ? src | kAlpha : dst;
+}
+
+template <> inline uint32_t pixel_kernel<dissolve>(uint32_t dst, uint32_t src, uint32_t opacity) {
+    return dissolved(dst, src, clamped(opacity));
+}
+
+template <>
+inline void color_kernel<dissolve>(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count) {
+    opacity = clamped(opacity);
+    for (int32_t i = 0; i < count; i++)
+        dst[i] = dissolved(dst[i], color, opacity);
+}
+
+template <>
+inline void array_kernel<dissolve>(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
+    opacity = clamped(opacity);
+    for (int32_t i = 0; i < count; i++)
+        dst[i] = dissolved(dst[i], src[i], opacity);
+}
+
+#define KS_COLOR(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) color_kernel<run_mode>,
+#define KS_ARRAY(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) array_kernel<array_mode>,
+
+constexpr level_kernels kKernels = {{KS_MERGE_MODES(KS_COLOR)}, {KS_MERGE_MODES(KS_ARRAY)}};
+
+#undef KS_COLOR
+#undef KS_ARRAY
+
+}  // namespace
+}  // namespace ks_merge

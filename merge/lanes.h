@@ -1,0 +1,208 @@
+// SPDX-License-Identifier: MIT
+// Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for.
+//
+// Included by one unit per instruction set. Everything here has internal linkage and is inlined, and nothing
+// of the standard library is called, so that code for a newer processor cannot be linked into another unit.
+#pragma once
+
+#include <stdint.h>
+
+#if defined(__SSE2__)
+#include <immintrin.h>
+#endif
+
+#define KS_INLINE inline __attribute__((always_inline))
+
+namespace ks_merge {
+namespace {
+
+#if defined(__AVX512BW__)
+constexpr int32_t kVectorBytes = 64;
+#elif defined(__AVX2__)
+constexpr int32_t kVectorBytes = 32;
+#else
+constexpr int32_t kVectorBytes = 16;
+#endif
+
+// How many pixels a vector holds.
+constexpr int32_t kLanes = kVectorBytes / 4;
+
+using Bytes [[gnu::vector_size(kVectorBytes)]] = uint8_t;
+using Halves [[gnu::vector_size(kVectorBytes)]] = uint16_t;  // two channels of each pixel
+using SignedHalves [[gnu::vector_size(kVectorBytes)]] = int16_t;
+using Words [[gnu::vector_size(kVectorBytes)]] = uint32_t;  // pixels, or one channel of each
+using SignedWords [[gnu::vector_size(kVectorBytes)]] = int32_t;
+using Floats [[gnu::vector_size(kVectorBytes)]] = float;
+
+KS_INLINE Words splat(uint32_t word) {
+    return Words{} + word;
+}
+
+KS_INLINE Words load(const uint32_t* p) {
+    Words w;
+    __builtin_memcpy(&w, p, sizeof w);
+    return w;
+}
+
+KS_INLINE void store(uint32_t* p, Words w) {
+    __builtin_memcpy(p, &w, sizeof w);
+}
+
+// A run shorter than a vector, of 1 to kLanes - 1 pixels. Nothing beyond it is read or written; the lanes
+// beyond it repeat its first pixel, so that what holds for all its pixels holds for all lanes.
+class Part {
+public:
+#if defined(__AVX512BW__)
+    KS_INLINE explicit Part(int32_t count) : _mask(static_cast<__mmask16>((1u << count) - 1)) {}
+    KS_INLINE Words load(const uint32_t* p) const {
+        return reinterpret_cast<Words>(
+            _mm512_mask_loadu_epi32(reinterpret_cast<__m512i>(splat(*p)), _mask, p));
+    }
+    KS_INLINE void store(uint32_t* p, Words w) const {
+        _mm512_mask_storeu_epi32(p, _mask, reinterpret_cast<__m512i>(w));
+    }
+
+private:
+    __mmask16 _mask;
+#else
+    KS_INLINE explicit Part(int32_t count) : _count(count) {}
+    KS_INLINE Words load(const uint32_t* p) const {
+        Words w = splat(*p);
+        for (int32_t i = 1; i < kLanes - 1; i++)
+            if (i < _count)
+                w[i] = p[i];
+        return w;
+    }
+    KS_INLINE void store(uint32_t* p, Words w) const {
+        for (int32_t i = 0; i < kLanes - 1; i++)
+            if (i < _count)
+                p[i] = w[i];
+    }
+
+private:
+    int32_t _count;
+#endif
+};
+
+// Whether every pixel has alpha 255.
+KS_INLINE bool all_opaque(Words w) {
+#if defined(__AVX512BW__)
+    return _mm512_cmplt_epu32_mask(reinterpret_cast<__m512i>(w), _mm512_set1_epi32(-0x1000000)) == 0;
+#elif defined(__AVX2__)
+    return _mm256_testc_si256(reinterpret_cast<__m256i>(w), _mm256_set1_epi32(-0x1000000));
+#elif defined(__SSE2__)
+    const __m128i opaque = _mm_set1_epi32(-0x1000000);
+    return _mm_movemask_epi8(
+               _mm_cmpeq_epi8(_mm_or_si128(reinterpret_cast<__m128i>(w), ~opaque), ~__m128i{})) == 0xFFFF;
+#else
+    uint32_t common = ~0u;
+    for (int32_t i = 0; i < kLanes; i++)
+        common &= w[i];
+    return common >> 24 == 255;
+#endif
+}
+
+// Whether every pixel has alpha 0.
+KS_INLINE bool all_clear(Words w) {
+#if defined(__AVX512BW__)
+    return _mm512_test_epi32_mask(reinterpret_cast<__m512i>(w), _mm512_set1_epi32(-0x1000000)) == 0;
+#elif defined(__AVX2__)
+    return _mm256_testz_si256(reinterpret_cast<__m256i>(w), _mm256_set1_epi32(-0x1000000));
+#else
+    Words all = w & 0xFF000000u;
+#if defined(__SSE2__)
+    return _mm_movemask_epi8(_mm_cmpeq_epi8(reinterpret_cast<__m128i>(all), __m128i{})) == 0xFFFF;
+#else
+    uint32_t any = 0;
+    for (int32_t i = 0; i < kLanes; i++)
+        any |= all[i];
+    return any == 0;
+#endif
+#endif
+}
+
+// Whether no pixel has alpha 0.
+KS_INLINE bool none_clear(Words w) {
+#if defined(__AVX512BW__)
+    return _mm512_testn_epi32_mask(reinterpret_cast<__m512i>(w), _mm512_set1_epi32(-0x1000000)) == 0;
+#else
+    return all_opaque(reinterpret_cast<Words>((w & 0xFF000000u) != 0));
+#endif
+}
+
+template <class Vector> KS_INLINE Vector least(Vector a, Vector b) {
+    return a < b ? a : b;
+}
+
+template <class Vector> KS_INLINE Vector greatest(Vector a, Vector b) {
+    return a > b ? a : b;
+}
+
+KS_INLINE Bytes bytes(Words w) {
+    return reinterpret_cast<Bytes>(w);
+}
+
+KS_INLINE Halves halves(Words w) {
+    return reinterpret_cast<Halves>(w);
+}
+
+template <class Vector> KS_INLINE Words words(Vector v) {
+    return reinterpret_cast<Words>(v);
+}
+
+// Red and blue of each pixel, blue in the lower half.
+KS_INLINE Halves red_blue(Words w) {
+    return halves(w & 0x00FF00FFu);
+}
+
+// Alpha and green of each pixel, green in the lower half.
+KS_INLINE Halves alpha_green(Words w) {
+    return halves(w) >> 8;
+}
+
+// Pixels of the low bytes of two vectors of channels, 0 to 255 each.
+KS_INLINE Words join(Halves rb, Halves ag) {
+    return words(rb | ag << 8);
+}
+
+// A value of 0 to 255 per pixel, for both its halves.
+KS_INLINE Halves both(Words value) {
+    return halves(value | value << 16);
+}
+
+// The product of two values per pixel, where it is below 65536.
+KS_INLINE Words product(Words a, Words b) {
+    return words(halves(a) * halves(b));
+}
+
+// x / 255 rounded down, for 0 to 65534.
+KS_INLINE Halves div255(Halves x) {
+#if defined(__AVX512BW__)
+    return reinterpret_cast<Halves>(
+        _mm512_mulhi_epu16(reinterpret_cast<__m512i>(x + 1), _mm512_set1_epi16(257)));
+#elif defined(__AVX2__)
+    return reinterpret_cast<Halves>(
+        _mm256_mulhi_epu16(reinterpret_cast<__m256i>(x + 1), _mm256_set1_epi16(257)));
+#elif defined(__SSE2__)
+    return reinterpret_cast<Halves>(_mm_mulhi_epu16(reinterpret_cast<__m128i>(x + 1), _mm_set1_epi16(257)));
+#else
+    return (x + (x >> 8) + 1) >> 8;
+#endif
+}
+
+KS_INLINE Words div255(Words x) {
+    return (x + (x >> 8) + 1) >> 8;
+}
+
+KS_INLINE Floats floats(Words values) {
+    return __builtin_convertvector(reinterpret_cast<SignedWords>(values), Floats);
+}
+
+// a / b rounded towards zero. Exact where a and b are integers below 2^24 and the quotient is below 2^8: the
+// next integer is at least 1 / b away, more than rounding can add.
+KS_INLINE SignedWords quotient(Floats a, Floats b) {
+    return __builtin_convertvector(a / b, SignedWords);
+}
+
+}  // namespace
+}  // namespace ks_merge

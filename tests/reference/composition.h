@@ -1,0 +1,221 @@
+// SPDX-License-Identifier: MIT
+// What the composition modes must yield: one channel at a time, in 64-bit integers, with true divisions.
+#pragma once
+
+#include "merge/KSMerge.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <functional>
+
+namespace reference {
+
+using Integer = std::int64_t;
+using Word = std::uint32_t;
+
+// Alpha, red, green, blue, 0 to 255 each.
+using Channels = std::array<Integer, 4>;
+
+inline Channels Unpacked(Word word) {
+    return {word / 0x1000000, word / 0x10000 % 256, word / 0x100 % 256, word % 256};
+}
+
+inline Word Packed(const Channels& c) {
+    return static_cast<Word>(((c[0] * 256 + c[1]) * 256 + c[2]) * 256 + c[3]);
+}
+
+// Rounds down, also below 0.
+inline Integer FloorDivided(Integer n, Integer by) {
+    const Integer towards_zero = n / by;
+    return n % by < 0 ? towards_zero - 1 : towards_zero;
+}
+
+// The alpha of a source pixel as the opacity leaves it.
+inline Integer EffectiveAlpha(Integer alpha, Integer opacity) {
+    return opacity == 255 ? alpha : std::min<Integer>(65025, alpha * opacity) / 255;
+}
+
+inline Channels ComposedOver(const Channels& d, const Channels& x, Integer a) {
+    if (a == 0)
+        return d;
+    if (a == 255)
+        return {255, x[1], x[2], x[3]};
+    if (d[0] == 0)
+        return {a, x[1], x[2], x[3]};
+    Channels result;
+    if (d[0] == 255) {
+        result[0] = 255;
+        for (int c = 1; c < 4; c++)
+            result[c] = FloorDivided(d[c] * 255 + (x[c] - d[c]) * a, 256);
+        return result;
+    }
+    const Integer under = (255 - a) * d[0], upper = a * 255;
+    result[0] = (under + upper) / 255;
+    for (int c = 1; c < 4; c++)
+        result[c] = (d[c] * under + x[c] * upper) / (under + upper + 1);
+    return result;
+}
+
+struct HueSaturationValue {
+    Integer hue, saturation, value;
+};
+
+inline HueSaturationValue ToHue(const Channels& c) {
+    const Integer r = c[1], g = c[2], b = c[3];
+    const Integer value = std::max(r, std::max(g, b)), delta = value - std::min(r, std::min(g, b));
+    const Integer saturation = value != 0 ? delta * 255 / value : 0;
+    Integer hue;
+    if (saturation == 0)
+        hue = -255;
+    else if (r == value)
+        hue = (g - b) * 255 / delta;
+    else if (g == value)
+        hue = (b - r) * 255 / delta + 510;
+    else
+        hue = (r - g) * 255 / delta + 1020;
+    return {hue < 0 ? hue + 1530 : hue, saturation, value};
+}
+
+inline Channels FromHue(const HueSaturationValue& h) {
+    const Integer v = h.value, sector = h.hue / 255, f = h.hue - 255 * sector;
+    if (h.saturation == 0)
+        return {0, v, v, v};
+    const Integer p = (255 - h.saturation) * v / 255;
+    const Integer q = (255 - h.saturation * f / 255) * v / 255;
+    const Integer t = (255 - h.saturation * (255 - f) / 255) * v / 255;
+    switch (sector) {
+    case 0:
+        return {0, v, t, p};
+    case 1:
+        return {0, q, v, p};
+    case 2:
+        return {0, p, v, t};
+    case 3:
+        return {0, p, q, v};
+    case 4:
+        return {0, t, p, v};
+    default:
+        return {0, v, p, q};
+    }
+}
+
+// One channel of the modes that have a formula for it.
+inline Integer Blended(ks_composition_mode mode, Integer d, Integer s) {
+    switch (mode) {
+    case kMergeMultiply:
+        return d * s / 255;
+    case kMergeScreen:
+        return (65025 - (255 - s) * (255 - d)) / 255;
+    case kMergeAdd:
+        return d + s > 255 ? 255 : d + s;
+    case kMergeSubtract:
+        return d < s ? 0 : d - s;
+    case kMergeDarkest:
+        return d < s ? d : s;
+    case kMergeLightest:
+        return d < s ? s : d;
+    case kMergeDifference:
+        return d < s ? s - d : d - s;
+    case kMergeAverage:
+        return (d + s) / 2;
+    case kMergeInvert:
+        return 255 - d;
+    default:
+        return d ^ s;
+    }
+}
+
+// The colour, of alpha 0, that a blending mode makes of two pixels.
+inline Channels BlendedColor(ks_composition_mode mode, const Channels& d, const Channels& s) {
+    const HueSaturationValue dh = ToHue(d), sh = ToHue(s);
+    switch (mode) {
+    case kMergeReplaceHue:
+        return FromHue({sh.hue, dh.saturation, dh.value});
+    case kMergeReplaceSaturation:
+        return FromHue({dh.hue, sh.saturation, dh.value});
+    case kMergeReplaceLuminosity:
+        return FromHue({dh.hue, dh.saturation, sh.value});
+    case kMergeReplaceColor:
+        return FromHue({sh.hue, sh.saturation, dh.value});
+    default:
+        return {0, Blended(mode, d[1], s[1]), Blended(mode, d[2], s[2]), Blended(mode, d[3], s[3])};
+    }
+}
+
+inline Channels ComposedBlend(ks_composition_mode mode, const Channels& d, const Channels& s,
+                              Integer opacity) {
+    if (s[0] == 0)
+        return d;
+    if (d[0] == 0)
+        return {std::min<Integer>(65025, s[0] * opacity) / 255, s[1], s[2], s[3]};
+    Channels x = BlendedColor(mode, d, s);
+    for (int c = 1; c < 4; c++)
+        x[c] = (d[0] * x[c] + (255 - d[0]) * s[c]) / 255;
+    return ComposedOver(d, x, EffectiveAlpha(s[0], opacity));
+}
+
+// Where Dissolve's random numbers come from.
+using Random = std::function<int()>;
+
+// What the pixel kernel of `mode` returns, for an opacity of 0 to 255.
+inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opacity,
+                         const Random& random = std::rand) {
+    const Channels d = Unpacked(dst), s = Unpacked(src);
+    const Integer a = EffectiveAlpha(s[0], opacity);
+    switch (mode) {
+    case kMergeNormal:
+    case kMergeFilter:
+        return Packed(ComposedOver(d, s, a));
+    case kMergeErase:
+        return Packed({std::max<Integer>(0, d[0] - s[0]), d[1], d[2], d[3]});
+    case kMergeDissolve: {
+        const Integer threshold = std::min<Integer>(255, s[0] * opacity / 255);
+        if (threshold == 255)
+            return src;
+        return random() % 256 < threshold ? Packed({255, s[1], s[2], s[3]}) : dst;
+    }
+    case kMergeCopy:
+        return src;
+    case kMergeOver:
+        return s[0] != 0 ? src : dst;
+    case kMergeOverlay: {
+        if (a == 0 || a == 255)
+            return a == 0 ? dst : src;
+        Channels result{255};
+        for (int c = 1; c < 4; c++)
+            result[c] = FloorDivided(d[c] * 255 + (s[c] - d[c]) * a, 255);
+        return Packed(result);
+    }
+    default:
+        return Packed(ComposedBlend(mode, d, s, opacity));
+    }
+}
+
+// What Erase stores in a run.
+inline Word EraseInRun(Word dst, Word src, Word opacity) {
+    const Channels d = Unpacked(dst), s = Unpacked(src);
+    const Integer e = std::min<Integer>(65025, s[0] * opacity);
+    return Packed({d[0] * (65025 - e) / 65025, d[1], d[2], d[3]});
+}
+
+// What the run kernel of `mode` stores for one pixel.
+inline Word ComposeInRun(ks_composition_mode mode, Word dst, Word color, Word opacity,
+                         const Random& random = std::rand) {
+    return mode == kMergeErase ? EraseInRun(dst, color, opacity)
+                               : ComposePixel(mode, dst, color, opacity, random);
+}
+
+// What the array kernel of `mode` stores for one pixel.
+inline Word ComposeInArray(ks_composition_mode mode, Word dst, Word src, Word opacity,
+                           const Random& random = std::rand) {
+    if (mode != kMergeAlphaMask)
+        return ComposeInRun(mode, dst, src, opacity, random);
+    const Channels d = Unpacked(dst), s = Unpacked(src);
+    if (s[0] == 0 || d[0] == 0)
+        return 0;
+    return Packed({s[0] * d[0] / 255 * opacity / 255, d[1], d[2], d[3]});
+}
+
+}  // namespace reference
