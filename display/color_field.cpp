@@ -1,0 +1,150 @@
+// SPDX-License-Identifier: MIT
+// A colour field: shows its colour, opens a colour dialog, takes and gives colours by drag and drop.
+#include "display/control_mirror.h"
+#include "display/look.h"
+#include "display/pop_up_button.h"
+#include "toolkit/KSColorField.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QDrag>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+QColor ToColor(const ks_color& color) {
+    return QColor(color.red, color.green, color.blue, color.alpha);
+}
+
+ks_color FromColor(const QColor& color) {
+    const auto byte = [](int value) { return static_cast<std::uint8_t>(value); };
+    return ks_color(byte(color.red()), byte(color.green()), byte(color.blue()), byte(color.alpha()));
+}
+
+class ColorButton : public PopUpButton {
+public:
+    ColorButton(std::function<void(const QColor&)> edited, QWidget* parent)
+        : PopUpButton(QAccessible::ColorChooser, parent), _edited(std::move(edited)) {
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        setAcceptDrops(true);
+        connect(this, &QAbstractButton::clicked, this, [this] { Choose(); });
+    }
+
+    void SetColor(const QColor& color) {
+        _color = color;
+        SetValueText(color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb));
+        update();
+    }
+
+    QSize sizeHint() const override { return look::SampleSize(*this); }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        look::PaintSample(painter, rect(), _color, *this);
+    }
+
+    void mousePressEvent(QMouseEvent* event) override {
+        _pressed_at = event->position().toPoint();
+        PopUpButton::mousePressEvent(event);
+    }
+
+    void mouseMoveEvent(QMouseEvent* event) override {
+        const QPoint moved = event->position().toPoint() - _pressed_at;
+        if (isDown() && moved.manhattanLength() >= QApplication::startDragDistance())
+            Drag();
+        else
+            PopUpButton::mouseMoveEvent(event);
+    }
+
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (event->source() != this && event->mimeData()->hasColor())
+            event->acceptProposedAction();
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        const QColor color = event->mimeData()->colorData().value<QColor>();
+        if (!color.isValid())
+            return;
+        event->acceptProposedAction();
+        _edited(color);
+    }
+
+private:
+    void Choose() {
+        if (_dialog) {
+            _dialog->activateWindow();
+            return;
+        }
+        _dialog = new QColorDialog(_color, window());
+        _dialog->setAttribute(Qt::WA_DeleteOnClose);
+        _dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
+        _dialog->setWindowTitle(accessibleName());
+        connect(_dialog, &QColorDialog::colorSelected, this, [this](const QColor& color) { _edited(color); });
+        _dialog->open();
+    }
+
+    // The drag's event loop runs inside; no lock is held.
+    void Drag() {
+        setDown(false);
+        auto* mime = new QMimeData;
+        mime->setColorData(_color);
+        QPixmap sample(look::SampleSize(*this) * devicePixelRatio());
+        sample.setDevicePixelRatio(devicePixelRatio());
+        sample.fill(Qt::transparent);
+        {
+            QPainter painter(&sample);
+            look::PaintSample(painter, QRect(QPoint(), look::SampleSize(*this)), _color, *this);
+        }
+        auto* drag = new QDrag(this);
+        drag->setMimeData(mime);
+        drag->setPixmap(sample);
+        drag->exec(Qt::CopyAction);
+    }
+
+    std::function<void(const QColor&)> _edited;
+    QColor _color;
+    QPoint _pressed_at;
+    QPointer<QColorDialog> _dialog;
+};
+
+class ColorFieldMirror : public ControlMirror {
+public:
+    ColorFieldMirror(KSColorField& control, WindowMirror& window, QWidget* parent)
+        : ControlMirror(control, window),
+          _control(control),
+          _button(new ColorButton([this](const QColor& c) { _control.EditColor(FromColor(c)); }, parent)) {
+        SetWidget(_button);
+    }
+
+    void Fetch() override {
+        ControlMirror::Fetch();
+        _color = ToColor(_control.Color());
+    }
+
+    void Apply() override {
+        ControlMirror::Apply();
+        _button->SetColor(_color);
+    }
+
+    QWidget* Editor() const override { return _button; }
+
+private:
+    KSColorField& _control;
+    ColorButton* _button;
+    QColor _color;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MirrorColorField(KSColorField& control, WindowMirror& window,
+                                                QWidget* parent) {
+    return std::make_unique<ColorFieldMirror>(control, window, parent);
+}

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+// The common part of the mirrors, and the table from the controls' kinds to their makers.
+#include "display/control_mirror.h"
+
+#include "display/window_mirror.h"
+#include "toolkit/KSButton.h"
+#include "toolkit/KSCheckBox.h"
+#include "toolkit/KSColorField.h"
+#include "toolkit/KSCycle.h"
+#include "toolkit/KSLabel.h"
+#include "toolkit/KSListView.h"
+#include "toolkit/KSPicture.h"
+#include "toolkit/KSPopFile.h"
+#include "toolkit/KSPopFont.h"
+#include "toolkit/KSSeparator.h"
+#include "toolkit/KSSpinBox.h"
+
+#include <QWidget>
+
+namespace {
+
+using Maker = std::unique_ptr<ControlMirror> (*)(KSControl&, WindowMirror&, QWidget*);
+
+// Returns null when the control is of another kind.
+template <class Kind, std::unique_ptr<ControlMirror> (*Make)(Kind&, WindowMirror&, QWidget*)>
+std::unique_ptr<ControlMirror> MakeIf(KSControl& control, WindowMirror& window, QWidget* parent) {
+    Kind* kind = dynamic_cast<Kind*>(&control);
+    return kind ? Make(*kind, window, parent) : nullptr;
+}
+
+constexpr Maker kMakers[] = {
+    MakeIf<KSLabel, MirrorLabel>,         MakeIf<KSColorField, MirrorColorField>,
+    MakeIf<KSPopFile, MirrorPopFile>,     MakeIf<KSPopFont, MirrorPopFont>,
+    MakeIf<KSSpinBox, MirrorSpinBox>,     MakeIf<KSCheckBox, MirrorCheckBox>,
+    MakeIf<KSCycle, MirrorCycle>,         MakeIf<KSListView, MirrorListView>,
+    MakeIf<KSButton, MirrorButton>,       MakeIf<KSPicture, MirrorPicture>,
+    MakeIf<KSSeparator, MirrorSeparator>, MakeIf<KSControl, MirrorGroup>,
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MakeMirror(KSControl& control, WindowMirror& window, QWidget* parent) {
+    std::unique_ptr<ControlMirror> mirror;
+    for (const Maker make : kMakers) {
+        mirror = make(control, window, parent);
+        if (mirror)
+            break;
+    }
+    return mirror;
+}
+
+ControlMirror::ControlMirror(KSControl& control, WindowMirror& window) : _control(control), _window(window) {}
+
+void ControlMirror::Fetch() {
+    _label = QString::fromStdString(_control.Label());
+    _hidden = _control.IsHidden();
+}
+
+void ControlMirror::Apply() {
+    const KSGroup* parent = _control.Parent();
+    if (parent && parent->ForceMode() == KS_FORCE_STACKED)
+        _window.Find(static_cast<const KSControl*>(parent))->Apply();
+    else if (_widget)
+        _widget->setVisible(!_hidden);
+}
+
+void ControlMirror::SetName(const QString& name) {
+    if (Editor())
+        Editor()->setAccessibleName(name);
+}
+
+void ControlMirror::ShowLabel(int, QWidget*) {}
+
+QString ControlMirror::MarkedLabel(int position) const {
+    QString marked;
+    for (int i = 0; i < _label.size(); ++i) {
+        if (i == position || _label[i] == u'&')
+            marked += u'&';
+        marked += _label[i];
+    }
+    return marked;
+}

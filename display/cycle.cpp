@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+// A cycle is a combo box. The wheel turns it only while it has the focus, so that scrolling changes nothing.
+#include "display/control_mirror.h"
+#include "toolkit/KSCycle.h"
+
+#include <QComboBox>
+#include <QStringList>
+#include <QWheelEvent>
+
+namespace {
+
+class Combo : public QComboBox {
+public:
+    explicit Combo(QWidget* parent) : QComboBox(parent) { setFocusPolicy(Qt::StrongFocus); }
+
+protected:
+    void wheelEvent(QWheelEvent* event) override {
+        if (hasFocus())
+            QComboBox::wheelEvent(event);
+        else
+            event->ignore();
+    }
+};
+
+class CycleMirror : public ControlMirror {
+public:
+    CycleMirror(KSCycle& control, WindowMirror& window, QWidget* parent)
+        : ControlMirror(control, window), _control(control), _combo(new Combo(parent)) {
+        SetWidget(_combo);
+        QObject::connect(_combo, &QComboBox::currentIndexChanged, _combo,
+                         [this](int index) { _control.EditSelection(index); });
+    }
+
+    void Fetch() override {
+        ControlMirror::Fetch();
+        _labels.clear();
+        char label[64];
+        for (long i = 0; _control.GetLabel(i, label); ++i)
+            _labels.append(QString::fromUtf8(label));
+        _selection = static_cast<int>(_control.CurrentSelection());
+    }
+
+    void Apply() override {
+        ControlMirror::Apply();
+        QStringList shown;
+        for (int i = 0; i < _combo->count(); ++i)
+            shown.append(_combo->itemText(i));
+        if (shown != _labels) {
+            _combo->clear();
+            _combo->addItems(_labels);
+        }
+        _combo->setCurrentIndex(_selection);
+    }
+
+    QWidget* Editor() const override { return _combo; }
+
+private:
+    KSCycle& _control;
+    QComboBox* _combo;
+    QStringList _labels;
+    int _selection = -1;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MirrorCycle(KSCycle& control, WindowMirror& window, QWidget* parent) {
+    return std::make_unique<CycleMirror>(control, window, parent);
+}

@@ -1,0 +1,140 @@
+// SPDX-License-Identifier: MIT
+// A group: its layout numbers become a box, a grid or a stack; with a frame or a title, a group box.
+#include "display/control_mirror.h"
+#include "display/look.h"
+#include "display/window_mirror.h"
+#include "toolkit/KSTitleGroup.h"
+
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QStackedLayout>
+
+#include <algorithm>
+
+namespace {
+
+// The share of spare room of a child without a weight of its own, beside one that has one, and of a spacer.
+constexpr int kShare = 100;
+
+bool IsSpacer(const KSControl& control) {
+    return typeid(control) == typeid(KSControl) && control.Children().empty();
+}
+
+// A plain group weighs what its heaviest child does.
+KSPoint<long> WeightOf(const KSControl& control) {
+    KSPoint<long> weight = control.Weight();
+    if (weight == KSPoint<long>())
+        for (const auto& child : control.Children()) {
+            const KSPoint<long> below = WeightOf(*child);
+            weight = {std::max(weight.x, below.x), std::max(weight.y, below.y)};
+        }
+    return weight;
+}
+
+class GroupMirror : public ControlMirror {
+public:
+    GroupMirror(KSControl& control, WindowMirror& window, QWidget* parent) : ControlMirror(control, window) {
+        if (IsSpacer(control))
+            return;
+        if (control.FrameType() == KS_FRAME_GROUP || dynamic_cast<KSTitleGroup*>(&control))
+            SetWidget(_box = new QGroupBox(parent));
+        else
+            SetWidget(new QWidget(parent));
+
+        if (control.ForceMode() == KS_FORCE_STACKED)
+            Stack();
+        else if (control.Columns() > 0)
+            Grid(static_cast<int>(control.Columns()));
+        else
+            Box();
+        const KSRect<long> border = control.Border();
+        QMargins margins(static_cast<int>(border.left), static_cast<int>(border.top),
+                         static_cast<int>(border.right), static_cast<int>(border.bottom));
+        Widget()->layout()->setContentsMargins(_box ? margins + look::FrameMargins() : margins);
+    }
+
+    void Apply() override {
+        if (_stack)
+            ShowPage();
+        ControlMirror::Apply();
+    }
+
+    void ShowLabel(int, QWidget*) override {}
+
+    // Group boxes inside each other would give the outer one's title where they are not named.
+    void SetName(const QString&) override {
+        if (!_box)
+            return;
+        _box->setTitle(MarkedLabel(-1));
+        _box->setAccessibleName(Label());
+    }
+
+private:
+    void Stack() {
+        _stack = new QStackedLayout(Widget());
+        for (const auto& child : Control().Children())
+            _stack->addWidget(Window().Make(*child, Widget()).Widget());
+    }
+
+    // One page is visible: the first that is not hidden, or the last one seen when all are.
+    void ShowPage() {
+        const auto& pages = Control().Children();
+        const auto shown = std::ranges::find_if(
+            pages, [&](const auto& page) { return !Window().Find(page.get())->IsHidden(); });
+        if (shown != pages.end())
+            _stack->setCurrentIndex(static_cast<int>(shown - pages.begin()));
+    }
+
+    // Cells row by row. A row of nothing but spacers takes spare room.
+    void Grid(int columns) {
+        auto* grid = new QGridLayout(Widget());
+        grid->setHorizontalSpacing(look::kGap);
+        grid->setVerticalSpacing(look::kRowGap);
+        int cell = 0;
+        bool only_spacers = true;
+        for (const auto& child : Control().Children()) {
+            const int row = cell / columns, column = cell % columns;
+            ControlMirror& mirror = Window().Make(*child, Widget());
+            if (mirror.Widget()) {
+                grid->addWidget(mirror.Widget(), row, column);
+                only_spacers = false;
+            }
+            if (++cell % columns == 0 || cell == static_cast<int>(Control().Children().size())) {
+                if (only_spacers)
+                    grid->setRowStretch(row, 1);
+                only_spacers = true;
+            }
+        }
+    }
+
+    void Box() {
+        const bool vertical = Control().Orientation() == KS_ORIENTATION_VERTICAL;
+        auto* box = new QBoxLayout(vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, Widget());
+        box->setSpacing(look::kGap);
+        const auto weight = [&](const KSControl& child) {
+            return static_cast<int>(vertical ? WeightOf(child).y : WeightOf(child).x);
+        };
+        const auto& children = Control().Children();
+        const bool weighted =
+            std::ranges::any_of(children, [&](const auto& child) { return weight(*child) > 0; });
+        for (const auto& child : children) {
+            ControlMirror& mirror = Window().Make(*child, Widget());
+            if (!mirror.Widget())
+                box->addStretch(kShare);
+            else if (weighted)
+                box->addWidget(mirror.Widget(), weight(*child) > 0 ? weight(*child) : kShare);
+            else
+                box->addWidget(mirror.Widget());
+        }
+    }
+
+    QGroupBox* _box = nullptr;
+    QStackedLayout* _stack = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MirrorGroup(KSControl& control, WindowMirror& window, QWidget* parent) {
+    return std::make_unique<GroupMirror>(control, window, parent);
+}

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+// A label: the text beside an editor, whose mnemonic leads to the editor, or a note of its own.
+#include "display/control_mirror.h"
+#include "display/look.h"
+#include "toolkit/KSLabel.h"
+
+#include <QLabel>
+
+namespace {
+
+class LabelMirror : public ControlMirror {
+public:
+    LabelMirror(KSLabel& control, WindowMirror& window, QWidget* parent)
+        : ControlMirror(control, window), _label(new QLabel(parent)) {
+        SetWidget(_label);
+        _label->setTextFormat(Qt::PlainText);
+        if (control.Alignment() == KS_ALIGNMENT_RIGHT)
+            _label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    }
+
+    void ShowLabel(int position, QWidget* editor) override {
+        _label->setBuddy(editor);
+        // Without an editor "&" stands for itself.
+        _label->setText(editor ? MarkedLabel(position) : Label());
+        const bool is_long = Label().size() > look::kLongestLabel;
+        _label->setWordWrap(is_long);
+        _label->setMinimumWidth(is_long ? _label->fontMetrics().averageCharWidth() * look::kLongestLabel : 0);
+    }
+
+private:
+    QLabel* _label;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MirrorLabel(KSLabel& control, WindowMirror& window, QWidget* parent) {
+    return std::make_unique<LabelMirror>(control, window, parent);
+}

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+// The one place where colours, frames, fonts and distances are chosen.
+#pragma once
+
+#include "toolkit/ks_pen.h"
+
+#include <QColor>
+#include <QFont>
+#include <QMargins>
+
+class QApplication;
+class QPainter;
+class QPalette;
+class QRect;
+class QSize;
+class QWidget;
+
+namespace look {
+
+constexpr int kGap = 8;             // between neighbours
+constexpr int kRowGap = 6;          // between the rows of a grid
+constexpr int kLeastRows = 4;       // of a list
+constexpr int kLongestLabel = 60;   // characters; longer labels are broken into lines
+constexpr int kLargestPoints = 24;  // of a font's own name; larger fonts are shown at this size
+
+// Sets what holds for all widgets. Called once.
+void Dress(QApplication& application);
+
+// The colour of a pen on a desktop of this palette. KS_PEN_TEXT is readable on every background pen.
+QColor Pen(ks_pen pen, const QPalette& palette);
+
+// The room inside a group's frame, on top of the group's own border.
+QMargins FrameMargins();
+
+// Draws a frame around a sample of `color`, on a checker where it is transparent, and the focus ring.
+void PaintSample(QPainter& painter, const QRect& rect, const QColor& color, const QWidget& widget);
+QSize SampleSize(const QWidget& widget);
+
+}  // namespace look

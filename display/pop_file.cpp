@@ -1,0 +1,255 @@
+// SPDX-License-Identifier: MIT
+// A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
+#include "display/control_mirror.h"
+#include "display/look.h"
+#include "display/picture_file.h"
+#include "display/texts.h"
+#include "toolkit/KSPopFile.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QImageReader>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPointer>
+#include <QStyle>
+#include <QTimer>
+#include <QToolButton>
+#include <QUrl>
+
+#include <functional>
+#include <utility>
+
+namespace {
+
+constexpr int kCheckDelay = 150;  // milliseconds after the last key, before the file is looked at
+
+// Returns the path of the one local file that is dragged, or an empty one.
+QString DraggedFile(const QMimeData& data) {
+    const QList<QUrl> urls = data.urls();
+    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+}
+
+// The path's line. Says by an icon, a tip and a description that the path is no readable picture.
+class PathEdit : public QLineEdit {
+public:
+    PathEdit(std::function<void(const QString&)> edited, QWidget* parent)
+        : QLineEdit(parent), _edited(std::move(edited)) {
+        setClearButtonEnabled(true);
+        connect(this, &QLineEdit::textEdited, this, [this](const QString& path) {
+            _edited(path);
+            CheckSoon();
+        });
+    }
+
+    void ShowPath(const QString& path) {
+        if (text() == path)
+            return;
+        setText(path);
+        CheckSoon();
+    }
+
+    QSize sizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 24, QLineEdit::sizeHint().height()};
+    }
+    QSize minimumSizeHint() const override {
+        return {fontMetrics().averageCharWidth() * 16, QLineEdit::minimumSizeHint().height()};
+    }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (event->mimeData()->hasUrls())
+            event->setAccepted(!DraggedFile(*event->mimeData()).isEmpty());
+        else
+            QLineEdit::dragEnterEvent(event);
+    }
+
+    void dragMoveEvent(QDragMoveEvent* event) override {
+        if (event->mimeData()->hasUrls())
+            event->acceptProposedAction();
+        else
+            QLineEdit::dragMoveEvent(event);
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        const QString path = DraggedFile(*event->mimeData());
+        if (path.isEmpty()) {
+            QLineEdit::dropEvent(event);
+            return;
+        }
+        event->acceptProposedAction();
+        _edited(path);
+    }
+
+    void showEvent(QShowEvent* event) override {
+        QLineEdit::showEvent(event);
+        CheckSoon();
+    }
+
+private:
+    // The file is looked at only where somebody can see the answer.
+    void CheckSoon() {
+        if (!isVisible())
+            return;
+        if (!_timer) {
+            _timer = new QTimer(this);
+            _timer->setSingleShot(true);
+            _timer->setInterval(kCheckDelay);
+            connect(_timer, &QTimer::timeout, this,
+                    [this] { Mark(!text().isEmpty() && !IsPicture(text())); });
+        }
+        _timer->start();
+    }
+
+    void Mark(bool unreadable) {
+        if (unreadable == (_mark != nullptr))
+            return;
+        if (unreadable) {
+            _mark =
+                addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
+            _mark->setToolTip(QString::fromUtf8(texts::kNoPicture));
+        } else {
+            delete std::exchange(_mark, nullptr);
+        }
+        setToolTip(unreadable ? QString::fromUtf8(texts::kNoPicture) : QString());
+        setAccessibleDescription(toolTip());
+    }
+
+    std::function<void(const QString&)> _edited;
+    QTimer* _timer = nullptr;
+    QAction* _mark = nullptr;
+};
+
+// A button that Enter presses too, since it opens something.
+class BrowseButton : public QToolButton {
+public:
+    explicit BrowseButton(QWidget* parent) : QToolButton(parent) {
+        setText(QStringLiteral("…"));
+        setFocusPolicy(Qt::StrongFocus);
+    }
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && !event->isAutoRepeat())
+            click();
+        else
+            QToolButton::keyPressEvent(event);
+    }
+};
+
+// The file dialog with a preview at its right.
+class PictureDialog : public QFileDialog {
+public:
+    explicit PictureDialog(QWidget* parent) : QFileDialog(parent), _preview(new QLabel(this)) {
+        setAttribute(Qt::WA_DeleteOnClose);
+        setOption(QFileDialog::DontUseNativeDialog);
+        setFileMode(QFileDialog::ExistingFile);
+        setNameFilters({PicturesFilter(), QString::fromUtf8(texts::kAllFiles) + QStringLiteral(" (*)")});
+        _preview->setFixedWidth(kPreview);
+        _preview->setAlignment(Qt::AlignCenter);
+        _preview->setText(QString::fromUtf8(texts::kNoPreview));
+        if (auto* grid = dynamic_cast<QGridLayout*>(layout()))
+            grid->addWidget(_preview, 0, grid->columnCount(), grid->rowCount(), 1);
+        connect(this, &QFileDialog::currentChanged, this, [this](const QString& path) { Preview(path); });
+    }
+
+private:
+    static constexpr int kPreview = 180;
+
+    static QString PicturesFilter() {
+        QStringList patterns(QStringLiteral("*.tga"));
+        for (const QByteArray& format : QImageReader::supportedImageFormats())
+            patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
+        patterns.removeDuplicates();
+        return QString::fromUtf8(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
+    }
+
+    void Preview(const QString& path) {
+        const qreal ratio = devicePixelRatio();
+        QImage image = ReadPicture(path, QSize(kPreview, kPreview) * ratio);
+        if (image.isNull()) {
+            _preview->setText(QString::fromUtf8(texts::kNoPreview));
+            return;
+        }
+        image.setDevicePixelRatio(ratio);
+        _preview->setPixmap(QPixmap::fromImage(image));
+    }
+
+    QLabel* _preview;
+};
+
+class PopFileMirror : public ControlMirror {
+public:
+    PopFileMirror(KSPopFile& control, WindowMirror& window, QWidget* parent)
+        : ControlMirror(control, window), _control(control) {
+        auto* row = new QWidget(parent);
+        row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+        _edit = new PathEdit([this](const QString& path) { Edit(path); }, row);
+        _browse = new BrowseButton(row);
+        auto* layout = new QHBoxLayout(row);
+        layout->setContentsMargins({});
+        layout->setSpacing(look::kGap / 2);
+        layout->addWidget(_edit);
+        layout->addWidget(_browse);
+        SetWidget(row);
+        QObject::connect(_browse, &QToolButton::clicked, _browse, [this] { Browse(); });
+    }
+
+    void Fetch() override {
+        ControlMirror::Fetch();
+        _path = QString::fromStdString(_control.Path());
+    }
+
+    void Apply() override {
+        ControlMirror::Apply();
+        _edit->ShowPath(_path);
+    }
+
+    QWidget* Editor() const override { return _edit; }
+
+    void SetName(const QString& name) override {
+        _edit->setAccessibleName(name);
+        _browse->setAccessibleName(name + QStringLiteral(": ") + QString::fromUtf8(texts::kBrowse));
+    }
+
+private:
+    // A path that the control refuses leaves what it has, and the line shows that.
+    void Edit(const QString& path) {
+        if (!_control.EditText(path.toStdString()))
+            _edit->ShowPath(_path);
+    }
+
+    void Browse() {
+        if (_dialog) {
+            _dialog->activateWindow();
+            return;
+        }
+        _dialog = new PictureDialog(Widget()->window());
+        _dialog->setWindowTitle(_browse->accessibleName());
+        if (const QFileInfo present(_path); present.isFile()) {
+            _dialog->setDirectory(present.absolutePath());
+            _dialog->selectFile(present.fileName());
+        }
+        QObject::connect(_dialog, &QFileDialog::fileSelected, _edit,
+                         [this](const QString& path) { Edit(path); });
+        _dialog->open();
+    }
+
+    KSPopFile& _control;
+    PathEdit* _edit;
+    BrowseButton* _browse;
+    QPointer<PictureDialog> _dialog;
+    QString _path;
+};
+
+}  // namespace
+
+std::unique_ptr<ControlMirror> MirrorPopFile(KSPopFile& control, WindowMirror& window, QWidget* parent) {
+    return std::make_unique<PopFileMirror>(control, window, parent);
+}

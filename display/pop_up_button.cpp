@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+// The keyboard and the accessible interface of pop-up buttons.
+#include "display/pop_up_button.h"
+
+#include <QAccessibleWidget>
+#include <QKeyEvent>
+#include <QStringList>
+
+namespace {
+
+class PopUpAccessible : public QAccessibleWidget {
+public:
+    explicit PopUpAccessible(PopUpButton* button)
+        : QAccessibleWidget(button, button->Role()), _button(button) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? _button->ValueText() : QAccessibleWidget::text(kind);
+    }
+    QStringList actionNames() const override {
+        return QStringList(pressAction()) + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& action) override {
+        if (action == pressAction())
+            _button->click();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+
+private:
+    PopUpButton* _button;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* button = dynamic_cast<PopUpButton*>(object);
+    return button ? new PopUpAccessible(button) : nullptr;
+}
+
+}  // namespace
+
+PopUpButton::PopUpButton(QAccessible::Role role, QWidget* parent) : QAbstractButton(parent), _role(role) {
+    setFocusPolicy(Qt::StrongFocus);
+    QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
+}
+
+void PopUpButton::SetValueText(const QString& text) {
+    _value_text = text;
+    setAccessibleDescription(text);
+}
+
+void PopUpButton::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && !event->isAutoRepeat())
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}

@@ -1,0 +1,37 @@
+// SPDX-License-Identifier: MIT
+// The one door to the main thread: functions posted from any thread run there, in order.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <mutex>
+#include <vector>
+
+class QSocketNotifier;
+
+class PostQueue {
+public:
+    // Made on the main thread; may be posted to at once. Throws std::system_error when the system has no
+    // descriptor left.
+    PostQueue();
+    // Drops what has not run. On the main thread, when nobody posts any more.
+    ~PostQueue();
+    PostQueue(const PostQueue&) = delete;
+    PostQueue& operator=(const PostQueue&) = delete;
+
+    // From any thread; never waits for the function to run.
+    void Post(std::function<void()> function);
+
+    // Has the GUI library's event loop run what is posted. Main thread, with the application made.
+    void Listen();
+    // Ends that; what is posted stays.
+    void Unlisten();
+
+private:
+    void RunPosted();
+
+    std::mutex _mutex;
+    std::vector<std::function<void()>> _posted;
+    std::unique_ptr<QSocketNotifier> _notifier;
+    int _event;
+};

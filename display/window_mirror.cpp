@@ -1,0 +1,247 @@
+// SPDX-License-Identifier: MIT
+// Builds a window's widgets, keeps them in step with the controls and routes what is the window's own: its
+// close box, its default button and the names of its editors.
+#include "display/window_mirror.h"
+
+#include "display/mnemonics.h"
+#include "display/post_queue.h"
+#include "kits/BWindow.h"
+#include "toolkit/KSContainer.h"
+#include "toolkit/KSLabel.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWidget>
+#include <QWindow>
+
+#include <set>
+#include <utility>
+
+namespace {
+
+// A window that nobody sees (on another desktop, behind a locked screen) counts as shown after this.
+constexpr int kUnseenMilliseconds = 1000;
+
+}  // namespace
+
+class WindowMirror::Top : public QWidget {
+public:
+    Top(BWindow& window, std::function<void()> shown) : _window(window), _shown(std::move(shown)) {
+        QTimer::singleShot(kUnseenMilliseconds, this, [this] { TellShown(); });
+    }
+
+    void SetDefaultButton(QPushButton* button) {
+        if (_default_button)
+            _default_button->setDefault(false);
+        _default_button = button;
+        if (button)
+            button->setDefault(true);
+    }
+
+protected:
+    void showEvent(QShowEvent* event) override {
+        windowHandle()->installEventFilter(this);
+        QWidget::showEvent(event);
+    }
+
+    bool eventFilter(QObject* object, QEvent* event) override {
+        if (event->type() == QEvent::Expose && windowHandle()->isExposed()) {
+            windowHandle()->removeEventFilter(this);
+            TellShown();
+        }
+        return QWidget::eventFilter(object, event);
+    }
+
+    void closeEvent(QCloseEvent* event) override {
+        BAutolock lock(&_window);
+        event->setAccepted(!lock || _window.QuitRequested());
+    }
+
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (enter && !(event->modifiers() & ~Qt::KeypadModifier) && !event->isAutoRepeat() && _default_button)
+            _default_button->click();
+        else
+            QWidget::keyPressEvent(event);
+    }
+
+private:
+    void TellShown() {
+        if (_shown)
+            std::exchange(_shown, nullptr)();
+    }
+
+    BWindow& _window;
+    std::function<void()> _shown;
+    QPointer<QPushButton> _default_button;
+};
+
+WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, std::function<void()> shown)
+    : _window(window), _queue(queue), _top(std::make_unique<Top>(window, std::move(shown))) {
+    auto* layout = new QVBoxLayout(_top.get());
+    layout->setContentsMargins({});
+    {
+        BAutolock lock(&window);
+        if (!lock)
+            return;
+        for (const auto& view : window.Children())
+            if (auto* container = dynamic_cast<KSContainer*>(view.get()); container && container->Content()) {
+                layout->addWidget(Make(*container->Content(), _top.get()).Widget());
+                _containers.push_back(container);
+                container->TakeChanges();
+            }
+        for (const auto& mirror : _mirrors)
+            mirror->Fetch();
+        Listen(true);
+    }
+    for (const auto& mirror : _mirrors) {
+        const QSignalBlocker blocker(mirror->Widget());
+        mirror->Apply();
+    }
+    _top->setWindowTitle(QString::fromUtf8(window.Title()));
+    ShowLabels();
+
+    const KSRect<long> frame = window.Frame();
+    _top->move(static_cast<int>(frame.left), static_cast<int>(frame.top));
+    _top->resize(QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight()))
+                     .expandedTo(_top->sizeHint()));
+    _top->show();
+}
+
+WindowMirror::~WindowMirror() {
+    Listen(false);
+}
+
+void WindowMirror::Listen(bool on) {
+    BAutolock lock(&_window);
+    for (KSContainer* container : _containers)
+        container->SetChangeListener(on ? std::function<void()>([this] { _queue.Post([this] { Sync(); }); })
+                                        : nullptr);
+}
+
+ControlMirror& WindowMirror::Make(KSControl& control, QWidget* parent) {
+    _mirrors.push_back(MakeMirror(control, *this, parent));
+    _by_control[&control] = _mirrors.back().get();
+    return *_mirrors.back();
+}
+
+ControlMirror* WindowMirror::Find(const KSControl* control) const {
+    const auto found = _by_control.find(control);
+    return found == _by_control.end() ? nullptr : found->second;
+}
+
+void WindowMirror::Commit() {
+    for (const auto& mirror : _mirrors)
+        mirror->Commit();
+}
+
+void WindowMirror::SetDefaultButton(QPushButton* button) {
+    _top->SetDefaultButton(button);
+}
+
+void WindowMirror::Sync() {
+    std::vector<ControlMirror*> changed;
+    bool layout = false, redraw = false, labels = false;
+    {
+        BAutolock lock(&_window);
+        if (!lock)
+            return;
+        for (KSContainer* container : _containers) {
+            const KSContainer::Changes changes = container->TakeChanges();
+            for (const KSControl* control : changes.controls)
+                if (ControlMirror* mirror = Find(control))
+                    changed.push_back(mirror);
+            layout |= changes.layout;
+            redraw |= changes.redraw;
+        }
+        // A layout takes everything's size anew.
+        if (layout) {
+            changed.clear();
+            for (const auto& mirror : _mirrors)
+                changed.push_back(mirror.get());
+        }
+        for (ControlMirror* mirror : changed) {
+            const QString label = mirror->Label();
+            mirror->Fetch();
+            labels |= label != mirror->Label();
+        }
+    }
+    for (ControlMirror* mirror : changed) {
+        const QSignalBlocker blocker(mirror->Widget());
+        mirror->Apply();
+    }
+    if (labels)
+        ShowLabels();
+    if (layout)
+        _top->layout()->activate();
+    if (redraw)
+        _top->update();
+}
+
+void WindowMirror::ShowLabels() {
+    // The texts that are always visible, then each page's, which may use the letters of other pages.
+    std::vector<std::vector<ControlMirror*>> places(1);
+    std::unordered_map<ControlMirror*, QWidget*> editors;
+    for (KSContainer* container : _containers)
+        NameEditors(*container->Content(), _top->windowTitle(), places, 0, editors);
+
+    std::set<char> common;
+    for (const auto& place : places) {
+        std::vector<QString> texts;
+        for (const ControlMirror* mirror : place)
+            texts.push_back(mirror->Label());
+        std::set<char> used = common;
+        const std::vector<int> mnemonics = ChooseMnemonics(texts, used);
+        for (std::size_t i = 0; i < place.size(); ++i)
+            place[i]->ShowLabel(mnemonics[i], editors[place[i]]);
+        if (&place == &places.front())
+            common = used;
+    }
+}
+
+void WindowMirror::NameEditors(const KSControl& control, const QString& title, Places& places,
+                               std::size_t place, std::unordered_map<ControlMirror*, QWidget*>& editors) {
+    ControlMirror* mirror = Find(&control);
+    const QString& label = mirror->Label();
+    const QString& name = label.isEmpty() ? title : label;
+    if (mirror->NamesItself())
+        places[place].push_back(mirror);
+    mirror->SetName(name);
+
+    // A label names the editors of the next control that has one.
+    ControlMirror* naming = nullptr;
+    for (const auto& child : control.Children()) {
+        if (control.ForceMode() == KS_FORCE_STACKED) {
+            places.emplace_back();
+            place = places.size() - 1;
+        }
+        if (dynamic_cast<const KSLabel*>(child.get())) {
+            naming = Find(child.get());
+            naming->ShowLabel(-1, nullptr);
+            continue;
+        }
+        QWidget* editor = FirstEditor(*child);
+        if (naming && editor) {
+            places[place].push_back(naming);
+            editors[naming] = editor;
+            NameEditors(*child, naming->Label(), places, place, editors);
+            naming = nullptr;
+        } else {
+            NameEditors(*child, name, places, place, editors);
+        }
+    }
+}
+
+QWidget* WindowMirror::FirstEditor(const KSControl& control) const {
+    if (QWidget* editor = Find(&control)->Editor())
+        return editor;
+    for (const auto& child : control.Children())
+        if (QWidget* editor = FirstEditor(*child))
+            return editor;
+    return nullptr;
+}
