@@ -2,6 +2,7 @@
 // What the primitives paint, and how often: worked pictures, and random programs beside the plain algorithms.
 #include "kits/BBitmap.h"
 #include "raster/KSRaster.h"
+#include "tests/raster/pixels.h"
 #include "tests/reference/drawing.h"
 
 #include <gtest/gtest.h>
@@ -17,12 +18,6 @@ namespace {
 
 using point = KSPoint<long>;
 using rect = KSRect<long>;
-
-std::uint32_t PixelAt(const KSRaster& raster, long x, long y) {
-    const auto* row =
-        static_cast<const unsigned char*>(raster.Bits()) + (y - raster.Frame().top) * raster.BytesPerRow();
-    return reinterpret_cast<const std::uint32_t*>(row)[x - raster.Frame().left];
-}
 
 // Returns how often `draw` paints each pixel of the frame: a digit per pixel, rows separated by slashes.
 std::string Painted(rect frame, const std::function<void(KSRaster&)>& draw) {
