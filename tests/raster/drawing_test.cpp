@@ -300,8 +300,8 @@ void RunProgram(unsigned seed, long size, long reach, int shapes) {
 }
 
 TEST(Drawing, RandomProgramsPaintWhatThePlainAlgorithmsPaint) {
-    for (unsigned seed = 1; seed <= 300; seed++)
-        RunProgram(seed, 40, 60, 12);
+    for (unsigned seed = 1; seed <= 1500; seed++)
+        RunProgram(seed, seed % 10 == 0 ? 200 : 40, seed % 3 == 0 ? 400 : 50, 12);
 }
 
 }  // namespace

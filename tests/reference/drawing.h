@@ -18,6 +18,8 @@
 
 namespace reference {
 
+__extension__ using wide = __int128;
+
 class canvas {
 public:
     explicit canvas(KSRect<long> frame) : _frame(frame), pixels(Size()), counts(Size()) {}
@@ -143,7 +145,6 @@ private:
 
     template <class Flat, class Steep>
     static void WalkEllipse(long x1, long y1, long x2, long y2, Flat first, Steep second) {
-        __extension__ using wide = __int128;
         const long cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
         const long a = cx - x1, b = cy - y1;
         const wide t1 = wide{a} * a, t2 = 2 * t1, t3 = 2 * t2, t4 = wide{b} * b, t5 = 2 * t4, t6 = 2 * t5;
@@ -179,14 +180,14 @@ private:
         } while (x >= 0);
     }
 
-    static void Crossings(KSPoint<long> from, KSPoint<long> to, std::vector<std::array<long, 3>>& crossings) {
+    void Crossings(KSPoint<long> from, KSPoint<long> to, std::vector<std::array<long, 3>>& crossings) {
         if (from.y == to.y)
             return;
         if (to.y < from.y)
             std::swap(from, to);
         const long slope = (to.x - from.x) * 256 / (to.y - from.y);
-        long fixed = from.x * 256 + slope;
-        for (long y = from.y + 1; y <= to.y; y++, fixed += slope) {
+        for (long y = std::max(from.y + 1, _frame.top); y <= std::min(to.y, _frame.bottom); y++) {
+            const long fixed = from.x * 256 + slope * (y - from.y);
             std::array<long, 3>* found = nullptr;
             for (auto& crossing : crossings)
                 if (found == nullptr && crossing[0] == y)
@@ -199,12 +200,12 @@ private:
     }
 
     static long ColumnAt(KSPoint<long> from, KSPoint<long> to, long y) {
-        return from.x + (y - from.y) * (to.x - from.x) / (to.y - from.y);
+        return from.x + static_cast<long>(wide{y - from.y} * (to.x - from.x) / (to.y - from.y));
     }
 
     void Between(KSPoint<long> a1, KSPoint<long> a2, KSPoint<long> b1, KSPoint<long> b2, long top,
                  long bottom) {
-        for (long y = top; y <= bottom; y++) {
+        for (long y = std::max(top, _frame.top); y <= std::min(bottom, _frame.bottom); y++) {
             const long a = ColumnAt(a1, a2, y), b = ColumnAt(b1, b2, y);
             if (a != b)
                 FillRect(std::min(a, b), y, std::max(a, b), y);
