@@ -2,10 +2,11 @@
 // A session bus of a test's own, its other users and its impostors.
 #pragma once
 
+#include "tests/kits/temporary_directory.h"
+
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <gtest/gtest.h>
 #include <poll.h>
@@ -117,13 +118,9 @@ public:
 class FakeBus {
 public:
     explicit FakeBus(std::function<void(int connection)> talk = nullptr) {
-        char directory[] = "/tmp/nymbrel-bus-XXXXXX";
-        if (!mkdtemp(directory))
-            throw std::system_error(errno, std::generic_category(), "mkdtemp");
-        _directory = directory;
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
-        const std::string path = _directory + "/socket";
+        const std::string path = _directory / "socket";
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         _listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         if (bind(_listener, reinterpret_cast<sockaddr*>(&address), sizeof address) != 0 ||
@@ -144,13 +141,12 @@ public:
         if (_talker.joinable())
             _talker.join();
         close(_listener);
-        std::filesystem::remove_all(_directory);
     }
     FakeBus(const FakeBus&) = delete;
     FakeBus& operator=(const FakeBus&) = delete;
 
 private:
-    std::string _directory;
+    TemporaryDirectory _directory;
     int _listener = -1;
     std::thread _talker;
 };

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Where the platform's paths lie, and files and directories that must not stop the program.
 #include "kits/storage.h"
+#include "tests/kits/temporary_directory.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <set>
 #include <sys/stat.h>
@@ -65,28 +64,19 @@ INSTANTIATE_TEST_SUITE_P(Paths, Resolve, testing::ValuesIn(kPaths),
 
 class Storage : public testing::Test {
 protected:
-    void SetUp() override {
-        char directory[] = "/tmp/nymbrel-storage-XXXXXX";
-        ASSERT_TRUE(mkdtemp(directory));
-        root = directory;
-    }
-    void TearDown() override { fs::remove_all(root); }
-    std::string Path(const char* name) const { return root / name; }
-    void Write(const char* name) const { std::ofstream(root / name) << "text"; }
-
-    fs::path root;
+    TemporaryDirectory root;
 };
 
 TEST_F(Storage, CreatesTheSettingsDirectoryButNotThePlatforms) {
     if (fs::is_directory("/boot/home"))
         GTEST_SKIP() << "this is the platform itself";
-    setenv("XDG_CONFIG_HOME", Path("a/b").c_str(), 1);
+    setenv("XDG_CONFIG_HOME", (root / "a/b").c_str(), 1);
     ks_create_settings_directory();
     EXPECT_TRUE(fs::is_directory(root / "a/b"));
     ks_create_settings_directory();
 
-    Write("file");
-    setenv("XDG_CONFIG_HOME", Path("file/b").c_str(), 1);
+    root.Write("file", "text");
+    setenv("XDG_CONFIG_HOME", (root / "file/b").c_str(), 1);
     ks_create_settings_directory();
     EXPECT_TRUE(fs::is_regular_file(root / "file"));
 
@@ -97,35 +87,35 @@ TEST_F(Storage, CreatesTheSettingsDirectoryButNotThePlatforms) {
 }
 
 TEST_F(Storage, OpensFilesAndNeverWaits) {
-    Write("file");
+    root.Write("file", "text");
     fs::create_directory(root / "directory");
     fs::create_symlink("nowhere", root / "dangling");
     fs::create_symlink("file", root / "link");
-    ASSERT_EQ(mkfifo(Path("fifo").c_str(), 0600), 0);
+    ASSERT_EQ(mkfifo((root / "fifo").c_str(), 0600), 0);
     BFile file;
-    EXPECT_EQ(file.SetTo(Path("file").c_str(), B_READ_ONLY), B_OK);
-    EXPECT_EQ(file.SetTo(Path("link").c_str(), B_READ_ONLY), B_OK);
-    EXPECT_EQ(file.SetTo(Path("fifo").c_str(), B_READ_ONLY), B_OK);
-    EXPECT_NE(file.SetTo(Path("directory").c_str(), B_READ_ONLY), B_OK);
-    EXPECT_NE(file.SetTo(Path("dangling").c_str(), B_READ_ONLY), B_OK);
-    EXPECT_NE(file.SetTo(Path("missing").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_EQ(file.SetTo((root / "file").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_EQ(file.SetTo((root / "link").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_EQ(file.SetTo((root / "fifo").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_NE(file.SetTo((root / "directory").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_NE(file.SetTo((root / "dangling").c_str(), B_READ_ONLY), B_OK);
+    EXPECT_NE(file.SetTo((root / "missing").c_str(), B_READ_ONLY), B_OK);
     EXPECT_NE(file.SetTo("", B_READ_ONLY), B_OK);
     EXPECT_NE(file.SetTo(nullptr, B_READ_ONLY), B_OK);
-    EXPECT_NE(file.SetTo(Path("file").c_str(), 1), B_OK);
+    EXPECT_NE(file.SetTo((root / "file").c_str(), 1), B_OK);
 
-    std::FILE* opened = ks_open_regular_file(Path("link"));
+    std::FILE* opened = ks_open_regular_file(root / "link");
     ASSERT_TRUE(opened);
     std::fclose(opened);
     for (const char* name : {"fifo", "directory", "dangling", "missing"})
-        EXPECT_FALSE(ks_open_regular_file(Path(name))) << name;
+        EXPECT_FALSE(ks_open_regular_file(root / name)) << name;
     EXPECT_FALSE(ks_open_regular_file("/dev/zero"));
 }
 
 TEST_F(Storage, ListsEntriesOfEveryKind) {
     const std::string long_name(255, 'n');
-    Write("file");
-    Write(long_name.c_str());
-    Write(".hidden");
+    root.Write("file", "text");
+    root.Write(long_name, "text");
+    root.Write(".hidden", "text");
     fs::create_directory(root / "directory");
     fs::create_symlink("nowhere", root / "dangling");
     BDirectory directory;
@@ -135,7 +125,7 @@ TEST_F(Storage, ListsEntriesOfEveryKind) {
     char name[B_FILE_NAME_LENGTH];
     EXPECT_NE(entry.GetName(name), B_OK);
 
-    ASSERT_EQ(directory.SetTo(root.c_str()), B_OK);
+    ASSERT_EQ(directory.SetTo((root / "").c_str()), B_OK);
     for (int pass = 0; pass < 2; ++pass) {
         ASSERT_EQ(directory.Rewind(), B_OK);
         std::multiset<std::string> names;
@@ -145,7 +135,7 @@ TEST_F(Storage, ListsEntriesOfEveryKind) {
         }
         EXPECT_EQ(names, (std::multiset<std::string>{"file", long_name, ".hidden", "directory", "dangling"}));
     }
-    EXPECT_NE(directory.SetTo(Path("missing").c_str()), B_OK);
+    EXPECT_NE(directory.SetTo((root / "missing").c_str()), B_OK);
     EXPECT_NE(directory.GetNextEntry(&entry), B_OK);
 }
 

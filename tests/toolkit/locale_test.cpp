@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: MIT
+// Catalogs: which one is opened, and what is read from any bytes whatever.
+#include "tests/kits/temporary_directory.h"
+#include "toolkit/KSLocale.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <sys/stat.h>
+
+namespace {
+
+using namespace std::string_literals;
+
+struct catalog_case {
+    const char* name;
+    std::string bytes;
+    std::uint32_t id;
+    const char* want;  // "default" where there is no text
+};
+
+const catalog_case kCatalogs[] = {
+    // name, bytes, id, want
+    {"Plain", "12 Text with blanks \n", 12, "Text with blanks "},
+    {"Tab", "12\tText\n", 12, "Text"},
+    {"OnlyOneSeparator", "12  Text\n", 12, " Text"},
+    {"NoLineFeedAtTheEnd", "1 OK\n2 Apply", 2, "Apply"},
+    {"CarriageReturn", "1 OK\r\n2 Apply\r\n", 1, "OK"},
+    {"Escapes", "1 a\\nb\\\\n\\x\n", 1, "a\nb\\nx"},
+    {"LoneBackslash", "1 a\\\n", 1, "default"},
+    {"Comment", "$ 1 OK\n$1 OK\n", 1, "default"},
+    {"IndentedLine", " 1 OK\n", 1, "default"},
+    {"NoSeparator", "1\n1OK\n1:OK\n", 1, "default"},
+    {"EmptyText", "1 \n", 1, "default"},
+    {"TheSecondCounts", "1 OK\n1 Okay\n", 1, "Okay"},
+    {"LargestId", "4294967295 x\n", 4294967295u, "x"},
+    {"IdTooLarge", "4294967296 x\n4294967297 x\n", 0, "default"},
+    {"NegativeId", "-1 x\n", 4294967295u, "default"},
+    {"Utf8", "1 \xC3\x84ndern \xE2\x9C\x93\n", 1, "\xC3\x84ndern \xE2\x9C\x93"},
+    {"Latin1", "1 \xC4ndern\n2 OK\n", 1, "default"},
+    {"AfterLatin1", "1 \xC4ndern\n2 OK\n", 2, "OK"},
+    {"CutCharacter", "1 a\xE2\x9C", 1, "default"},
+    {"Nul", "1 a\0b\n2 OK\n"s, 1, "default"},
+    {"ByteOrderMark",
+     "\xEF\xBB\xBF"
+     "1 OK\n",
+     1, "OK"},
+    {"Empty", "", 1, "default"},
+};
+
+TEST(Catalog, GivesItsTexts) {
+    for (const catalog_case& row : kCatalogs) {
+        KSLocale locale;
+        locale.Read(row.bytes);
+        EXPECT_STREQ(locale.String(row.id, "default"), row.want) << row.name;
+    }
+}
+
+TEST(Catalog, TakesLinesOfAnyLengthAndForgetsTheOneBefore) {
+    KSLocale locale;
+    const std::string long_text(300000, 'x');
+    locale.Read("1 " + long_text + "\n" + std::string(300000, '7') + " y\n2 OK\n");
+    EXPECT_EQ(locale.String(1, ""), long_text);
+    EXPECT_STREQ(locale.String(2, ""), "OK");
+    locale.Read("");
+    EXPECT_STREQ(locale.String(2, "default"), "default");
+    EXPECT_EQ(locale.String(2, nullptr), nullptr);
+}
+
+// Any bytes are survived; a good line among them still counts. The sanitizers watch.
+TEST(Catalog, SurvivesDamage) {
+    constexpr unsigned kSeed = 1123;
+    std::mt19937 random(kSeed);
+    const std::string alphabet = "\n\r \t\\$n0123456789ab\x80\xBF\xC3\xE2\xF0\xFF"s + '\0';
+    for (int turn = 0; turn < 3000; ++turn) {
+        std::string bytes;
+        for (unsigned i = random() % 200; i > 0; --i)
+            bytes += alphabet[random() % alphabet.size()];
+        KSLocale locale;
+        locale.Read(bytes + "\n77777 good\n");
+        ASSERT_STREQ(locale.String(77777, ""), "good") << "seed " << kSeed << ", turn " << turn;
+    }
+}
+
+class OpenCatalog : public testing::Test {
+protected:
+    void SetUp() override {
+        if (std::filesystem::is_directory("/boot/home"))
+            GTEST_SKIP() << "this is the platform itself";
+        setenv("XDG_CONFIG_HOME", (root / "config").c_str(), 1);
+        AddCatalog("deutsch", "1 deutsch\n");
+        AddCatalog("fran\xC3\xA7"
+                   "ais du nord",
+                   "1 nord\n");
+        root.Write("config/App.catalog", "1 outside\n");
+        root.Write("config/Kestrune/App.catalog", "1 outside\n");
+        root.Write("config/Kestrune/Catalogs/App.catalog", "1 outside\n");
+        root.Write("config/Kestrune/Catalogs/empty", "1 no directory\n");
+    }
+    void AddCatalog(const std::string& language, const std::string& text) {
+        root.Write("config/Kestrune/Catalogs/" + language + "/App.catalog", text);
+    }
+    std::string TextWith(const std::string& settings) {
+        root.Write("config/Nymbrel_settings", settings);
+        KSLocale locale;
+        locale.Open("App.catalog");
+        return locale.String(1, "default");
+    }
+
+    TemporaryDirectory root;
+};
+
+TEST_F(OpenCatalog, OfTheLastLanguageThatIsThere) {
+    EXPECT_EQ(TextWith(""), "default");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\n"), "deutsch");
+    EXPECT_EQ(TextWith("language=deutsch"), "deutsch");
+    EXPECT_EQ(TextWith("LANGUAGE = fran\xC3\xA7"
+                       "ais du nord  \n"),
+              "nord");
+    EXPECT_EQ(TextWith("LANGUAGE = Deutsch\n"), "default");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\r\n"), "default");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\nLANGUAGE = missing\n"), "deutsch");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\nLANGUAGE = english\n"), "default");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\nLANGUAGE = empty\n"), "default");
+    AddCatalog("english", "1 english\n");
+    EXPECT_EQ(TextWith(""), "english");
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\nLANGUAGE = english\n"), "english");
+}
+
+TEST_F(OpenCatalog, NeverOutsideTheCatalogsDirectory) {
+    for (const char* name : {".", "..", "../..", "deutsch/../..", "/", "", "./"})
+        EXPECT_EQ(TextWith("LANGUAGE = "s + name + "\n"), "default") << name;
+    EXPECT_EQ(TextWith("LANGUAGE = " + (root / "config") + "\n"), "default");
+}
+
+TEST_F(OpenCatalog, ButNoPipeAndNothingHuge) {
+    const std::string file = root / "config/Kestrune/Catalogs/deutsch/App.catalog";
+    std::filesystem::resize_file(file, 1 << 20);
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\n"), "deutsch");
+    std::filesystem::resize_file(file, (1 << 20) + 1);
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\n"), "default");
+    std::filesystem::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_EQ(TextWith("LANGUAGE = deutsch\n"), "default");
+    KSLocale locale;
+    locale.Open(nullptr);
+    EXPECT_STREQ(locale.String(1, "default"), "default");
+}
+
+}  // namespace
