@@ -165,6 +165,12 @@ KS_INLINE Words join(Halves rb, Halves ag) {
     return words(rb | ag << 8);
 }
 
+// 255 minus each colour channel, and the alpha as it is. (Of all ones GCC 12 makes an instruction that waits
+// for its target's former value, which chains the iterations of a loop.)
+KS_INLINE Words inverse(Words w) {
+    return w ^ 0x00FFFFFFu;
+}
+
 // A value of 0 to 255 per pixel, for both its halves.
 KS_INLINE Halves both(Words value) {
     return halves(value | value << 16);

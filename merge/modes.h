@@ -112,13 +112,16 @@ struct multiply : blending<multiply> {
 
 struct screen : blending<screen> {
     static KS_INLINE Words blend(Words d, Words s) {
-        return join(div255(65025 - red_blue(~d) * red_blue(~s)),
-                    div255(65025 - alpha_green(~d) * alpha_green(~s)));
+        const Words i = inverse(d), j = inverse(s);
+        return join(div255(65025 - red_blue(i) * red_blue(j)),
+                    div255(65025 - alpha_green(i) * alpha_green(j)));
     }
 };
 
 struct add : blending<add> {
-    static KS_INLINE Words blend(Words d, Words s) { return words(bytes(d) + least(bytes(s), bytes(~d))); }
+    static KS_INLINE Words blend(Words d, Words s) {
+        return words(bytes(d) + least(bytes(s), bytes(inverse(d))));
+    }
 };
 
 struct substract : blending<substract> {
@@ -146,7 +149,7 @@ struct average : blending<average> {
 };
 
 struct invert : blending<invert> {
-    static KS_INLINE Words blend(Words d, Words) { return ~d; }
+    static KS_INLINE Words blend(Words d, Words) { return inverse(d); }
 };
 
 struct xormask : blending<xormask> {
