@@ -74,7 +74,8 @@ TEST(Transform, WorkedValues) {
 }
 
 TEST(Transform, DegenerateAndHostileArgumentsWriteNothing) {
-    constexpr double infinity = std::numeric_limits<double>::infinity(), nan = std::nan("");
+    constexpr double infinity = std::numeric_limits<double>::infinity();
+    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
     const KSRect<long> rect(0, 0, 0, 0);
     const struct {

@@ -147,9 +147,9 @@ public:
                 for (i64 dy = -1; dy <= 1; ++dy)
                     for (i64 dx = -1; dx <= 1; ++dx)
                         neighbours += (dx || dy) && at(x + dx, y + dy) == value;
-                for (i64 dy = -r; dy <= r && neighbours == 0; ++dy)
-                    for (i64 dx = -r; dx <= r; ++dx)
-                        square += dx && dy && at(x + dx, y + dy) == value;
+                for (i64 v = std::max<i64>(y - r, 0); v <= std::min(y + r, h - 1) && neighbours == 0; ++v)
+                    for (i64 u = std::max<i64>(x - r, 0); u <= std::min(x + r, w - 1); ++u)
+                        square += u != x && v != y && at(u, v) == value;
                 const int left = at(x == 0 ? 1 : x - 1, y), right = at(x == w - 1 ? x - 1 : x + 1, y);
                 for (i64 dx = -r; dx <= r; ++dx) {
                     left_count += at(x + dx, y) == left;

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+// What the public operations ask of the units compiled for the several instruction sets.
+//
+// Private. Holds plain data only, so that those units may include it: see nymbrel_instruction_set in
+// cmake/NymbrelTargets.cmake.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+// Positions are in 1/4096 of a pixel.
+inline constexpr int kFractionBits = 12;
+inline constexpr std::int64_t kOne = 1 << kFractionBits;
+
+// The pixels that may be read: `height` rows of `width` words, `row_length` apart. Both are at least 1.
+struct SourcePixels {
+    const std::uint32_t* words;
+    std::int64_t width;
+    std::int64_t height;
+    std::ptrdiff_t row_length;
+};
+
+// The pixels that may be written, none of them in the source.
+struct DestinationPixels {
+    std::uint32_t* words;
+    std::int64_t width;
+    std::int64_t height;
+    std::ptrdiff_t row_length;
+};
+
+// One coordinate of the source positions: destination pixel (i, j) lies at start + i * column + j * row,
+// relative to the source's first pixel. All three are so far from the ends of their type that no sum of a
+// destination's positions overflows.
+struct Axis {
+    std::int64_t start;
+    std::int64_t column;
+    std::int64_t row;
+};
+
+// The inverse of a bilinear map onto a quadrilateral; KSBitmapTools.cpp says how it is derived.
+struct InverseMap {
+    double left, top;  // the first destination pixel
+    double ax, ay, bx, by, cx, cy;
+    double x3, y3;
+    double curvature;
+    double least, most;  // the accepted range of both source fractions
+};
+
+struct PixelFunctions {
+    // Scaling: x.row and y.column are 0, all positions lie in the source or half a pixel outside.
+    void (*scale_plain)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
+    void (*scale_bilinear)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
+    // Rotation: column steps are below 2^16 in magnitude.
+    void (*rotate_plain)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
+    void (*rotate_bilinear)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
+    void (*transform_plain)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
+    void (*transform_bilinear)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
+};
+
+namespace baseline {
+extern const PixelFunctions kPixelFunctions;
+}
+namespace avx2 {
+extern const PixelFunctions kPixelFunctions;
+}
+namespace avx512 {
+extern const PixelFunctions kPixelFunctions;
+}
+
+// Returns the functions of the instruction set in use.
+const PixelFunctions& ActivePixelFunctions();

@@ -1,0 +1,510 @@
+// SPDX-License-Identifier: MIT
+// Sampling of source pixels at many positions at once; included once for each instruction set.
+//
+// The including unit defines NYMBREL_LEVEL, the namespace to fill, and NYMBREL_VECTOR_BYTES, the width of its
+// vectors. Everything but the table at the end is local to the unit.
+//
+// Work is done in blocks of 64 destination pixels of one row: the neighbours of the positions are collected
+// one by one (faster than the processors' gather instructions), then mixed a vector at a time. Rotated reads
+// go through bands of 64 rows block by block, which keeps the part of the source that they touch in the
+// cache.
+#include "bitmaptools/pixel_functions.h"
+
+#include <utility>
+
+#define NYMBREL_INLINE [[gnu::always_inline]] inline
+
+namespace NYMBREL_LEVEL {
+namespace {
+
+constexpr int kLanes = NYMBREL_VECTOR_BYTES / 4;
+constexpr int kDoubleLanes = NYMBREL_VECTOR_BYTES / 8;
+using Words [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::uint32_t;
+using Ints [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::int32_t;
+using Floats [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = float;
+using Doubles [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = double;
+using Longs [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::int64_t;
+using HalfInts [[gnu::vector_size(NYMBREL_VECTOR_BYTES / 2)]] = std::int32_t;
+
+constexpr std::int64_t kBlock = 64;
+constexpr std::int64_t kBand = 64;
+
+template <class Vector, class Item> NYMBREL_INLINE Vector Load(const Item* items) {
+    Vector vector;
+    __builtin_memcpy(&vector, items, sizeof vector);
+    return vector;
+}
+
+template <class Vector, class Item> NYMBREL_INLINE void Store(Item* items, const Vector& vector) {
+    __builtin_memcpy(items, &vector, sizeof vector);
+}
+
+NYMBREL_INLINE std::int64_t Least(std::int64_t a, std::int64_t b) {
+    return a < b ? a : b;
+}
+
+NYMBREL_INLINE std::int64_t Most(std::int64_t a, std::int64_t b) {
+    return a > b ? a : b;
+}
+
+template <std::size_t... kLane>
+NYMBREL_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
+                               std::index_sequence<kLane...>) {
+    const Words low = Load<Words>(pairs), high = Load<Words>(pairs + kLanes);
+    left = __builtin_shufflevector(low, high, (2 * kLane)...);
+    right = __builtin_shufflevector(low, high, (2 * kLane + 1)...);
+}
+
+// The indices first <= i < last.
+struct Interval {
+    std::int64_t first, last;
+};
+
+NYMBREL_INLINE std::int64_t DivideRoundingUp(std::int64_t a, std::int64_t b) {
+    return a / b + (a % b > 0);
+}
+
+// Returns the part of `interval` where low <= start + i * step < high.
+Interval Clip(Interval interval, std::int64_t start, std::int64_t step, std::int64_t low, std::int64_t high) {
+    if (step < 0)
+        return Clip(interval, -start, -step, 1 - high, 1 - low);
+    if (step == 0)
+        return low <= start && start < high ? interval : Interval{interval.first, interval.first};
+    const std::int64_t first = Most(interval.first, DivideRoundingUp(low - start, step));
+    const std::int64_t last = Least(interval.last, DivideRoundingUp(high - start, step));
+    return first < last ? Interval{first, last} : Interval{interval.first, interval.first};
+}
+
+// The neighbours of up to 64 positions and the fractions of these in 1/4096. Lanes that are not in use hold
+// anything.
+struct Block {
+    alignas(64) std::uint32_t pairs[2][2 * kBlock] = {};  // left and right neighbour of each, in two rows
+    alignas(64) std::uint32_t fx[kBlock] = {};
+    alignas(64) std::uint32_t fy[kBlock] = {};
+    std::uint32_t* top = pairs[0];
+    std::uint32_t* bottom = pairs[1];
+};
+
+// Sets the fractions of the positions start + k * step.
+NYMBREL_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
+    Words position;
+    for (int k = 0; k < kLanes; ++k)
+        position[k] = static_cast<std::uint32_t>(start + k * step);
+    for (int k = 0; k < kBlock; k += kLanes) {
+        Store(fractions + k, position & 4095);
+        position += static_cast<std::uint32_t>(step) * kLanes;
+    }
+}
+
+// Divides n by w, rounding down, where n <= 255 w and w <= 2^24. The factor keeps the estimate from
+// exceeding the quotient; it falls short by less than 1.
+NYMBREL_INLINE Words Divide(const Words& n, const Words& w, const Floats& reciprocal) {
+    const Floats estimate = __builtin_convertvector(n, Floats) * reciprocal;
+    const Words q = reinterpret_cast<Words>(__builtin_convertvector(estimate, Ints));
+    const Ints remainder = reinterpret_cast<Ints>(n - q * w);
+    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<Ints>(w));
+}
+
+// Divides n by w, rounding down, where n <= 255 w and w is a sum of opaque weights: at most 2^24 and less
+// than that by so little that dividing by 2^24 falls short by less than 1.
+NYMBREL_INLINE Words DivideOpaque(const Words& n, const Words& w) {
+    const Words q = n >> 24;
+    const Ints remainder = reinterpret_cast<Ints>((n & 0xFFFFFF) + q * ((1 << 24) - w));
+    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<Ints>(w));
+}
+
+// Returns the bilinear samples of one vector of positions, as KSBitmapTools.h defines them. kOpaque promises
+// that all neighbours have alpha 255, which leaves the weights close to the shares.
+template <bool kOpaque>
+NYMBREL_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const Words& fy) {
+    Words weights[4];
+    weights[3] = fx * fy;
+    weights[2] = (fy << 12) - weights[3];
+    weights[1] = (fx << 12) - weights[3];
+    weights[0] = (1 << 24) - (fx << 12) - weights[2];
+    for (int k = 0; k < 4; ++k) {
+        if constexpr (kOpaque) {
+            weights[k] -= (weights[k] + 65279) >> 16;
+        } else {
+            const Words v = weights[k] * (neighbours[k] >> 24);
+            weights[k] = (v + (v >> 8) + 1) >> 8;
+        }
+    }
+    const Words sum = weights[0] + weights[1] + weights[2] + weights[3];
+    const Words divisor = sum - reinterpret_cast<Words>(sum == 0);  // 1 in place of 0, where all is clear
+    Floats reciprocal{};
+    if constexpr (!kOpaque)
+        reciprocal = (1 - 0x1p-21f) / __builtin_convertvector(reinterpret_cast<Ints>(divisor), Floats);
+    Words result = (sum & 0xFF0000) << 8;
+    for (int shift = 0; shift < 24; shift += 8) {
+        Words n = ((neighbours[0] >> shift) & 255) * weights[0];
+        for (int k = 1; k < 4; ++k)
+            n += ((neighbours[k] >> shift) & 255) * weights[k];
+        result |= (kOpaque ? DivideOpaque(n, sum) : Divide(n, divisor, reciprocal)) << shift;
+    }
+    return result;
+}
+
+template <bool kOpaque>
+NYMBREL_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, std::int64_t count) {
+    for (std::int64_t k = 0; k < count; k += kLanes) {
+        Words neighbours[4];
+        SplitPairs(block.top + 2 * k, neighbours[0], neighbours[1], std::make_index_sequence<kLanes>());
+        SplitPairs(block.bottom + 2 * k, neighbours[2], neighbours[3], std::make_index_sequence<kLanes>());
+        const Words result =
+            Sample<kOpaque>(neighbours, Load<Words>(block.fx + k), Load<Words>(block.fy + k));
+        if (k + kLanes <= count)
+            Store(destination + k, result);
+        else
+            __builtin_memcpy(destination + k, &result, static_cast<std::size_t>(count - k) * 4);
+    }
+}
+
+// Stores the samples of the first `count` positions of a block.
+void StoreSamples(const Block& block, std::uint32_t* destination, std::int64_t count) {
+    Words all = ~Words{};
+    for (std::int64_t k = 0; k < 2 * count; k += kLanes)
+        all &= Load<Words>(block.top + k) & Load<Words>(block.bottom + k);
+    std::uint32_t every = ~0u;
+    for (int k = 0; k < kLanes; ++k)
+        every &= all[k];
+    if (every >> 24 == 255)
+        SampleBlock<true>(block, destination, count);
+    else
+        SampleBlock<false>(block, destination, count);
+}
+
+NYMBREL_INLINE std::uint32_t WordOrClear(const SourcePixels& source, std::int64_t x, std::int64_t y) {
+    return x >= 0 && x < source.width && y >= 0 && y < source.height ? source.words[y * source.row_length + x]
+                                                                     : 0;
+}
+
+// Collects the left and right neighbour of position k of a block from row `y`, with a test of each.
+NYMBREL_INLINE void CollectTested(const SourcePixels& source, std::uint32_t* pairs, std::int64_t k,
+                                  std::int64_t x, std::int64_t y) {
+    pairs[2 * k] = WordOrClear(source, x, y);
+    pairs[2 * k + 1] = WordOrClear(source, x + 1, y);
+}
+
+NYMBREL_INLINE void CollectPair(const std::uint32_t* words, std::uint32_t* pairs, std::int64_t k) {
+    __builtin_memcpy(pairs + 2 * k, words, 8);
+}
+
+void ScalePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                const Axis& y) {
+    constexpr std::int64_t kStrip = 4096;
+    std::int32_t columns[kStrip];
+    for (std::int64_t first = 0; first < destination.width; first += kStrip) {
+        const std::int64_t count = Least(kStrip, destination.width - first);
+        for (std::int64_t k = 0; k < count; ++k)
+            columns[k] = static_cast<std::int32_t>((x.start + (first + k) * x.column) >> kFractionBits);
+        const std::size_t bytes = static_cast<std::size_t>(count) * 4;
+        std::int64_t last_row = -1;
+        for (std::int64_t j = 0; j < destination.height; ++j) {
+            const std::int64_t row = (y.start + j * y.row) >> kFractionBits;
+            std::uint32_t* to = destination.words + j * destination.row_length + first;
+            const std::uint32_t* from = source.words + row * source.row_length;
+            if (row == last_row)
+                __builtin_memcpy(to, to - destination.row_length, bytes);
+            else if (x.column == kOne)
+                __builtin_memcpy(to, from + columns[0], bytes);
+            else
+                for (std::int64_t k = 0; k < count; ++k)
+                    to[k] = from[columns[k]];
+            last_row = row;
+        }
+    }
+}
+
+// Collects the neighbours in row `y` of `count` positions x + k * step, of which `inner` have both of them.
+void CollectRow(const SourcePixels& source, std::uint32_t* pairs, std::int64_t count, std::int64_t x,
+                std::int64_t step, Interval inner, std::int64_t y) {
+    if (y < 0 || y >= source.height) {
+        __builtin_memset(pairs, 0, static_cast<std::size_t>(count) * 8);
+        return;
+    }
+    const std::uint32_t* row = source.words + y * source.row_length;
+    for (std::int64_t k = 0; k < inner.first; ++k)
+        CollectTested(source, pairs, k, (x + k * step) >> kFractionBits, y);
+    for (std::int64_t k = inner.first; k < inner.last; ++k)
+        CollectPair(row + ((x + k * step) >> kFractionBits), pairs, k);
+    for (std::int64_t k = inner.last; k < count; ++k)
+        CollectTested(source, pairs, k, (x + k * step) >> kFractionBits, y);
+}
+
+void ScaleBilinearBlock(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                        const Axis& y, Interval columns, Interval rows) {
+    Block block;
+    const std::int64_t count = columns.last - columns.first, start = x.start + columns.first * x.column;
+    const Interval inner = Clip({0, count}, start, x.column, 0, (source.width - 1) * kOne);
+    FillFractions(block.fx, start, x.column);
+    std::int64_t top_row = -2, bottom_row = -2;  // no row yet
+    for (std::int64_t j = rows.first; j < rows.last; ++j) {
+        const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
+        FillFractions(block.fy, position, 0);
+        if (row == bottom_row) {
+            std::uint32_t* pairs = block.top;
+            block.top = block.bottom;
+            block.bottom = pairs;
+            bottom_row = top_row;
+            top_row = row;
+        }
+        if (row != top_row)
+            CollectRow(source, block.top, count, start, x.column, inner, row);
+        if (row + 1 != bottom_row)
+            CollectRow(source, block.bottom, count, start, x.column, inner, row + 1);
+        top_row = row;
+        bottom_row = row + 1;
+        StoreSamples(block, destination.words + j * destination.row_length + columns.first, count);
+    }
+}
+
+void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                   const Axis& y) {
+    for (std::int64_t j = 0; j < destination.height; j += kBand)
+        for (std::int64_t i = 0; i < destination.width; i += kBlock)
+            ScaleBilinearBlock(source, destination, x, y, {i, Least(i + kBlock, destination.width)},
+                               {j, Least(j + kBand, destination.height)});
+}
+
+// Walks the destination in blocks of a row, band by band, and calls `sample(i, j, count, inner)` for each
+// stretch of at most 64 pixels whose positions lie in the source, or less than `margin` before its first or
+// behind its last pixel. `inner` is the part of the stretch, counted from its start, where the position and
+// the next pixel of both axes lie in the source.
+template <class Function>
+NYMBREL_INLINE void WalkRotated(const SourcePixels& source, const DestinationPixels& destination,
+                                const Axis& x, const Axis& y, std::int64_t margin, Function sample) {
+    for (std::int64_t band = 0; band < destination.height; band += kBand) {
+        const std::int64_t rows = Least(kBand, destination.height - band);
+        Interval outer[kBand], inner[kBand], all = {destination.width, 0};
+        for (std::int64_t j = 0; j < rows; ++j) {
+            const std::int64_t start_x = x.start + (band + j) * x.row, start_y = y.start + (band + j) * y.row;
+            outer[j] = Clip({0, destination.width}, start_x, x.column, -margin, source.width * kOne);
+            outer[j] = Clip(outer[j], start_y, y.column, -margin, source.height * kOne);
+            inner[j] = Clip(outer[j], start_x, x.column, 0, (source.width - 1) * kOne);
+            inner[j] = Clip(inner[j], start_y, y.column, 0, (source.height - 1) * kOne);
+            if (outer[j].first < outer[j].last)
+                all = {Least(all.first, outer[j].first), Most(all.last, outer[j].last)};
+        }
+        for (std::int64_t tile = all.first; tile < all.last; tile += kBlock)
+            for (std::int64_t j = 0; j < rows; ++j) {
+                const std::int64_t first = Most(tile, outer[j].first);
+                const std::int64_t count = Least(tile + kBlock, outer[j].last) - first;
+                if (count <= 0)
+                    continue;
+                const std::int64_t inner_first = Most(0, Least(inner[j].first - first, count));
+                const std::int64_t inner_last = Most(inner_first, Least(inner[j].last - first, count));
+                sample(first, band + j, count, Interval{inner_first, inner_last});
+            }
+    }
+}
+
+// Calls `use(k, offset)` for first <= k < last, where `offset` is that of the source word at the position
+// (x + k * step_x, y + k * step_y). These positions are all in the source.
+template <class Function>
+NYMBREL_INLINE void ForEachOffset(const SourcePixels& source, Interval interval, std::int64_t x,
+                                  std::int64_t y, const Axis& axis_x, const Axis& axis_y, Function use) {
+    if (interval.first >= interval.last)
+        return;
+    x += interval.first * axis_x.column;
+    y += interval.first * axis_y.column;
+    const std::int64_t base = (y >> kFractionBits) * source.row_length + (x >> kFractionBits);
+    auto offset_x = static_cast<std::int32_t>(x & (kOne - 1)),
+         offset_y = static_cast<std::int32_t>(y & (kOne - 1));
+    const auto step_x = static_cast<std::int32_t>(axis_x.column),
+               step_y = static_cast<std::int32_t>(axis_y.column);
+    for (std::int64_t k = interval.first; k < interval.last; ++k) {
+        use(k, base + (offset_y >> kFractionBits) * source.row_length + (offset_x >> kFractionBits));
+        offset_x += step_x;
+        offset_y += step_y;
+    }
+}
+
+void RotatePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                 const Axis& y) {
+    WalkRotated(source, destination, x, y, 0,
+                [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval) {
+                    std::uint32_t* to = destination.words + j * destination.row_length + i;
+                    ForEachOffset(source, {0, count}, x.start + i * x.column + j * x.row,
+                                  y.start + i * y.column + j * y.row, x, y,
+                                  [&](std::int64_t k, std::int64_t offset) { to[k] = source.words[offset]; });
+                });
+}
+
+void RotateBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                    const Axis& y) {
+    Block block;
+    WalkRotated(source, destination, x, y, kOne,
+                [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval inner) {
+                    const std::int64_t start_x = x.start + i * x.column + j * x.row;
+                    const std::int64_t start_y = y.start + i * y.column + j * y.row;
+                    const auto tested = [&](std::int64_t k) {
+                        const std::int64_t ix = (start_x + k * x.column) >> kFractionBits;
+                        const std::int64_t iy = (start_y + k * y.column) >> kFractionBits;
+                        CollectTested(source, block.top, k, ix, iy);
+                        CollectTested(source, block.bottom, k, ix, iy + 1);
+                    };
+                    for (std::int64_t k = 0; k < inner.first; ++k)
+                        tested(k);
+                    ForEachOffset(source, inner, start_x, start_y, x, y,
+                                  [&](std::int64_t k, std::int64_t offset) {
+                                      CollectPair(source.words + offset, block.top, k);
+                                      CollectPair(source.words + offset + source.row_length, block.bottom, k);
+                                  });
+                    for (std::int64_t k = inner.last; k < count; ++k)
+                        tested(k);
+                    FillFractions(block.fx, start_x, x.column);
+                    FillFractions(block.fy, start_y, y.column);
+                    StoreSamples(block, destination.words + j * destination.row_length + i, count);
+                });
+}
+
+NYMBREL_INLINE Doubles SquareRoot(const Doubles& d) {
+    double items[kDoubleLanes];
+    Store(items, d);
+    for (double& item : items)
+        item = __builtin_sqrt(item);
+    return Load<Doubles>(items);
+}
+
+// The source fractions of a vector of destination pixels; `accepted` is -1 in the lanes whose fractions lie
+// in the accepted range, and the others' are 0.
+struct Fractions {
+    Doubles t, v;
+    Longs accepted;
+};
+
+// Solves for the fractions of the pixels `x` of row `y`. The sums keep their written order, which decides
+// their last bits.
+NYMBREL_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y) {
+    const Doubles b =
+        map.ay * x - map.ax * y + map.ax * map.y3 - map.x3 * map.ay + map.cx * map.by - map.cy * map.bx;
+    const Doubles c = map.cy * x - map.cx * y + map.cx * map.y3 - map.x3 * map.cy;
+    const Doubles d = b * b - 4 * map.curvature * c;
+    const Longs real = d >= 0;
+    const Doubles root = SquareRoot(reinterpret_cast<Doubles>(reinterpret_cast<Longs>(d) & real));
+    Doubles t = (root - b) / (2 * map.curvature);
+    const Doubles divisor = map.ax * t + map.cx;
+    Doubles v = (x - map.bx * t - map.x3) / divisor;
+    const Longs accepted =
+        real & (t >= map.least) & (t <= map.most) & (divisor != 0) & (v >= map.least) & (v <= map.most);
+    t = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(t) & accepted);
+    v = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(v) & accepted);
+    return {t, v, accepted};
+}
+
+// Source positions of up to 64 pixels, in whole pixels or in 1/4096 of a pixel.
+template <class Int> struct Positions {
+    alignas(64) Int x[kBlock];
+    alignas(64) Int y[kBlock];
+    alignas(64) Int accepted[kBlock];  // 0 for pixels without position
+};
+
+// Sets the positions, in 1 / `unit` of a pixel, of the pixels from (i, j) on.
+template <class Int, class Vector>
+NYMBREL_INLINE void FillPositions(Positions<Int>& positions, const SourcePixels& source,
+                                  const InverseMap& map, double unit, std::int64_t i, std::int64_t j,
+                                  std::int64_t count) {
+    const double width = static_cast<double>(source.width), height = static_cast<double>(source.height);
+    const double y = map.top + static_cast<double>(j);
+    Doubles x;
+    for (int k = 0; k < kDoubleLanes; ++k)
+        x[k] = map.left + static_cast<double>(i + k);
+    for (std::int64_t k = 0; k < count; k += kDoubleLanes, x += static_cast<double>(kDoubleLanes)) {
+        const Fractions found = Solve(map, x, y);
+        Store(positions.x + k, __builtin_convertvector(found.t * width * unit, Vector));
+        Store(positions.y + k, __builtin_convertvector((1 - found.v) * height * unit, Vector));
+        Store(positions.accepted + k, __builtin_convertvector(found.accepted, Vector));
+    }
+}
+
+template <class Int, class Vector>
+void TransformPlain(const SourcePixels& source, const DestinationPixels& destination, const InverseMap& map) {
+    Positions<Int> positions;
+    for (std::int64_t band = 0; band < destination.height; band += kBand)
+        for (std::int64_t i = 0; i < destination.width; i += kBlock)
+            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j) {
+                const std::int64_t count = Least(kBlock, destination.width - i);
+                std::uint32_t* to = destination.words + j * destination.row_length + i;
+                FillPositions<Int, Vector>(positions, source, map, 1, i, j, count);
+                for (std::int64_t k = 0; k < count; ++k)
+                    if (positions.accepted[k])
+                        to[k] = source.words[Least(positions.y[k], source.height - 1) * source.row_length +
+                                             Least(positions.x[k], source.width - 1)];
+            }
+}
+
+// Collects the neighbours of the first `count` positions and their fractions; returns which of them have any,
+// one bit each.
+template <class Int>
+NYMBREL_INLINE std::uint64_t CollectPositions(const SourcePixels& source, const Positions<Int>& positions,
+                                              Block& block, std::int64_t count) {
+    std::uint64_t found = 0;
+    for (std::int64_t k = 0; k < count; ++k) {
+        const std::int64_t x = positions.x[k] - 2047, y = positions.y[k] - 2047;
+        const std::int64_t ix = x >> kFractionBits, iy = y >> kFractionBits;
+        if (!positions.accepted[k] || ix < -1 || ix >= source.width || iy < -1 || iy >= source.height)
+            continue;
+        found |= std::uint64_t{1} << k;
+        block.fx[k] = static_cast<std::uint32_t>(x & (kOne - 1));
+        block.fy[k] = static_cast<std::uint32_t>(y & (kOne - 1));
+        if (ix >= 0 && ix < source.width - 1 && iy >= 0 && iy < source.height - 1) {
+            const std::uint32_t* words = source.words + iy * source.row_length + ix;
+            CollectPair(words, block.top, k);
+            CollectPair(words + source.row_length, block.bottom, k);
+        } else {
+            CollectTested(source, block.top, k, ix, iy);
+            CollectTested(source, block.bottom, k, ix, iy + 1);
+        }
+    }
+    return found;
+}
+
+template <class Int, class Vector>
+void TransformBilinear(const SourcePixels& source, const DestinationPixels& destination,
+                       const InverseMap& map) {
+    Block block;
+    Positions<Int> positions;
+    for (std::int64_t band = 0; band < destination.height; band += kBand)
+        for (std::int64_t i = 0; i < destination.width; i += kBlock)
+            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j) {
+                const std::int64_t count = Least(kBlock, destination.width - i);
+                std::uint32_t* to = destination.words + j * destination.row_length + i;
+                FillPositions<Int, Vector>(positions, source, map, kOne, i, j, count);
+                const std::uint64_t found = CollectPositions(source, positions, block, count);
+                if (found == ~std::uint64_t{0} >> (kBlock - count)) {
+                    StoreSamples(block, to, count);
+                } else if (found != 0) {
+                    std::uint32_t samples[kBlock];
+                    StoreSamples(block, samples, count);
+                    for (std::uint64_t left = found; left != 0; left &= left - 1)
+                        to[__builtin_ctzll(left)] = samples[__builtin_ctzll(left)];
+                }
+            }
+}
+
+// Positions of sources smaller than this fit 32 bits, a tenth beyond their sides included.
+constexpr std::int64_t kSmallSource = 1 << 18;
+
+bool IsSmall(const SourcePixels& source) {
+    return source.width < kSmallSource && source.height < kSmallSource;
+}
+
+void TransformPlainAny(const SourcePixels& source, const DestinationPixels& destination,
+                       const InverseMap& map) {
+    (IsSmall(source) ? TransformPlain<std::int32_t, HalfInts>
+                     : TransformPlain<std::int64_t, Longs>)(source, destination, map);
+}
+
+void TransformBilinearAny(const SourcePixels& source, const DestinationPixels& destination,
+                          const InverseMap& map) {
+    (IsSmall(source) ? TransformBilinear<std::int32_t, HalfInts>
+                     : TransformBilinear<std::int64_t, Longs>)(source, destination, map);
+}
+
+}  // namespace
+
+const PixelFunctions kPixelFunctions = {ScalePlain,     ScaleBilinear,     RotatePlain,
+                                        RotateBilinear, TransformPlainAny, TransformBilinearAny};
+
+}  // namespace NYMBREL_LEVEL
