@@ -5,10 +5,15 @@
 
 #include <agg_image_accessors.h>
 #include <agg_pixfmt_rgba.h>
+#include <agg_rasterizer_scanline_aa.h>
 #include <agg_renderer_base.h>
+#include <agg_renderer_primitives.h>
+#include <agg_renderer_scanline.h>
 #include <agg_rendering_buffer.h>
+#include <agg_scanline_bin.h>
 #include <agg_span_image_filter_rgba.h>
 #include <agg_span_interpolator_linear.h>
+#include <agg_span_pattern_rgba.h>
 #include <agg_trans_affine.h>
 #include <agg_trans_bilinear.h>
 
@@ -136,4 +141,82 @@ void add_agg(Contest& contest, Resampling& task) {
     contest.Add("AGG", Picture::kPremultiplied,
                 sampling_pass<agg::span_interpolator_linear<>>(
                     task, agg::trans_affine(m[0], m[3], m[1], m[4], m[2], m[5])));
+}
+
+namespace {
+
+template <class Base> void draw_polygons(Base& base, const Drawing& task, agg::rgba8 colour) {
+    agg::rasterizer_scanline_aa<> rasterizer;
+    agg::scanline_bin scanline;
+    for (const Drawing::Polygon& polygon : task.polygons) {
+        rasterizer.reset();
+        rasterizer.move_to_d(static_cast<double>(polygon[0].x), static_cast<double>(polygon[0].y));
+        for (std::size_t i = 1; i < polygon.size(); ++i)
+            rasterizer.line_to_d(static_cast<double>(polygon[i].x), static_cast<double>(polygon[i].y));
+        agg::render_scanlines_bin_solid(rasterizer, scanline, base, colour);
+    }
+}
+
+template <class Format, class Base> void draw_patterns(Base& base, const Drawing& task) {
+    using Wrap = agg::image_accessor_wrap<Format, agg::wrap_mode_repeat_pow2, agg::wrap_mode_repeat_pow2>;
+    Image tile = pattern_tile(task);
+    agg::rendering_buffer buffer = wrap(tile);
+    Format format(buffer);
+    Wrap accessor(format);
+    agg::span_pattern_rgba<Wrap> pattern(accessor, 0, 0);
+    std::vector<agg::rgba8> span(static_cast<std::size_t>(task.scene->destination.Width()));
+    for (const KSRect<long>& box : task.boxes)
+        for (int y = static_cast<int>(box.top); y <= box.bottom; ++y) {
+            const auto x = static_cast<int>(box.left), length = static_cast<int>(box.PixelWidth());
+            pattern.generate(span.data(), x, y, static_cast<unsigned>(length));
+            base.blend_color_hspan(x, y, length, span.data(), nullptr, agg::cover_full);
+        }
+}
+
+template <class Primitives>
+void draw_box(Primitives& primitives, Drawing::Kind kind, const KSRect<long>& box) {
+    const auto left = static_cast<int>(box.left), top = static_cast<int>(box.top);
+    const auto right = static_cast<int>(box.right), bottom = static_cast<int>(box.bottom);
+    const int x = (left + right) / 2, y = (top + bottom) / 2;
+    switch (kind) {
+    case Drawing::Kind::kRectangles:
+        return primitives.solid_rectangle(left, top, right, bottom);
+    case Drawing::Kind::kLines:
+        return primitives.line(left * 256, top * 256, right * 256, bottom * 256, true);
+    case Drawing::Kind::kFilledEllipses:
+        return primitives.solid_ellipse(x, y, x - left, y - top);
+    default:
+        return primitives.ellipse(x, y, x - left, y - top);
+    }
+}
+
+template <class Format> void add_drawing(Contest& contest, const Drawing& task, bool premultiplied) {
+    const agg::rgba8 colour = agg_colour(premultiplied ? ::premultiplied(task.colour) : task.colour);
+    contest.Add(
+        premultiplied ? "AGG premultiplied" : "AGG straight",
+        premultiplied ? Picture::kPremultiplied : Picture::kStraight,
+        [=, &task] {
+            agg::rendering_buffer buffer = wrap(task.scene->destination);
+            Format format(buffer);
+            agg::renderer_base<Format> base(format);
+            agg::renderer_primitives<agg::renderer_base<Format>> primitives(base);
+            primitives.fill_color(colour);
+            primitives.line_color(colour);
+            if (task.kind == Drawing::Kind::kPolygons)
+                return draw_polygons(base, task, colour);
+            if (task.kind == Drawing::Kind::kPatterns)
+                return draw_patterns<Format>(base, task);
+            for (const KSRect<long>& box : task.boxes)
+                draw_box(primitives, task.kind, box);
+        },
+        premultiplied ? task.scene->RestorePremultiplied() : task.scene->RestoreStraight());
+}
+
+}  // namespace
+
+void add_agg(Contest& contest, const Drawing& task) {
+    add_drawing<agg::pixfmt_bgra32_pre>(contest, task, true);
+    // The pattern's tile is premultiplied.
+    if (task.kind != Drawing::Kind::kPatterns)
+        add_drawing<agg::pixfmt_bgra32_plain>(contest, task, false);
 }

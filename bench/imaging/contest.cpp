@@ -56,10 +56,11 @@ std::string fixed(double value) {
 Contest::Contest(std::string name, double units, Image* result)
     : _name(std::move(name)), _units(units), _result(result) {}
 
-void Contest::Add(std::string name, Picture picture, std::function<void()> pass,
-                  std::function<void()> restore) {
+Contender& Contest::Add(std::string name, Picture picture, std::function<void()> pass,
+                        std::function<void()> restore) {
     _contenders.push_back(
-        {std::move(name), std::move(pass), std::move(restore), picture, 0, 0, std::nullopt});
+        {std::move(name), std::move(pass), std::move(restore), picture, {}, 0, 0, std::nullopt});
+    return _contenders.back();
 }
 
 void Contest::CompareResults() {
@@ -75,6 +76,8 @@ void Contest::CompareResults() {
             _result->Fill(0);
         const Image before = *_result;
         contender.pass();
+        if (contender.reveal)
+            contender.reveal();
         if (changed_pixels(before, *_result) == 0)
             throw std::runtime_error(_name + ": " + contender.name + " drew nothing");
         if (contender.picture == Picture::kUnrelated)

@@ -23,9 +23,10 @@ struct Contender {
     std::function<void()> pass;     // does the work once; timed
     std::function<void()> restore;  // called before each pass, not timed; may be empty
     Picture picture;
-    double rate = 0;                   // units per microsecond: median over the rounds of the best passes
-    double spread = 0;                 // half the distance of the rounds' quartiles, as a share of `rate`
-    std::optional<double> difference;  // mean distance of premultiplied channels from the first contender's
+    std::function<void()> reveal = {};  // brings what a pass drew elsewhere into the destination; not timed
+    double rate = 0;                    // units per microsecond: median over the rounds of the best passes
+    double spread = 0;                  // half the distance of the rounds' quartiles, as a share of `rate`
+    std::optional<double> difference;   // mean distance of premultiplied channels from the first contender's
 };
 
 // What a contest compares, and what came out.
@@ -35,9 +36,9 @@ public:
     // null where there is nothing to look at; it outlives the contest.
     Contest(std::string name, double units, Image* result);
 
-    // Adds a contender. The first one is the one that the ratios refer to.
-    void Add(std::string name, Picture picture, std::function<void()> pass,
-             std::function<void()> restore = {});
+    // Adds a contender and returns it. The first one is the one that the ratios refer to.
+    Contender& Add(std::string name, Picture picture, std::function<void()> pass,
+                   std::function<void()> restore = {});
 
     const std::string& Name() const { return _name; }
     const std::vector<Contender>& Contenders() const { return _contenders; }

@@ -31,3 +31,4 @@ private:
 void run_composition_contests(Runner& runner);
 void run_resampling_contests(Runner& runner);
 void run_noise_contests(Runner& runner);
+void run_drawing_contests(Runner& runner);

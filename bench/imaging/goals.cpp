@@ -14,6 +14,7 @@ const std::string kPremultiplied = "pixman|Qt premultiplied|SDL2|AGG premultipli
 const std::string kStraight = "Qt straight|AGG straight";
 const std::string kComposingPeers = kPremultiplied + "|" + kStraight + "|libyuv";
 const std::string kSamplingPeers = "pixman|Qt premultiplied|Qt straight|AGG|Cairo|OpenCV";
+const std::string kDrawingPeers = kPremultiplied + "|" + kStraight;
 const std::string kBlendModes =
     "(Multiply|Screen|Add|Subtract|Darkest|Lightest|Difference|Average|Invert|XOR Mask)";
 
@@ -65,6 +66,13 @@ std::vector<Goal> goals() {
         {"NoiseRemover radius 64, radius 8", "NoiseRemover/noise/radius 64", "radius 8", 1 / 1.3},
         {"NoiseRemover radius 255, radius 8", "NoiseRemover/noise/radius 255", "radius 8", 1 / 4.0},
         {"NoiseRemover radius 64, plain C++", "NoiseRemover/noise/radius 64", "plain C\\+\\+", 500},
+        {"Rectangles, fastest peer", "Rectangles .*", kDrawingPeers, 1},
+        {"Lines, fastest peer", "Lines/.*", kDrawingPeers, 1},
+        {"Filled ellipses, fastest peer", "Filled ellipses/.*", kDrawingPeers, 1},
+        {"Outlined ellipses, fastest peer", "Outlined ellipses/.*", kDrawingPeers, 1},
+        {"Patterned rectangles, fastest peer", "Patterned .*", kDrawingPeers, 1},
+        {"Polygons, fastest peer", "Polygons/.*", kDrawingPeers, 1},
+        {"CreateScaled, its tool into a new raster", "CreateScaled/.*", "the tool into a new raster", 0.98},
         {"NoiseRemover on a quiet image, memcpy", "NoiseRemover/quiet/.*", "memcpy", 0.35},
     };
     result.insert(result.end(), rest.begin(), rest.end());

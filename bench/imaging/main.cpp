@@ -90,6 +90,7 @@ void run(const Arguments& arguments) {
     run_composition_contests(runner);
     run_resampling_contests(runner);
     run_noise_contests(runner);
+    run_drawing_contests(runner);
     if (runner.Finished().empty())
         throw std::runtime_error("no contest matches " + arguments.filter);
     print_goals(runner.Finished());

@@ -113,3 +113,70 @@ void add_pixman(Contest& contest, Resampling& task) {
                                              0, 0, 0, task.destination.Width(), task.destination.Height());
                 });
 }
+
+namespace {
+
+std::function<void()> boxes_pass(const Drawing& task, const Handle& destination) {
+    std::vector<pixman_box32_t> boxes;
+    for (const KSRect<long>& box : task.boxes)
+        boxes.push_back({static_cast<int>(box.left), static_cast<int>(box.top),
+                         static_cast<int>(box.right) + 1, static_cast<int>(box.bottom) + 1});
+    return [=, colour = pixman_colour(task.colour)] {
+        pixman_image_fill_boxes(PIXMAN_OP_OVER, destination.get(), &colour, static_cast<int>(boxes.size()),
+                                boxes.data());
+    };
+}
+
+std::function<void()> patterns_pass(const Drawing& task, const Handle& destination) {
+    const auto tile = std::make_shared<Image>(pattern_tile(task));
+    const Handle source = wrap(*tile);
+    pixman_image_set_repeat(source.get(), PIXMAN_REPEAT_NORMAL);
+    return [=, &task] {
+        for (const KSRect<long>& box : task.boxes) {
+            const int x = static_cast<int>(box.left), y = static_cast<int>(box.top);
+            pixman_image_composite32(PIXMAN_OP_OVER, source.get(), nullptr, destination.get(), x, y, 0, 0, x,
+                                     y, static_cast<int>(box.PixelWidth()),
+                                     static_cast<int>(box.PixelHeight()));
+        }
+        static_cast<void>(tile);  // The source's pixels.
+    };
+}
+
+std::function<void()> polygons_pass(const Drawing& task, const Handle& destination) {
+    const auto fixed = [](KSPoint<long> p) {
+        return pixman_point_fixed_t{pixman_int_to_fixed(static_cast<int>(p.x)),
+                                    pixman_int_to_fixed(static_cast<int>(p.y))};
+    };
+    std::vector<std::array<pixman_triangle_t, 4>> fans;
+    for (const Drawing::Polygon& p : task.polygons) {
+        fans.emplace_back();
+        for (std::size_t i = 0; i < 4; ++i)
+            fans.back()[i] = {fixed(p[0]), fixed(p[i + 1]), fixed(p[i + 2])};
+    }
+    return [=, source = solid(task.colour)] {
+        for (const auto& fan : fans)
+            pixman_composite_triangles(PIXMAN_OP_OVER, source.get(), destination.get(), PIXMAN_a1, 0, 0, 0, 0,
+                                       4, fan.data());
+    };
+}
+
+}  // namespace
+
+void add_pixman(Contest& contest, const Drawing& task) {
+    const Handle destination = wrap(task.scene->destination);
+    std::function<void()> pass;
+    switch (task.kind) {
+    case Drawing::Kind::kRectangles:
+        pass = boxes_pass(task, destination);
+        break;
+    case Drawing::Kind::kPatterns:
+        pass = patterns_pass(task, destination);
+        break;
+    case Drawing::Kind::kPolygons:
+        pass = polygons_pass(task, destination);
+        break;
+    default:
+        return;  // Pixman draws neither lines nor ellipses.
+    }
+    contest.Add("pixman", Picture::kPremultiplied, std::move(pass), task.scene->RestorePremultiplied());
+}

@@ -95,3 +95,70 @@ void add_qt(Contest& contest, Resampling& task) {
                     [=] { canvas->painter.drawImage(0, 0, source); });
     }
 }
+
+namespace {
+
+QRect qt_rect(const KSRect<long>& box) {
+    return QRect(QPoint(static_cast<int>(box.left), static_cast<int>(box.top)),
+                 QPoint(static_cast<int>(box.right), static_cast<int>(box.bottom)));
+}
+
+template <class Shape> std::function<void()> boxes_pass(const Drawing& task, Shape shape) {
+    std::vector<QRect> boxes;
+    std::transform(task.boxes.begin(), task.boxes.end(), std::back_inserter(boxes), qt_rect);
+    return [=] {
+        for (const QRect& box : boxes)
+            shape(box);
+    };
+}
+
+std::function<void()> polygons_pass(const Drawing& task, QPainter& painter) {
+    std::vector<QPolygon> polygons;
+    for (const Drawing::Polygon& polygon : task.polygons) {
+        polygons.emplace_back();
+        for (const KSPoint<long>& point : polygon)
+            polygons.back() << QPoint(static_cast<int>(point.x), static_cast<int>(point.y));
+    }
+    return [=, &painter] {
+        for (const QPolygon& polygon : polygons)
+            painter.drawConvexPolygon(polygon);
+    };
+}
+
+std::function<void()> drawing_pass(const Drawing& task, QPainter& painter) {
+    const QColor colour = qt_colour(task.colour);
+    const bool strokes = task.kind == Drawing::Kind::kLines || task.kind == Drawing::Kind::kOutlinedEllipses;
+    painter.setPen(strokes ? QPen(colour, 0) : QPen(Qt::NoPen));
+    painter.setBrush(strokes ? QBrush(Qt::NoBrush) : QBrush(colour));
+    switch (task.kind) {
+    case Drawing::Kind::kRectangles:
+        return boxes_pass(task, [&painter, colour](const QRect& box) { painter.fillRect(box, colour); });
+    case Drawing::Kind::kLines:
+        return boxes_pass(task, [&painter](const QRect& box) {
+            painter.drawLine(QPoint(box.left(), box.top()), QPoint(box.right(), box.bottom()));
+        });
+    case Drawing::Kind::kPatterns: {
+        Image tile = pattern_tile(task);
+        const QBrush brush(wrap(tile, QImage::Format_ARGB32_Premultiplied).copy());
+        return boxes_pass(task, [&painter, brush](const QRect& box) { painter.fillRect(box, brush); });
+    }
+    case Drawing::Kind::kPolygons:
+        return polygons_pass(task, painter);
+    default:
+        return boxes_pass(task, [&painter](const QRect& box) { painter.drawEllipse(box); });
+    }
+}
+
+}  // namespace
+
+void add_qt(Contest& contest, const Drawing& task) {
+    for (const bool premultiplied : {true, false}) {
+        const auto format = premultiplied ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
+        const std::shared_ptr<Canvas> canvas(new Canvas{wrap(task.scene->destination, format)});
+        contest.Add(
+            premultiplied ? "Qt premultiplied" : "Qt straight",
+            premultiplied ? Picture::kPremultiplied : Picture::kStraight,
+            [canvas, pass = drawing_pass(task, canvas->painter)] { pass(); },
+            premultiplied ? task.scene->RestorePremultiplied() : task.scene->RestoreStraight());
+    }
+}

@@ -80,3 +80,66 @@ void add_sdl(Contest& contest, Resampling& task) {
                                                              nullptr);
     });
 }
+
+namespace {
+
+std::vector<SDL_Rect> sdl_rects(const Drawing& task) {
+    std::vector<SDL_Rect> rects;
+    for (const KSRect<long>& box : task.boxes)
+        rects.push_back({static_cast<int>(box.left), static_cast<int>(box.top),
+                         static_cast<int>(box.PixelWidth()), static_cast<int>(box.PixelHeight())});
+    return rects;
+}
+
+std::function<void()> polygons_pass(const Drawing& task, SDL_Renderer* renderer) {
+    const auto channel = [&](int shift) { return static_cast<std::uint8_t>(task.colour >> shift); };
+    const SDL_Color colour = {channel(16), channel(8), channel(0), channel(24)};
+    std::vector<SDL_Vertex> vertices;
+    for (const Drawing::Polygon& p : task.polygons)
+        for (std::size_t i = 1; i < 5; ++i)
+            for (const KSPoint<long>& point : {p[0], p[i], p[i + 1]})
+                vertices.push_back(
+                    {{static_cast<float>(point.x), static_cast<float>(point.y)}, colour, {0, 0}});
+    return [=] {
+        SDL_RenderGeometry(renderer, nullptr, vertices.data(), static_cast<int>(vertices.size()), nullptr, 0);
+    };
+}
+
+}  // namespace
+
+void add_sdl(Contest& contest, const Drawing& task) {
+    const Surface surface = wrap(task.scene->destination);
+    const Renderer renderer = renderer_on(surface);
+    SDL_SetRenderDrawBlendMode(renderer.get(), SDL_BLENDMODE_BLEND);
+    set_colour(renderer.get(), task.colour);
+    const std::vector<SDL_Rect> rects = sdl_rects(task);
+    const auto count = static_cast<int>(rects.size());
+    std::function<void()> pass;
+    switch (task.kind) {
+    case Drawing::Kind::kRectangles:
+        if (task.colour >> 24 == 255)
+            pass = [=] { SDL_FillRects(surface.get(), rects.data(), count, task.colour); };
+        else
+            pass = [=] { SDL_RenderFillRects(renderer.get(), rects.data(), count); };
+        break;
+    case Drawing::Kind::kLines:
+        pass = [=, &task] {
+            for (const KSRect<long>& box : task.boxes)
+                SDL_RenderDrawLine(renderer.get(), static_cast<int>(box.left), static_cast<int>(box.top),
+                                   static_cast<int>(box.right), static_cast<int>(box.bottom));
+        };
+        break;
+    case Drawing::Kind::kPolygons:
+        pass = polygons_pass(task, renderer.get());
+        break;
+    default:
+        return;  // SDL has neither ellipses nor patterns.
+    }
+    contest.Add(
+        "SDL2", Picture::kPremultiplied,
+        [=] {
+            pass();
+            SDL_RenderFlush(renderer.get());
+        },
+        task.scene->RestorePremultiplied());
+}

@@ -8,6 +8,7 @@
 
 #include "bench/imaging/contest.h"
 #include "hdr/KSPoint.h"
+#include "hdr/KSRect.h"
 #include "merge/KSMerge.h"
 
 #include <array>
@@ -57,6 +58,23 @@ struct Resampling {
     std::array<double, 9> to_source;
 };
 
+// Drawing shapes, one by one, all in one colour, onto an opaque image without antialiasing.
+struct Drawing {
+    enum class Kind { kRectangles, kLines, kFilledEllipses, kOutlinedEllipses, kPatterns, kPolygons };
+    using Polygon = std::array<KSPoint<long>, 6>;  // convex
+
+    Kind kind;
+    std::uint32_t colour;
+    Scene* scene;
+    std::vector<KSRect<long>> boxes;  // inclusive; a line runs from left, top to right, bottom
+    std::vector<Polygon> polygons;
+    std::array<std::uint8_t, 8> pattern;  // bit x & 7 of byte y & 7: `colour`, or else `other_colour`
+    std::uint32_t other_colour;
+};
+
+// Returns the 8 x 8 tile of a drawing's pattern, in premultiplied colour.
+Image pattern_tile(const Drawing& task);
+
 void add_agg(Contest& contest, const Composition& task);
 void add_cairo(Contest& contest, const Composition& task);
 void add_libyuv(Contest& contest, const Composition& task);
@@ -74,3 +92,10 @@ void add_pixman(Contest& contest, Resampling& task);
 void add_qt(Contest& contest, Resampling& task);
 void add_sdl(Contest& contest, Resampling& task);
 void add_stb(Contest& contest, Resampling& task);
+
+// The task outlives the contest.
+void add_agg(Contest& contest, const Drawing& task);
+void add_cairo(Contest& contest, const Drawing& task);
+void add_pixman(Contest& contest, const Drawing& task);
+void add_qt(Contest& contest, const Drawing& task);
+void add_sdl(Contest& contest, const Drawing& task);
