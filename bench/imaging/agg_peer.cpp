@@ -182,7 +182,9 @@ void draw_box(Primitives& primitives, Drawing::Kind kind, const KSRect<long>& bo
     case Drawing::Kind::kRectangles:
         return primitives.solid_rectangle(left, top, right, bottom);
     case Drawing::Kind::kLines:
-        return primitives.line(left * 256, top * 256, right * 256, bottom * 256, true);
+        // From the middle of a pixel to the middle of another, in 1/256.
+        return primitives.line(left * 256 + 128, top * 256 + 128, right * 256 + 128, bottom * 256 + 128,
+                               true);
     case Drawing::Kind::kFilledEllipses:
         return primitives.solid_ellipse(x, y, x - left, y - top);
     default:
