@@ -75,6 +75,6 @@ install_catalogs() {
         [ -e "$directory/$language/NymbrelConfig.catalog" ] && continue
         mkdir -p "$directory/$language" &&
             cp "$root/catalogs/$language/NymbrelConfig.catalog" "$directory/$language/" ||
-            fail "cannot install the catalog of $language in $directory."
+            echo "${0##*/}: cannot install the catalog of $language in $directory; going on without it." >&2
     done
 }
