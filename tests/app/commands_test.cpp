@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// The program from its start to its end, driven by messages.
+#include "tests/app/running_program.h"
+#include "tests/settings/editors.h"
+#include "toolkit/KSButton.h"
+
+namespace {
+
+class Commands : public testing::Test {
+protected:
+    std::string File() const { return ScopedHome::Read(home.SettingsFile()); }
+    static reference::settings Defaults() { return reference::settings(font_value(*config::_fonts[0])); }
+
+    ScopedHome home;
+};
+
+TEST_F(Commands, StartsWithTheDefaultsAndWritesNothingUnasked) {
+    RunningProgram::Run([&](RunningProgram& program) {
+        program.WaitUntilIdle();
+        EXPECT_EQ(editor_values(), Defaults());
+        EXPECT_STREQ(program.Window()->Title(), "Nymbrel Config");
+        EXPECT_EQ(program.Window()->Frame(), KSRect<long>(100, 100, 600, 400));
+        config::_colors[9]->EditColor({1, 2, 3});
+        // Closing the window drops the edit and ends the program.
+        EXPECT_TRUE(program.Window()->QuitRequested());
+    });
+    EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+}
+
+TEST_F(Commands, ReadsTheFileAtTheStartAndDropsWhatIsNotThere) {
+    const std::string bitmap = home.NewFile("marble.tga");
+    ScopedHome::Write(home.SettingsFile(),
+                      "LANGUAGE = deutsch\nKS_PEN_TEXT = 1,2,3,4\nKS_PEN_BG_EDIT_BMP = " + bitmap +
+                          "\nKS_PEN_BG_READ_BMP = /missing\nLOOK = Nymbrel\n");
+    RunningProgram::Run([&](RunningProgram& program) {
+        reference::settings wanted = Defaults();
+        wanted.look = "Nymbrel";
+        wanted.pens[9] = {1, 2, 3, 4};
+        wanted.bitmaps[3] = bitmap;
+        program.Do(NCApplication::kApply);
+        EXPECT_EQ(editor_values(), wanted);
+        EXPECT_EQ(File(), reference::write(wanted));
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, ApplyWritesAndAnnouncesOnceAndStays) {
+    RunningProgram::Run([&](RunningProgram& program) {
+        reference::settings wanted = Defaults();
+        config::_colors[0]->EditColor({9, 8, 7, 6});
+        wanted.pens[0] = {9, 8, 7, 6};
+        program.Do(NCApplication::kApply);
+        EXPECT_EQ(File(), reference::write(wanted));
+        EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 1);
+        EXPECT_EQ(editor_values(), wanted);
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, OkWritesAnnouncesAndEnds) {
+    const long announced = RunningProgram::Run([&](RunningProgram& program) {
+        config::_beos_size->EditValue(false);
+        program.PostMessage(NCApplication::kOk);
+    });
+    EXPECT_EQ(announced, 1);
+    EXPECT_TRUE(File().starts_with("LOOK = BeOS\nBEOS = 0\n"));
+}
+
+TEST_F(Commands, GoOnWhenTheFileCannotBeWritten) {
+    const long announced = RunningProgram::Run([&](RunningProgram& program) {
+        std::filesystem::remove_all(home.SettingsDirectory());
+        program.Do(NCApplication::kApply);
+        program.Do(NCApplication::kResetColors);
+        EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 2);
+        reference::settings wanted = Defaults();
+        reference::reset_colors(wanted, true);
+        EXPECT_EQ(editor_values(), wanted);
+        program.PostMessage(NCApplication::kOk);
+    });
+    EXPECT_EQ(announced, 3);
+    EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+}
+
+TEST_F(Commands, ResetColorsTakesThePaletteOfTheCheckBoxAndStoresEverything) {
+    RunningProgram::Run([&](RunningProgram& program) {
+        reference::settings wanted = Defaults();
+        EXPECT_TRUE(config::_backgrounds[0]->EditText(wanted.bitmaps[0] = "/a.tga"));
+        config::_mousetime->EditValue(20000);
+        wanted.mouse_time = 20000;
+        for (const bool conform : {true, false}) {
+            config::_colors[5]->EditColor({1, 1, 1, 1});
+            config::_beos_size->EditValue(wanted.beos_conform = conform);
+            reference::reset_colors(wanted, conform);
+            program.Do(NCApplication::kResetColors);
+            EXPECT_EQ(editor_values(), wanted);
+            EXPECT_EQ(File(), reference::write(wanted));
+        }
+        EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 2);
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, RevertPutsBackWhatWasLastStored) {
+    std::filesystem::create_directories(home.CatalogsDirectory() / "deutsch");
+    RunningProgram::Run([&](RunningProgram& program) {
+        reference::settings wanted = Defaults();
+        config::_bubblehelp->EditValue(false);
+        wanted.bubble_help = false;
+        program.Do(NCApplication::kApply);
+        config::_bubblehelp->EditValue(true);
+        config::_colors[22]->EditColor({});
+        config::_llist->EditSelection(1);
+        program.WaitUntilIdle();
+        EXPECT_STREQ(config::_language, "deutsch");
+        program.Do(NCApplication::kRevert);
+        EXPECT_EQ(editor_values(), wanted);
+        EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 1);
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, LanguageFollowsTheListAndFallsBackToEnglish) {
+    std::filesystem::create_directories(home.CatalogsDirectory() / "deutsch");
+    RunningProgram::Run([&](RunningProgram& program) {
+        config::_llist->EditSelection(1);
+        program.Do(NCApplication::kApply);
+        EXPECT_NE(File().find("\nLANGUAGE = deutsch\n"), std::string::npos);
+        config::_llist->EditSelection(-1);
+        program.Do(NCApplication::kApply);
+        EXPECT_EQ(config::_llist->CurrentSelection(), 0);
+        EXPECT_NE(File().find("\nLANGUAGE = english\n"), std::string::npos);
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, UnknownMessagesDoNothing) {
+    RunningProgram::Run([&](RunningProgram& program) {
+        program.Do(ks_message_code("XXXX"));
+        program.Do(NCApplication::kSettingsChanged);
+        EXPECT_EQ(editor_values(), Defaults());
+        program.Quit();
+    });
+    EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+}
+
+TEST_F(Commands, SpeakTheLanguageOfTheSettings) {
+    std::filesystem::create_directories(home.CatalogsDirectory());
+    std::filesystem::copy(NYMBREL_CATALOGS "/deutsch", home.CatalogsDirectory() / "deutsch");
+    ScopedHome::Write(home.SettingsFile(), "LANGUAGE = deutsch\n");
+    RunningProgram::Run([&](RunningProgram& program) {
+        std::vector<std::string> texts;
+        program.Root()->ForEach([&](KSControl& control) {
+            if (!control.Label().empty())
+                texts.push_back(control.Label());
+        });
+        for (const char* german : {"Anwenden", "Schaltflächen", "Farben zurücksetzen", "Feste Breite"})
+            EXPECT_EQ(std::ranges::count(texts, german), 1) << german;
+        EXPECT_EQ(std::ranges::count(texts, "Apply"), 0);
+        EXPECT_STREQ(program.Categories()->ItemAt(1)->AccessibleText(), "Hintergründe");
+        EXPECT_EQ(editor_values().look, "BeOS");
+        EXPECT_EQ(editor_values().language, "deutsch");
+        program.Quit();
+    });
+}
+
+}  // namespace
