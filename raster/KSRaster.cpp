@@ -331,7 +331,9 @@ void KSRaster::CopyFrom(KSRaster* source) {
     if (source == nullptr)
         return;
     const raster_lock lock(*this), source_lock(*source);
-    const long rows = _data && source->_data ? MIN(source->Height(), Height()) : 0;
+    if (!_data || !source->_data)
+        return;
+    const long rows = MIN(source->Height(), Height());
     const auto row_bytes = static_cast<std::size_t>(MIN(_bytes_per_row, source->_bytes_per_row));
     if (_bytes_per_row == source->_bytes_per_row)
         std::memmove(_data, source->_data, static_cast<std::size_t>(rows) * row_bytes);

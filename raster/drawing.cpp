@@ -127,7 +127,7 @@ private:
     }
     void CentreColumn(long y) const {
         _painter.Fill(_e.x, _e.y - y, _e.x, _e.y + y);
-        _painter.Plot(_e.x, _e.y);
+        _painter.Fill(_e.x, _e.y, _e.x, _e.y);
     }
     void Block(long x, long y) const {
         if (!_once) {

@@ -212,6 +212,23 @@ struct shape {
     std::vector<point> points;
 };
 
+TEST(Drawing, FilledEllipsesAreRunsThroughout) {
+    // Erase tells runs from pixels, on which its kernels differ.
+    const rect frame(0, 0, 4, 4);
+    KSRaster raster(frame);
+    reference::canvas canvas(frame);
+    raster.FillAlpha(200);
+    canvas.pixels.assign(25, 0xC8000000);
+    canvas.mode = kMergeErase;
+    canvas.high = 0x20000000;
+    raster.SetDrawingMode(kMergeErase);
+    raster.SetHighColor(0, 0, 0, 0x20);
+    raster.FillEllipse(frame);
+    canvas.FillEllipse(0, 0, 4, 4);
+    ForEachPixel(
+        frame, [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), canvas.pixels[canvas.Index(x, y)]); });
+}
+
 // Returns a random shape with corners up to `reach` pixels outside the frame.
 shape RandomShape(rect frame, long reach, std::mt19937& random) {
     static const char* const kNames[] = {"FillRect",    "StrokeRect",    "StrokeLine",  "PutPixel",
