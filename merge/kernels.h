@@ -22,18 +22,48 @@ struct Whole {
     static KS_INLINE void store(uint32_t* p, Words w) { ks_merge::store(p, w); }
 };
 
-// Composes the vector `s` onto the pixels at `dst`. What is settled without the destination does not read it.
+template <class Mode>
+concept MayReplace = requires(const Drawn& s) {
+    Mode::replaces(s);
+};
+
+template <class Mode> KS_INLINE bool replaces(const Drawn& s) {
+    if constexpr (MayReplace<Mode>)
+        return Mode::replaces(s);
+    return false;
+}
+
+// Composes the vector `s` onto the pixels at `dst`. Where it replaces them, they are not read.
 template <class Mode, class Span> KS_INLINE void step(uint32_t* dst, const Drawn& s, const Span& span) {
     if (Mode::keeps(s))
         return;
-    span.store(dst, Mode::replaces(s) ? Mode::settled(s) : Mode::compose(span.load(dst), s));
+    span.store(dst, replaces<Mode>(s) ? s.pixel : Mode::compose(span.load(dst), s));
+}
+
+// Composes four vectors of `src`. One test tells whether all of them replace the destination, which makes
+// that as fast as a plain copy.
+template <class Mode> KS_INLINE void four_steps(uint32_t* dst, const uint32_t* src, uint32_t opacity) {
+    const Words w0 = load(src), w1 = load(src + kLanes), w2 = load(src + 2 * kLanes),
+                w3 = load(src + 3 * kLanes);
+    const Bytes lowest = least(least(bytes(w0), bytes(w1)), least(bytes(w2), bytes(w3)));
+    if (replaces<Mode>(Drawn(words(lowest), opacity))) {
+        store(dst, w0);
+        store(dst + kLanes, w1);
+        store(dst + 2 * kLanes, w2);
+        store(dst + 3 * kLanes, w3);
+    } else {
+        step<Mode>(dst, Drawn(w0, opacity), Whole());
+        step<Mode>(dst + kLanes, Drawn(w1, opacity), Whole());
+        step<Mode>(dst + 2 * kLanes, Drawn(w2, opacity), Whole());
+        step<Mode>(dst + 3 * kLanes, Drawn(w3, opacity), Whole());
+    }
 }
 
 template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t opacity) {
     const Drawn s(splat(src), clamped(opacity));
     if (Mode::keeps(s))
         return dst;
-    return (Mode::replaces(s) ? Mode::settled(s) : Mode::compose(splat(dst), s))[0];
+    return replaces<Mode>(s) ? src : Mode::compose(splat(dst), s)[0];
 }
 
 template <class Mode> void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count) {
@@ -41,9 +71,9 @@ template <class Mode> void color_kernel(uint32_t* dst, uint32_t color, uint32_t 
     if (count <= 0 || Mode::keeps(s))
         return;
     int32_t i = 0;
-    if (Mode::replaces(s)) {
-        for (const Words settled = Mode::settled(s); i <= count - kLanes; i += kLanes)
-            store(dst + i, settled);
+    if (replaces<Mode>(s)) {
+        for (; i <= count - kLanes; i += kLanes)
+            store(dst + i, s.pixel);
     } else {
         for (; i <= count - kLanes; i += kLanes)
             store(dst + i, Mode::compose(load(dst + i), s));
@@ -57,6 +87,9 @@ template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint
         return;
     opacity = clamped(opacity);
     int32_t i = 0;
+    if constexpr (MayReplace<Mode>)
+        for (; i <= count - 4 * kLanes; i += 4 * kLanes)
+            four_steps<Mode>(dst + i, src + i, opacity);
     for (; i <= count - kLanes; i += kLanes)
         step<Mode>(dst + i, Drawn(load(src + i), opacity), Whole());
     if (i < count) {

@@ -3,7 +3,10 @@
 //
 // A mode is a struct of static functions:
 //   keeps(s)       whether the destination stays as it is whatever it holds, and must not be touched;
-//   replaces(s)    whether the result is settled(s), whatever the destination holds;
+//   kReplaces      whether the mode has
+//   replaces(s)    whether the result is s.pixel, whatever the destination holds; if it holds for the
+//   bytewise
+//                  minimum of several vectors, it holds for each of them;
 //   compose(d, s)  the result in general.
 // The formulas are the same for one pixel, a run of one colour and two runs: what does not depend on the
 // destination is computed once in a colour run because the compiler takes it out of the loop.
@@ -77,7 +80,6 @@ KS_INLINE Words over(Words d, Words x, const Drawn& s) {
 struct alpha_compose {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
     static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) { return over(d, s.pixel, s); }
 };
 
@@ -86,8 +88,6 @@ struct alpha_compose {
 // colour, which is stored even where the opacity makes its alpha 0.
 template <class Mode> struct blending {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE bool replaces(const Drawn&) { return false; }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) {
         const Words blended = Mode::blend(d, s.pixel);
         if (all_opaque(d))
@@ -232,8 +232,6 @@ struct replace_color : blending<replace_color> {
 // Erase on one pixel takes the alpha of the source, whatever the opacity, off that of the destination.
 struct erase_by_difference {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE bool replaces(const Drawn&) { return false; }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) {
         const Bytes taken = bytes(s.pixel & kAlpha);
         return words(greatest(bytes(d), taken) - taken);
@@ -243,8 +241,6 @@ struct erase_by_difference {
 // Erase on a run scales the alpha of the destination by the complement of the source's.
 struct erase_by_scaling {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE bool replaces(const Drawn&) { return false; }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) {
         const Floats kept = 65025.0f - floats(s.coverage());
         return (d & ~kAlpha) | words(quotient(floats(d >> 24) * kept, Floats{} + 65025.0f)) << 24;
@@ -254,8 +250,6 @@ struct erase_by_scaling {
 // The mask proper: the destination's alpha times the source's, and nothing at all where either is 0.
 struct mask_alpha {
     static KS_INLINE bool keeps(const Drawn&) { return false; }
-    static KS_INLINE bool replaces(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words settled(const Drawn&) { return Words{}; }
     static KS_INLINE Words compose(Words d, const Drawn& s) {
         const Words covered = div255(product(s.pixel >> 24, d >> 24));
         const Words masked = (d & ~kAlpha) | s.scaled(covered) << 24;
@@ -266,14 +260,12 @@ struct mask_alpha {
 struct copy {
     static KS_INLINE bool keeps(const Drawn&) { return false; }
     static KS_INLINE bool replaces(const Drawn&) { return true; }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words, const Drawn& s) { return s.pixel; }
 };
 
 struct over_clear {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
     static KS_INLINE bool replaces(const Drawn& s) { return none_clear(s.pixel); }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) { return (s.pixel & kAlpha) == 0 ? d : s.pixel; }
 };
 
@@ -281,7 +273,6 @@ struct over_clear {
 struct alpha_overlay {
     static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
     static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words settled(const Drawn& s) { return s.pixel; }
     static KS_INLINE Words compose(Words d, const Drawn& s) {
         const Halves a = both(s.alpha), rest = 255 - a;
         const Words mixed = join(div255(red_blue(d) * rest + red_blue(s.pixel) * a),
