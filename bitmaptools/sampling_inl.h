@@ -39,6 +39,15 @@ template <class Vector, class Item> NYMBREL_INLINE void Store(Item* items, const
     __builtin_memcpy(items, &vector, sizeof vector);
 }
 
+// Returns the bits that all lanes of `vector` have in common; lanes that do not fill 64 bits do so in pairs.
+template <class Vector> NYMBREL_INLINE std::uint64_t CommonBits(const Vector& vector) {
+    std::uint64_t parts[sizeof vector / 8];
+    Store(parts, vector);
+    for (std::size_t k = 1; k < sizeof vector / 8; ++k)
+        parts[0] &= parts[k];
+    return parts[0];
+}
+
 NYMBREL_INLINE std::int64_t Least(std::int64_t a, std::int64_t b) {
     return a < b ? a : b;
 }
@@ -165,10 +174,8 @@ void StoreSamples(const Block& block, std::uint32_t* destination, std::int64_t c
     Words all = ~Words{};
     for (std::int64_t k = 0; k < 2 * count; k += kLanes)
         all &= Load<Words>(block.top + k) & Load<Words>(block.bottom + k);
-    std::uint32_t every = ~0u;
-    for (int k = 0; k < kLanes; ++k)
-        every &= all[k];
-    if (every >> 24 == 255)
+    constexpr std::uint64_t kOpaqueTwice = 0xFF000000FF000000;
+    if ((CommonBits(all) & kOpaqueTwice) == kOpaqueTwice)
         SampleBlock<true>(block, destination, count);
     else
         SampleBlock<false>(block, destination, count);
@@ -299,45 +306,87 @@ NYMBREL_INLINE void WalkRotated(const SourcePixels& source, const DestinationPix
     }
 }
 
-// Calls `use(k, offset)` for first <= k < last, where `offset` is that of the source word at the position
-// (x + k * step_x, y + k * step_y). These positions are all in the source.
-template <class Function>
-NYMBREL_INLINE void ForEachOffset(const SourcePixels& source, Interval interval, std::int64_t x,
-                                  std::int64_t y, const Axis& axis_x, const Axis& axis_y, Function use) {
-    if (interval.first >= interval.last)
-        return;
-    x += interval.first * axis_x.column;
-    y += interval.first * axis_y.column;
-    const std::int64_t base = (y >> kFractionBits) * source.row_length + (x >> kFractionBits);
-    auto offset_x = static_cast<std::int32_t>(x & (kOne - 1)),
-         offset_y = static_cast<std::int32_t>(y & (kOne - 1));
-    const auto step_x = static_cast<std::int32_t>(axis_x.column),
-               step_y = static_cast<std::int32_t>(axis_y.column);
-    for (std::int64_t k = interval.first; k < interval.last; ++k) {
-        use(k, base + (offset_y >> kFractionBits) * source.row_length + (offset_x >> kFractionBits));
-        offset_x += step_x;
-        offset_y += step_y;
+// Source positions of up to 64 pixels.
+template <class Int> struct Positions {
+    alignas(64) Int x[kBlock];  // in 1/4096 of a pixel, or whole
+    alignas(64) Int y[kBlock];
+    alignas(64) Int offset[kBlock];    // of the source word that holds the position, if there is one
+    alignas(64) Int accepted[kBlock];  // by transforms: 0 for pixels without position
+};
+
+// Sets the offsets and fractions of a vector of positions.
+template <class Int, class Vector>
+NYMBREL_INLINE void Locate(const SourcePixels& source, Positions<Int>& positions, Block& block,
+                           std::int64_t k, const Vector& x, const Vector& y) {
+    const Vector offset = (y >> kFractionBits) * static_cast<Int>(source.row_length) + (x >> kFractionBits);
+    Store(positions.offset + k, offset);
+    if constexpr (sizeof(Int) == 4) {
+        Store(block.fx + k, x & static_cast<Int>(kOne - 1));
+        Store(block.fy + k, y & static_cast<Int>(kOne - 1));
+    } else {
+        Store(block.fx + k, __builtin_convertvector(x & (kOne - 1), HalfInts));
+        Store(block.fy + k, __builtin_convertvector(y & (kOne - 1), HalfInts));
     }
 }
 
-void RotatePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
-                 const Axis& y) {
-    WalkRotated(source, destination, x, y, 0,
-                [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval) {
-                    std::uint32_t* to = destination.words + j * destination.row_length + i;
-                    ForEachOffset(source, {0, count}, x.start + i * x.column + j * x.row,
-                                  y.start + i * y.column + j * y.row, x, y,
-                                  [&](std::int64_t k, std::int64_t offset) { to[k] = source.words[offset]; });
-                });
+// Locates `count` positions from (x, y) on, a column step apart.
+template <class Int, class Vector>
+NYMBREL_INLINE void LocateLine(const SourcePixels& source, Positions<Int>& positions, Block& block,
+                               const Axis& axis_x, const Axis& axis_y, std::int64_t x, std::int64_t y,
+                               std::int64_t count) {
+    constexpr int kStep = sizeof(Vector) / sizeof(Int);
+    Vector positions_x, positions_y;
+    for (int k = 0; k < kStep; ++k) {
+        positions_x[k] = static_cast<Int>(x + k * axis_x.column);
+        positions_y[k] = static_cast<Int>(y + k * axis_y.column);
+    }
+    for (std::int64_t k = 0; k < count; k += kStep) {
+        Locate<Int, Vector>(source, positions, block, k, positions_x, positions_y);
+        positions_x += static_cast<Int>(kStep * axis_x.column);
+        positions_y += static_cast<Int>(kStep * axis_y.column);
+    }
 }
 
+// Collects the neighbours of the located positions first <= k < last, all of which are in the source.
+template <class Int>
+NYMBREL_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& positions, Block& block,
+                                 Interval interval) {
+    if (interval.first >= interval.last)
+        return;
+    const std::uint32_t* const words = source.words;
+    const std::uint32_t* const words_below = words + source.row_length;
+    std::uint32_t *const top = block.top, *const bottom = block.bottom;
+    for (std::int64_t k = interval.first; k < interval.last; ++k) {
+        CollectPair(words + positions.offset[k], top, k);
+        CollectPair(words_below + positions.offset[k], bottom, k);
+    }
+}
+
+template <class Int, class Vector>
+void RotatePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                 const Axis& y) {
+    Block block;
+    Positions<Int> positions;
+    WalkRotated(
+        source, destination, x, y, 0, [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval) {
+            std::uint32_t* to = destination.words + j * destination.row_length + i;
+            LocateLine<Int, Vector>(source, positions, block, x, y, x.start + i * x.column + j * x.row,
+                                    y.start + i * y.column + j * y.row, count);
+            for (std::int64_t k = 0; k < count; ++k)
+                to[k] = source.words[positions.offset[k]];
+        });
+}
+
+template <class Int, class Vector>
 void RotateBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                     const Axis& y) {
     Block block;
+    Positions<Int> positions;
     WalkRotated(source, destination, x, y, kOne,
                 [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval inner) {
                     const std::int64_t start_x = x.start + i * x.column + j * x.row;
                     const std::int64_t start_y = y.start + i * y.column + j * y.row;
+                    LocateLine<Int, Vector>(source, positions, block, x, y, start_x, start_y, count);
                     const auto tested = [&](std::int64_t k) {
                         const std::int64_t ix = (start_x + k * x.column) >> kFractionBits;
                         const std::int64_t iy = (start_y + k * y.column) >> kFractionBits;
@@ -346,15 +395,9 @@ void RotateBilinear(const SourcePixels& source, const DestinationPixels& destina
                     };
                     for (std::int64_t k = 0; k < inner.first; ++k)
                         tested(k);
-                    ForEachOffset(source, inner, start_x, start_y, x, y,
-                                  [&](std::int64_t k, std::int64_t offset) {
-                                      CollectPair(source.words + offset, block.top, k);
-                                      CollectPair(source.words + offset + source.row_length, block.bottom, k);
-                                  });
+                    CollectInner(source, positions, block, inner);
                     for (std::int64_t k = inner.last; k < count; ++k)
                         tested(k);
-                    FillFractions(block.fx, start_x, x.column);
-                    FillFractions(block.fy, start_y, y.column);
                     StoreSamples(block, destination.words + j * destination.row_length + i, count);
                 });
 }
@@ -393,18 +436,17 @@ NYMBREL_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y
     return {t, v, accepted};
 }
 
-// Source positions of up to 64 pixels, in whole pixels or in 1/4096 of a pixel.
-template <class Int> struct Positions {
-    alignas(64) Int x[kBlock];
-    alignas(64) Int y[kBlock];
-    alignas(64) Int accepted[kBlock];  // 0 for pixels without position
-};
+// Returns the smaller of each pair of lanes.
+template <class Vector, class Int> NYMBREL_INLINE Vector Capped(const Vector& items, Int most) {
+    const Vector above = items > most;
+    return (items & ~above) | (most & above);
+}
 
-// Sets the positions, in 1 / `unit` of a pixel, of the pixels from (i, j) on.
-template <class Int, class Vector>
-NYMBREL_INLINE void FillPositions(Positions<Int>& positions, const SourcePixels& source,
-                                  const InverseMap& map, double unit, std::int64_t i, std::int64_t j,
-                                  std::int64_t count) {
+// Calls `use(k, x, y, accepted)` for each vector of `count` pixels from (i, j) on, with its source positions
+// in 1 / `unit` of a pixel.
+template <class Vector, class Function>
+NYMBREL_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map, double unit, std::int64_t i,
+                              std::int64_t j, std::int64_t count, Function use) {
     const double width = static_cast<double>(source.width), height = static_cast<double>(source.height);
     const double y = map.top + static_cast<double>(j);
     Doubles x;
@@ -412,50 +454,60 @@ NYMBREL_INLINE void FillPositions(Positions<Int>& positions, const SourcePixels&
         x[k] = map.left + static_cast<double>(i + k);
     for (std::int64_t k = 0; k < count; k += kDoubleLanes, x += static_cast<double>(kDoubleLanes)) {
         const Fractions found = Solve(map, x, y);
-        Store(positions.x + k, __builtin_convertvector(found.t * width * unit, Vector));
-        Store(positions.y + k, __builtin_convertvector((1 - found.v) * height * unit, Vector));
-        Store(positions.accepted + k, __builtin_convertvector(found.accepted, Vector));
+        use(k, __builtin_convertvector(found.t * width * unit, Vector),
+            __builtin_convertvector((1 - found.v) * height * unit, Vector),
+            __builtin_convertvector(found.accepted, Vector));
     }
+}
+
+// Walks the destination in blocks of a row, band by band, and calls `transform(i, j, count)` for each.
+template <class Function>
+NYMBREL_INLINE void WalkBlocks(const DestinationPixels& destination, Function transform) {
+    for (std::int64_t band = 0; band < destination.height; band += kBand)
+        for (std::int64_t i = 0; i < destination.width; i += kBlock)
+            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j)
+                transform(i, j, Least(kBlock, destination.width - i));
 }
 
 template <class Int, class Vector>
 void TransformPlain(const SourcePixels& source, const DestinationPixels& destination, const InverseMap& map) {
     Positions<Int> positions;
-    for (std::int64_t band = 0; band < destination.height; band += kBand)
-        for (std::int64_t i = 0; i < destination.width; i += kBlock)
-            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j) {
-                const std::int64_t count = Least(kBlock, destination.width - i);
-                std::uint32_t* to = destination.words + j * destination.row_length + i;
-                FillPositions<Int, Vector>(positions, source, map, 1, i, j, count);
-                for (std::int64_t k = 0; k < count; ++k)
-                    if (positions.accepted[k])
-                        to[k] = source.words[Least(positions.y[k], source.height - 1) * source.row_length +
-                                             Least(positions.x[k], source.width - 1)];
-            }
+    WalkBlocks(destination, [&](std::int64_t i, std::int64_t j, std::int64_t count) {
+        Vector all = ~Vector{};
+        SolveLine<Vector>(source, map, 1, i, j, count,
+                          [&](std::int64_t k, Vector x, Vector y, const Vector& accepted) {
+                              // The far sides belong to the last column and row.
+                              x = Capped(x, static_cast<Int>(source.width - 1));
+                              y = Capped(y, static_cast<Int>(source.height - 1));
+                              Store(positions.offset + k, y * static_cast<Int>(source.row_length) + x);
+                              Store(positions.accepted + k, accepted);
+                              all &= accepted;
+                          });
+        std::uint32_t* to = destination.words + j * destination.row_length + i;
+        if (CommonBits(all) == ~std::uint64_t{0}) {
+            for (std::int64_t k = 0; k < count; ++k)
+                to[k] = source.words[positions.offset[k]];
+        } else {
+            for (std::int64_t k = 0; k < count; ++k)
+                if (positions.accepted[k])
+                    to[k] = source.words[positions.offset[k]];
+        }
+    });
 }
 
-// Collects the neighbours of the first `count` positions and their fractions; returns which of them have any,
-// one bit each.
+// Collects the neighbours of the accepted ones among the first `count` positions, with a test of each;
+// returns which of them have any, one bit each.
 template <class Int>
-NYMBREL_INLINE std::uint64_t CollectPositions(const SourcePixels& source, const Positions<Int>& positions,
-                                              Block& block, std::int64_t count) {
+NYMBREL_INLINE std::uint64_t CollectAccepted(const SourcePixels& source, const Positions<Int>& positions,
+                                             Block& block, std::int64_t count) {
     std::uint64_t found = 0;
     for (std::int64_t k = 0; k < count; ++k) {
-        const std::int64_t x = positions.x[k] - 2047, y = positions.y[k] - 2047;
-        const std::int64_t ix = x >> kFractionBits, iy = y >> kFractionBits;
+        const std::int64_t ix = positions.x[k] >> kFractionBits, iy = positions.y[k] >> kFractionBits;
         if (!positions.accepted[k] || ix < -1 || ix >= source.width || iy < -1 || iy >= source.height)
             continue;
         found |= std::uint64_t{1} << k;
-        block.fx[k] = static_cast<std::uint32_t>(x & (kOne - 1));
-        block.fy[k] = static_cast<std::uint32_t>(y & (kOne - 1));
-        if (ix >= 0 && ix < source.width - 1 && iy >= 0 && iy < source.height - 1) {
-            const std::uint32_t* words = source.words + iy * source.row_length + ix;
-            CollectPair(words, block.top, k);
-            CollectPair(words + source.row_length, block.bottom, k);
-        } else {
-            CollectTested(source, block.top, k, ix, iy);
-            CollectTested(source, block.bottom, k, ix, iy + 1);
-        }
+        CollectTested(source, block.top, k, ix, iy);
+        CollectTested(source, block.bottom, k, ix, iy + 1);
     }
     return found;
 }
@@ -465,29 +517,51 @@ void TransformBilinear(const SourcePixels& source, const DestinationPixels& dest
                        const InverseMap& map) {
     Block block;
     Positions<Int> positions;
-    for (std::int64_t band = 0; band < destination.height; band += kBand)
-        for (std::int64_t i = 0; i < destination.width; i += kBlock)
-            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j) {
-                const std::int64_t count = Least(kBlock, destination.width - i);
-                std::uint32_t* to = destination.words + j * destination.row_length + i;
-                FillPositions<Int, Vector>(positions, source, map, kOne, i, j, count);
-                const std::uint64_t found = CollectPositions(source, positions, block, count);
-                if (found == ~std::uint64_t{0} >> (kBlock - count)) {
-                    StoreSamples(block, to, count);
-                } else if (found != 0) {
-                    std::uint32_t samples[kBlock];
-                    StoreSamples(block, samples, count);
-                    for (std::uint64_t left = found; left != 0; left &= left - 1)
-                        to[__builtin_ctzll(left)] = samples[__builtin_ctzll(left)];
-                }
-            }
+    const auto last_x = static_cast<Int>((source.width - 1) * kOne),
+               last_y = static_cast<Int>((source.height - 1) * kOne);
+    WalkBlocks(destination, [&](std::int64_t i, std::int64_t j, std::int64_t count) {
+        Vector inner = ~Vector{};
+        SolveLine<Vector>(source, map, kOne, i, j, count,
+                          [&](std::int64_t k, Vector x, Vector y, const Vector& accepted) {
+                              x -= 2047;
+                              y -= 2047;
+                              Locate<Int, Vector>(source, positions, block, k, x, y);
+                              Store(positions.x + k, x);
+                              Store(positions.y + k, y);
+                              Store(positions.accepted + k, accepted);
+                              inner &= accepted & (x >= 0) & (x < last_x) & (y >= 0) & (y < last_y);
+                          });
+        std::uint32_t* to = destination.words + j * destination.row_length + i;
+        if (CommonBits(inner) == ~std::uint64_t{0}) {
+            CollectInner(source, positions, block, {0, count});
+            StoreSamples(block, to, count);
+        } else if (const std::uint64_t found = CollectAccepted(source, positions, block, count)) {
+            std::uint32_t samples[kBlock];
+            StoreSamples(block, samples, count);
+            for (std::uint64_t left = found; left != 0; left &= left - 1)
+                to[__builtin_ctzll(left)] = samples[__builtin_ctzll(left)];
+        }
+    });
 }
 
-// Positions of sources smaller than this fit 32 bits, a tenth beyond their sides included.
-constexpr std::int64_t kSmallSource = 1 << 18;
-
+// Says whether all positions in the source, a tenth of its size beyond its sides, and all offsets fit 32
+// bits.
 bool IsSmall(const SourcePixels& source) {
-    return source.width < kSmallSource && source.height < kSmallSource;
+    constexpr std::int64_t kMost = 1 << 18, kMostWords = std::int64_t{1} << 31;
+    return source.width < kMost && source.height < kMost && source.row_length >= 0 &&
+           source.row_length < kMostWords / (source.height + 2);
+}
+
+void RotatePlainAny(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                    const Axis& y) {
+    (IsSmall(source) ? RotatePlain<std::int32_t, Ints> : RotatePlain<std::int64_t, Longs>)(source,
+                                                                                           destination, x, y);
+}
+
+void RotateBilinearAny(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                       const Axis& y) {
+    (IsSmall(source) ? RotateBilinear<std::int32_t, Ints>
+                     : RotateBilinear<std::int64_t, Longs>)(source, destination, x, y);
 }
 
 void TransformPlainAny(const SourcePixels& source, const DestinationPixels& destination,
@@ -504,7 +578,7 @@ void TransformBilinearAny(const SourcePixels& source, const DestinationPixels& d
 
 }  // namespace
 
-const PixelFunctions kPixelFunctions = {ScalePlain,     ScaleBilinear,     RotatePlain,
-                                        RotateBilinear, TransformPlainAny, TransformBilinearAny};
+const PixelFunctions kPixelFunctions = {ScalePlain,        ScaleBilinear,     RotatePlainAny,
+                                        RotateBilinearAny, TransformPlainAny, TransformBilinearAny};
 
 }  // namespace NYMBREL_LEVEL
