@@ -64,6 +64,20 @@ public:
 
 private:
     __mmask16 _mask;
+#elif defined(__AVX2__)
+    KS_INLINE explicit Part(int32_t count)
+        : _mask(_mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7))) {}
+    KS_INLINE Words load(const uint32_t* p) const {
+        const Words read =
+            reinterpret_cast<Words>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p), _mask));
+        return reinterpret_cast<SignedWords>(_mask) != 0 ? read : splat(*p);
+    }
+    KS_INLINE void store(uint32_t* p, Words w) const {
+        _mm256_maskstore_epi32(reinterpret_cast<int*>(p), _mask, reinterpret_cast<__m256i>(w));
+    }
+
+private:
+    __m256i _mask;
 #else
     KS_INLINE explicit Part(int32_t count) : _count(count) {}
     KS_INLINE Words load(const uint32_t* p) const {
