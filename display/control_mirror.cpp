@@ -60,8 +60,9 @@ void ControlMirror::Apply() {
     const KSGroup* parent = _control.Parent();
     if (parent && parent->ForceMode() == KS_FORCE_STACKED)
         _window.Find(static_cast<const KSControl*>(parent))->Apply();
-    else if (_widget)
+    else if (_widget && _hidden != _shown_hidden)
         _widget->setVisible(!_hidden);
+    _shown_hidden = _hidden;
 }
 
 void ControlMirror::SetName(const QString& name) {

@@ -61,6 +61,7 @@ private:
     QWidget* _widget = nullptr;
     QString _label;
     bool _hidden = false;
+    bool _shown_hidden = false;
 };
 
 // Makes the mirror of a control and of everything below it, with a widget inside `parent`. The control's

@@ -8,7 +8,9 @@
 #include <QBoxLayout>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QPainter>
 #include <QStackedLayout>
+#include <QStyleOptionGroupBox>
 
 #include <algorithm>
 
@@ -32,13 +34,30 @@ KSPoint<long> WeightOf(const KSControl& control) {
     return weight;
 }
 
+class Frame : public QGroupBox {
+public:
+    explicit Frame(QWidget* parent) : QGroupBox(parent) {}
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionGroupBox option;
+        initStyleOption(&option);
+        const auto part = [&](QStyle::SubControl control) {
+            return style()->subControlRect(QStyle::CC_GroupBox, &option, control, this);
+        };
+        QPainter painter(this);
+        look::PaintGroup(painter, part(QStyle::SC_GroupBoxFrame), part(QStyle::SC_GroupBoxLabel), title(),
+                         *this);
+    }
+};
+
 class GroupMirror : public ControlMirror {
 public:
     GroupMirror(KSControl& control, WindowMirror& window, QWidget* parent) : ControlMirror(control, window) {
         if (IsSpacer(control))
             return;
         if (control.FrameType() == KS_FRAME_GROUP || dynamic_cast<KSTitleGroup*>(&control))
-            SetWidget(_box = new QGroupBox(parent));
+            SetWidget(_box = new Frame(parent));
         else
             SetWidget(new QWidget(parent));
 
@@ -66,7 +85,7 @@ public:
     void SetName(const QString&) override {
         if (!_box)
             return;
-        _box->setTitle(MarkedLabel(-1));
+        _box->setTitle(Label());
         _box->setAccessibleName(Label());
     }
 
@@ -129,7 +148,7 @@ private:
         }
     }
 
-    QGroupBox* _box = nullptr;
+    Frame* _box = nullptr;
     QStackedLayout* _stack = nullptr;
 };
 

@@ -5,9 +5,7 @@
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleOptionFocusRect>
-#include <QStyleOptionFrame>
+#include <QStyleFactory>
 #include <QWidget>
 
 #include <algorithm>
@@ -57,9 +55,10 @@ void PaintChecker(QPainter& painter, const QRect& rect) {
 
 }  // namespace
 
-void look::Dress(QApplication& application) {
-    // A wheel or a resize is followed at once; animated buttons only delay what was asked for.
-    application.setEffectEnabled(Qt::UI_AnimateCombo, false);
+void look::ChooseStyle() {
+    // Naming it keeps Qt from looking through the installed styles.
+    if (!qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
+        QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 
 QColor look::Pen(ks_pen pen, const QPalette& palette) {
@@ -104,6 +103,18 @@ QColor look::Pen(ks_pen pen, const QPalette& palette) {
 
 QMargins look::FrameMargins() {
     return {kGap, kGap, kGap, kGap};
+}
+
+// Qt's own style draws this from a picture, for which it would load every image plugin at the start.
+void look::PaintGroup(QPainter& painter, const QRect& frame, const QRect& label, const QString& title,
+                      const QWidget& widget) {
+    constexpr double kRadius = 3;
+    const QPalette& palette = widget.palette();
+    painter.setPen(Mix(palette.color(QPalette::Window), palette.color(QPalette::Dark), 0.45));
+    painter.setBrush(Mix(palette.color(QPalette::Window), palette.color(QPalette::Dark), 0.05));
+    painter.drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), kRadius, kRadius);
+    painter.setPen(palette.color(QPalette::WindowText));
+    painter.drawText(label, Qt::AlignLeft | Qt::AlignVCenter, title);
 }
 
 void look::PaintSample(QPainter& painter, const QRect& rect, const QColor& color, const QWidget& widget) {

@@ -8,11 +8,11 @@
 #include <QFont>
 #include <QMargins>
 
-class QApplication;
 class QPainter;
 class QPalette;
 class QRect;
 class QSize;
+class QString;
 class QWidget;
 
 namespace look {
@@ -23,14 +23,18 @@ constexpr int kLeastRows = 4;       // of a list
 constexpr int kLongestLabel = 60;   // characters; longer labels are broken into lines
 constexpr int kLargestPoints = 24;  // of a font's own name; larger fonts are shown at this size
 
-// Sets what holds for all widgets. Called once.
-void Dress(QApplication& application);
+// Chooses the style, before the application object is made: the user's where one is asked for.
+void ChooseStyle();
 
 // The colour of a pen on a desktop of this palette. KS_PEN_TEXT is readable on every background pen.
 QColor Pen(ks_pen pen, const QPalette& palette);
 
 // The room inside a group's frame, on top of the group's own border.
 QMargins FrameMargins();
+
+// Draws a group's frame, whose inside is a shade darker, and its title, which may be empty.
+void PaintGroup(QPainter& painter, const QRect& frame, const QRect& label, const QString& title,
+                const QWidget& widget);
 
 // Draws a frame around a sample of `color`, on a checker where it is transparent, and the focus ring.
 void PaintSample(QPainter& painter, const QRect& rect, const QColor& color, const QWidget& widget);

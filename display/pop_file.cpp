@@ -41,7 +41,6 @@ class PathEdit : public QLineEdit {
 public:
     PathEdit(std::function<void(const QString&)> edited, QWidget* parent)
         : QLineEdit(parent), _edited(std::move(edited)) {
-        setClearButtonEnabled(true);
         connect(this, &QLineEdit::textEdited, this, [this](const QString& path) {
             _edited(path);
             CheckSoon();
@@ -89,6 +88,7 @@ protected:
 
     void showEvent(QShowEvent* event) override {
         QLineEdit::showEvent(event);
+        setClearButtonEnabled(true);  // loads a picture: not before somebody sees it
         CheckSoon();
     }
 

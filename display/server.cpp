@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <clocale>
 #include <cstdlib>
+#include <fontconfig/fontconfig.h>
+#include <thread>
 
 std::unique_ptr<WindowServer> ks_open_display() {
     return std::make_unique<DisplayServer>();
@@ -33,14 +35,20 @@ void DisplayServer::Prepare(bool bus_answers) {
     // 65 MB for the same window. QT_QPA_PLATFORMTHEME still names a theme where the user wants one.
     QGuiApplication::setDesktopSettingsAware(false);
 
+    // What fontconfig reads takes as long as all the rest of the start; it is read meanwhile. The locale is
+    // set first, since nothing may set another one while it is used.
+    std::setlocale(LC_ALL, "");
+    std::thread fonts([] { FcInit(); });
+    look::ChooseStyle();
+
     static int count = 1;
     static char name[] = "NymbrelConfig";
     static char* arguments[] = {name, nullptr};
     _application = std::make_unique<QApplication>(count, arguments);
-    // QApplication has set the user's locale; files are written with decimal points all the same.
+    fonts.join();
+    // Files are written with decimal points all the same.
     std::setlocale(LC_NUMERIC, "C");
     QApplication::setQuitOnLastWindowClosed(false);
-    look::Dress(*_application);
     _queue.Listen();
 }
 
