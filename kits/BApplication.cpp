@@ -19,7 +19,7 @@ BApplication* be_app = nullptr;
 
 namespace {
 
-int checked_descriptor(int descriptor, const char* what) {
+int CheckedDescriptor(int descriptor, const char* what) {
     if (descriptor < 0)
         throw std::system_error(errno, std::generic_category(), what);
     return descriptor;
@@ -32,7 +32,7 @@ QuitSignals::QuitSignals() {
     sigemptyset(&quit);
     sigaddset(&quit, SIGTERM);
     sigaddset(&quit, SIGINT);
-    _descriptor = checked_descriptor(signalfd(-1, &quit, SFD_NONBLOCK | SFD_CLOEXEC), "signalfd");
+    _descriptor = CheckedDescriptor(signalfd(-1, &quit, SFD_NONBLOCK | SFD_CLOEXEC), "signalfd");
     pthread_sigmask(SIG_BLOCK, &quit, &_before);
 }
 
@@ -48,7 +48,7 @@ bool QuitSignals::Take() {
     return read(_descriptor, &signal, sizeof signal) == static_cast<ssize_t>(sizeof signal);
 }
 
-BApplication::Loop::Loop() : _wake(checked_descriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC), "eventfd")) {}
+BApplication::Loop::Loop() : _wake(CheckedDescriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC), "eventfd")) {}
 
 BApplication::Loop::~Loop() {
     close(_wake);

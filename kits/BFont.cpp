@@ -11,15 +11,15 @@ namespace {
 constexpr std::size_t kNameLength = sizeof(font_family) - 1;
 static_assert(sizeof(font_family) == sizeof(font_style));
 
-std::string cut_name(const char* name) {
+std::string CutName(const char* name) {
     return std::string(ks_utf8_cut(name ? name : "", kNameLength));
 }
 
 }  // namespace
 
 void BFont::SetFamilyAndStyle(const char* family, const char* style) {
-    _family = cut_name(family);
-    _style = cut_name(style);
+    _family = CutName(family);
+    _style = CutName(style);
 }
 
 void BFont::SetSize(float size) {

@@ -19,7 +19,7 @@ constexpr const char* kMember = "Broadcast";
 constexpr int kBurst = 64;
 
 // Returns the addresses of Unix sockets among those of a D-Bus address list.
-std::string unix_addresses(std::string_view list) {
+std::string UnixAddresses(std::string_view list) {
     std::string kept;
     while (!list.empty()) {
         const std::size_t end = std::min(list.find(';'), list.size());
@@ -32,12 +32,12 @@ std::string unix_addresses(std::string_view list) {
 }
 
 // Starts to connect without waiting; null when there is no bus to connect to.
-sd_bus* start_connecting() {
+sd_bus* StartConnecting() {
     sd_bus* bus = nullptr;
     const char* list = std::getenv("DBUS_SESSION_BUS_ADDRESS");
     if (!list)
         return sd_bus_open_user(&bus) < 0 ? nullptr : bus;
-    const std::string addresses = unix_addresses(list);
+    const std::string addresses = UnixAddresses(list);
     if (addresses.empty() || sd_bus_new(&bus) < 0)
         return nullptr;
     if (sd_bus_set_address(bus, addresses.c_str()) < 0 || sd_bus_set_bus_client(bus, true) < 0 ||
@@ -46,13 +46,13 @@ sd_bus* start_connecting() {
     return bus;
 }
 
-int milliseconds_until(clock_type::time_point deadline) {
+int MillisecondsUntil(clock_type::time_point deadline) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(deadline - clock_type::now());
     return static_cast<int>(std::max(left.count(), std::chrono::milliseconds::rep{0}));
 }
 
 // Returns the milliseconds until `when`, a time of CLOCK_MONOTONIC in microseconds.
-int milliseconds_until_monotonic(std::uint64_t when) {
+int MillisecondsUntilMonotonic(std::uint64_t when) {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     const std::uint64_t microseconds =
@@ -68,7 +68,7 @@ bool SessionBus::Open(std::function<void(std::uint32_t)> receiver) {
     const auto deadline = clock_type::now() + kPatience;
     const std::lock_guard guard(_mutex);
     _receiver = std::move(receiver);
-    _bus = start_connecting();
+    _bus = StartConnecting();
     if (_bus && FinishOpening(deadline))
         return true;
     GiveUp();
@@ -77,7 +77,7 @@ bool SessionBus::Open(std::function<void(std::uint32_t)> receiver) {
 
 bool SessionBus::FinishOpening(clock_type::time_point deadline) {
     while (sd_bus_is_ready(_bus) == 0) {
-        int timeout = milliseconds_until(deadline);
+        int timeout = MillisecondsUntil(deadline);
         const int processed = sd_bus_process(_bus, nullptr);
         if (processed < 0 || timeout == 0)
             return false;
@@ -118,7 +118,7 @@ bool SessionBus::Flush(clock_type::time_point deadline) {
             return false;
         if (queued == 0)
             return true;
-        const int timeout = milliseconds_until(deadline);
+        const int timeout = MillisecondsUntil(deadline);
         const int processed = sd_bus_process(_bus, nullptr);
         if (processed < 0 || timeout == 0)
             return false;
@@ -160,7 +160,7 @@ pollfd SessionBus::PollEntryLocked(int& timeout) {
     entry.fd = sd_bus_get_fd(_bus);
     entry.events = static_cast<short>(events);
     if (when != UINT64_MAX) {
-        const int due = milliseconds_until_monotonic(when);
+        const int due = MillisecondsUntilMonotonic(when);
         timeout = timeout < 0 ? due : std::min(timeout, due);
     }
     return entry;

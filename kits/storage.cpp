@@ -16,28 +16,28 @@ namespace {
 constexpr std::string_view kHome = "/boot/home";
 constexpr std::string_view kSettings = "/boot/home/config/settings";
 
-bool has_platform_home() {
+bool HasPlatformHome() {
     std::error_code error;
     return std::filesystem::is_directory(kHome, error);
 }
 
 // Returns the variable's value when it is an absolute path, else the empty text.
-std::string directory_variable(const char* name) {
+std::string DirectoryVariable(const char* name) {
     const char* value = std::getenv(name);
     return value && value[0] == '/' ? value : "";
 }
 
 // Returns where a Linux user's settings lie, or the empty text when the environment does not tell.
-std::string user_settings_directory() {
-    std::string directory = directory_variable("XDG_CONFIG_HOME");
+std::string UserSettingsDirectory() {
+    std::string directory = DirectoryVariable("XDG_CONFIG_HOME");
     if (!directory.empty())
         return directory;
-    directory = directory_variable("HOME");
+    directory = DirectoryVariable("HOME");
     return directory.empty() ? directory : directory + "/.config";
 }
 
 // Opens a file for reading without ever waiting for its other end; -1 for a failure.
-int open_to_read(const std::string& path) {
+int OpenToRead(const std::string& path) {
     return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
 
@@ -46,23 +46,23 @@ int open_to_read(const std::string& path) {
 std::string ks_resolve_path(const std::string& path) {
     const bool in_settings =
         path.starts_with(kSettings) && (path.size() == kSettings.size() || path[kSettings.size()] == '/');
-    if (!in_settings || has_platform_home())
+    if (!in_settings || HasPlatformHome())
         return path;
-    const std::string directory = user_settings_directory();
+    const std::string directory = UserSettingsDirectory();
     return directory.empty() ? path : directory + path.substr(kSettings.size());
 }
 
 void ks_create_settings_directory() {
     // Nowhere but on the platform itself may /boot/home come into being: its presence moves every path.
     const std::string directory = ks_resolve_path(std::string(kSettings));
-    if (directory == kSettings && !has_platform_home())
+    if (directory == kSettings && !HasPlatformHome())
         return;
     std::error_code error;
     std::filesystem::create_directories(directory, error);
 }
 
 std::FILE* ks_open_regular_file(const std::string& path) {
-    const int descriptor = open_to_read(ks_resolve_path(path));
+    const int descriptor = OpenToRead(ks_resolve_path(path));
     if (descriptor < 0)
         return nullptr;
     struct stat about {};
@@ -78,7 +78,7 @@ status_t BFile::SetTo(const char* path, unsigned mode) {
     Unset();
     if (!path || mode != B_READ_ONLY)
         return B_ERROR;
-    _descriptor = open_to_read(ks_resolve_path(path));
+    _descriptor = OpenToRead(ks_resolve_path(path));
     struct stat about {};
     if (_descriptor >= 0 && fstat(_descriptor, &about) == 0 && !S_ISDIR(about.st_mode))
         return B_OK;

@@ -6,14 +6,14 @@
 
 namespace {
 
-std::uint8_t byte_at(std::string_view text, std::size_t index) {
+std::uint8_t ByteAt(std::string_view text, std::size_t index) {
     return static_cast<std::uint8_t>(text[index]);
 }
 
 // Returns the bytes of the well-formed character at the start of `text`, which is not empty; 0 where there
 // is none.
-std::size_t character_length(std::string_view text) {
-    const std::uint8_t lead = byte_at(text, 0);
+std::size_t CharacterLength(std::string_view text) {
+    const std::uint8_t lead = ByteAt(text, 0);
     if (lead < 0x80)
         return 1;
     std::size_t length = 0;
@@ -34,10 +34,10 @@ std::size_t character_length(std::string_view text) {
         if (lead == 0xF4)
             highest = 0x8F;
     }
-    if (length == 0 || text.size() < length || byte_at(text, 1) < lowest || byte_at(text, 1) > highest)
+    if (length == 0 || text.size() < length || ByteAt(text, 1) < lowest || ByteAt(text, 1) > highest)
         return 0;
     for (std::size_t i = 2; i < length; ++i) {
-        if ((byte_at(text, i) & 0xC0) != 0x80)
+        if ((ByteAt(text, i) & 0xC0) != 0x80)
             return 0;
     }
     return length;
@@ -49,7 +49,7 @@ std::string_view ks_utf8_cut(std::string_view text, std::size_t length) {
     if (text.size() <= length)
         return text;
     for (std::size_t start = length < 3 ? 0 : length - 3; start < length; ++start) {
-        if (start + character_length(text.substr(start)) > length)
+        if (start + CharacterLength(text.substr(start)) > length)
             return text.substr(0, start);
     }
     return text.substr(0, length);
@@ -57,7 +57,7 @@ std::string_view ks_utf8_cut(std::string_view text, std::size_t length) {
 
 bool ks_utf8_is_valid(std::string_view text) {
     while (!text.empty()) {
-        const std::size_t length = character_length(text);
+        const std::size_t length = CharacterLength(text);
         if (length == 0)
             return false;
         text.remove_prefix(length);

@@ -13,7 +13,7 @@ constexpr std::uint32_t kRevert = ks_message_code("REVE");
 constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
 
 // Calls `visit` for every control of every window, under that window's lock.
-template <class Visit> void for_each_control(const BApplication& application, Visit visit) {
+template <class Visit> void ForEachControl(const BApplication& application, Visit visit) {
     for (BWindow* window : application.Windows()) {
         const BAutolock lock(window);
         if (!lock)
@@ -35,12 +35,12 @@ KSApplication::KSApplication(const char* signature, const char* catalog) : BAppl
 
 void KSApplication::MessageReceived(BMessage* message) {
     if (message->what == kRevert)
-        for_each_control(*this, [](KSControl& control) { control.Revert(); });
+        ForEachControl(*this, [](KSControl& control) { control.Revert(); });
     else
         BApplication::MessageReceived(message);
 }
 
 void KSApplication::BroadcastStarting(const BMessage& message) {
     if (message.what == kSettingsChanged)
-        for_each_control(*this, [](KSControl& control) { control.Settle(); });
+        ForEachControl(*this, [](KSControl& control) { control.Settle(); });
 }

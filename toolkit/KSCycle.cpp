@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::size_t kLabelLength = 63;
 
-std::string cut_label(const char* label) {
+std::string CutLabel(const char* label) {
     return std::string(ks_utf8_cut(label ? label : "", kLabelLength));
 }
 
@@ -18,7 +18,7 @@ std::string cut_label(const char* label) {
 
 void KSCycle::AddLabel(const char* label) {
     const KSAutolock lock(this);
-    _labels.push_back(cut_label(label));
+    _labels.push_back(CutLabel(label));
     Changed();
 }
 
@@ -39,7 +39,7 @@ bool KSCycle::GetLabel(long index, char* buffer) const {
 
 void KSCycle::SelectLabel(const char* label) {
     const KSAutolock lock(this);
-    const auto found = std::find(_labels.begin(), _labels.end(), cut_label(label));
+    const auto found = std::find(_labels.begin(), _labels.end(), CutLabel(label));
     if (found != _labels.end())
         ProgramSets(found - _labels.begin());
 }

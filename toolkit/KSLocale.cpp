@@ -18,7 +18,7 @@ constexpr std::size_t kLargestCatalog = 1 << 20;
 
 // Returns the directory of a language's catalogs; nothing when `language` does not name an entry of the
 // catalogs directory itself.
-std::optional<std::string> language_directory(const std::string& language) {
+std::optional<std::string> LanguageDirectory(const std::string& language) {
     if (language.empty() || language == "." || language == ".." || language.find('/') != std::string::npos)
         return std::nullopt;
     const std::string path = ks_resolve_path(kCatalogsPath) + "/" + language;
@@ -29,7 +29,7 @@ std::optional<std::string> language_directory(const std::string& language) {
 }
 
 // Returns the file's bytes; none when it cannot be read or is too large to be a catalog.
-std::string read_catalog(const std::string& path) {
+std::string ReadCatalog(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(path), std::fclose);
     if (!file)
         return {};
@@ -40,7 +40,7 @@ std::string read_catalog(const std::string& path) {
 
 // Returns the text with its escapes replaced: \n is a line feed, a backslash before any other character
 // leaves that one. Nothing when a lone backslash ends it.
-std::optional<std::string> unescaped(std::string_view text) {
+std::optional<std::string> Unescaped(std::string_view text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] != '\\') {
@@ -60,17 +60,17 @@ KSLocale* const ks_locale = &locale;
 
 void KSLocale::Open(const char* catalog) {
     // The language list always holds this one, with or without an entry of its own.
-    std::string directory = language_directory("english").value_or("");
+    std::string directory = LanguageDirectory("english").value_or("");
     ks_read_settings_lines([&, english = directory](const ks_settings_line& line) {
         if (!line.Is("LANGUAGE"))
             return;
         const std::string language = line.Value();
         if (language == "english")
             directory = english;
-        else if (const auto found = language_directory(language))
+        else if (const auto found = LanguageDirectory(language))
             directory = *found;
     });
-    Read(directory.empty() || !catalog ? std::string() : read_catalog(directory + "/" + catalog));
+    Read(directory.empty() || !catalog ? std::string() : ReadCatalog(directory + "/" + catalog));
 }
 
 void KSLocale::Read(std::string_view text) {
@@ -94,7 +94,7 @@ void KSLocale::ReadLine(std::string_view line) {
     line.remove_prefix(static_cast<std::size_t>(after + 1 - line.data()));
     if (line.find('\0') != std::string_view::npos || !ks_utf8_is_valid(line))
         return;
-    if (auto text = unescaped(line))
+    if (auto text = Unescaped(line))
         _texts[id] = std::move(*text);
 }
 

@@ -9,22 +9,22 @@
 
 namespace {
 
-bool is_writable_name(const std::string& name) {
+bool IsWritableName(const std::string& name) {
     return ks_fits_settings_line(name) && name.find(',') == std::string::npos;
 }
 
 // Returns the first of a pattern's names of one kind that the settings file can hold, or `otherwise`.
-std::string writable_name(const FcPattern* pattern, const char* kind, const char* otherwise) {
+std::string WritableName(const FcPattern* pattern, const char* kind, const char* otherwise) {
     FcChar8* text = nullptr;
     for (int i = 0; FcPatternGetString(pattern, kind, i, &text) == FcResultMatch; ++i) {
         const std::string name(reinterpret_cast<const char*>(text));
-        if (name.size() < sizeof(font_family) && is_writable_name(name))
+        if (name.size() < sizeof(font_family) && IsWritableName(name))
             return name;
     }
     return otherwise;
 }
 
-BFont find_default_font() {
+BFont FindDefaultFont() {
     const auto destroy = [](FcPattern* pattern) {
         if (pattern)
             FcPatternDestroy(pattern);
@@ -40,8 +40,8 @@ BFont find_default_font() {
     FcResult result = FcResultNoMatch;
     const pattern_ptr found(FcFontMatch(nullptr, wanted.get(), &result), destroy);
     if (found && result == FcResultMatch) {
-        font.SetFamilyAndStyle(writable_name(found.get(), FC_FAMILY, "Sans").c_str(),
-                               writable_name(found.get(), FC_STYLE, "Regular").c_str());
+        font.SetFamilyAndStyle(WritableName(found.get(), FC_FAMILY, "Sans").c_str(),
+                               WritableName(found.get(), FC_STYLE, "Regular").c_str());
     }
     return font;
 }
@@ -49,7 +49,7 @@ BFont find_default_font() {
 }  // namespace
 
 KSPopFont::KSPopFont(const char* name, unsigned flags) : KSEditor(name, flags) {
-    static const BFont default_font = find_default_font();
+    static const BFont default_font = FindDefaultFont();
     ProgramSets(default_font);
 }
 
@@ -59,7 +59,7 @@ void KSPopFont::SetValue(const BFont* font, bool) {
 }
 
 bool KSPopFont::EditValue(const BFont& font) {
-    if (!is_writable_name(font.Family()) || !is_writable_name(font.Style()))
+    if (!IsWritableName(font.Family()) || !IsWritableName(font.Style()))
         return false;
     UserSets(font);
     return true;

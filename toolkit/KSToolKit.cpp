@@ -9,24 +9,24 @@
 
 namespace {
 
-BWindow* window_of(const KSGroup& group) {
+BWindow* WindowOf(const KSGroup& group) {
     const KSContainer* container = group.Container();
     return container ? container->Window() : nullptr;
 }
 
-long text_length(const char* text, long length) {
+long TextLength(const char* text, long length) {
     return length < 0 ? static_cast<long>(std::strlen(text)) : length;
 }
 
 }  // namespace
 
 bool KSToolKit::Lock() {
-    BWindow* window = window_of(*this);
+    BWindow* window = WindowOf(*this);
     return !window || window->Lock();
 }
 
 void KSToolKit::Unlock() {
-    if (BWindow* window = window_of(*this))
+    if (BWindow* window = WindowOf(*this))
         window->Unlock();
 }
 
@@ -42,13 +42,13 @@ KSPoint<long> KSToolKit::StringSize(const char* text, long* ascent, ks_text_styl
     measured_ascent = 0;
     if (!_surface || !text)
         return {};
-    return _surface->StringSize(text, text_length(text, length), &measured_ascent);
+    return _surface->StringSize(text, TextLength(text, length), &measured_ascent);
 }
 
 void KSToolKit::DrawString(const char* text, KSPoint<long> where, ks_text_style*, long length, ks_truncate,
                            bool) {
     if (_surface && text)
-        _surface->DrawString(text, text_length(text, length), where);
+        _surface->DrawString(text, TextLength(text, length), where);
 }
 
 void KSToolKit::FillRect(KSRect<long> rect) {

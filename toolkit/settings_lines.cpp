@@ -13,7 +13,7 @@ constexpr const char* kSeparators = " =";
 constexpr std::size_t kPieceLength = 1023;
 constexpr std::size_t kKeyRoom = 63;  // for the longest key, its "_BMP", " = " and the line feed
 
-char lower(char c) {
+char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
@@ -30,7 +30,7 @@ std::string ks_settings_line::Value() const {
 // Not strcasecmp(): keys do not change their case with the user's locale.
 bool ks_settings_line::Is(std::string_view other) const {
     return std::equal(key.begin(), key.end(), other.begin(), other.end(),
-                      [](char a, char b) { return lower(a) == lower(b); });
+                      [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {

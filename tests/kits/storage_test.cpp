@@ -14,7 +14,7 @@ namespace {
 namespace fs = std::filesystem;
 
 // Sets a variable, or unsets it for null.
-void set_variable(const char* name, const char* value) {
+void SetVariable(const char* name, const char* value) {
     if (value)
         setenv(name, value, 1);
     else
@@ -38,8 +38,8 @@ class Resolve : public testing::TestWithParam<path_case> {};
 TEST_P(Resolve, FindsThePath) {
     if (fs::is_directory("/boot/home"))
         GTEST_SKIP() << "this is the platform itself";
-    set_variable("XDG_CONFIG_HOME", GetParam().config_home);
-    set_variable("HOME", GetParam().home);
+    SetVariable("XDG_CONFIG_HOME", GetParam().config_home);
+    SetVariable("HOME", GetParam().home);
     EXPECT_EQ(ks_resolve_path(GetParam().path), GetParam().want);
 }
 

@@ -12,7 +12,7 @@
 namespace {
 
 // Decodes by numbers instead of byte ranges: true for what one code point, encoded again, gives back.
-bool is_valid_by_decoding(std::string_view text) {
+bool IsValidByDecoding(std::string_view text) {
     for (std::size_t i = 0; i < text.size();) {
         const auto byte = [&](std::size_t k) { return static_cast<unsigned char>(text[k]); };
         const int length = byte(i) < 0x80   ? 1
@@ -45,10 +45,10 @@ TEST(Utf8, IsValidExactlyWhereItDecodes) {
                 text[0] = static_cast<char>(first);
                 text[1] = static_cast<char>(second);
                 text[2] = static_cast<char>(third);
-                ASSERT_EQ(ks_utf8_is_valid(text), is_valid_by_decoding(text))
+                ASSERT_EQ(ks_utf8_is_valid(text), IsValidByDecoding(text))
                     << first << ' ' << second << ' ' << third;
                 for (const char* tail : {"\x80", "\xBF", "\xC0"})
-                    ASSERT_EQ(ks_utf8_is_valid(text + tail), is_valid_by_decoding(text + tail))
+                    ASSERT_EQ(ks_utf8_is_valid(text + tail), IsValidByDecoding(text + tail))
                         << first << ' ' << second << ' ' << third;
             }
 }

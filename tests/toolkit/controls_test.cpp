@@ -31,7 +31,7 @@ public:
 // Checks that the program's value settles, that the user's does not, and that Revert comes back to what was
 // settled last. `set` and `edit` take a value, `get` gives it.
 template <class Value, class Set, class Edit, class Get>
-void expect_settling(KSControl& control, Value first, Value second, Set set, Edit edit, Get get) {
+void ExpectSettling(KSControl& control, Value first, Value second, Set set, Edit edit, Get get) {
     set(first);
     EXPECT_EQ(get(), first);
     EXPECT_FALSE(control.Revert());
@@ -49,7 +49,7 @@ void expect_settling(KSControl& control, Value first, Value second, Set set, Edi
     EXPECT_EQ(get(), first);
 }
 
-BFont font_of(const char* family, const char* style, float size) {
+BFont FontOf(const char* family, const char* style, float size) {
     BFont font;
     font.SetFamilyAndStyle(family, style);
     font.SetSize(size);
@@ -58,32 +58,32 @@ BFont font_of(const char* family, const char* style, float size) {
 
 TEST(Editors, SettleWhatTheProgramSetsAndRevertWhatTheUserDoes) {
     KSCheckBox box(nullptr, 0);
-    expect_settling(
+    ExpectSettling(
         box, true, false, [&](bool on) { box.SetValue(on); }, [&](bool on) { box.EditValue(on); },
         [&] { return box.Value(); });
     KSColorField field(nullptr, 0);
-    expect_settling(
+    ExpectSettling(
         field, ks_color(1, 2, 3, 4), ks_color(1, 2, 3, 5),
         [&](ks_color color) { field.SetColor(color, false, false); },
         [&](ks_color color) { field.EditColor(color); }, [&] { return field.Color(); });
     KSPopFile file(nullptr, 0);
-    expect_settling(
+    ExpectSettling(
         file, std::string("/a"), std::string(),
         [&](const std::string& path) { file.SetText(path.c_str(), false); },
         [&](const std::string& path) { EXPECT_TRUE(file.EditText(path)); }, [&] { return file.Path(); });
     KSPopFont font(nullptr, 0);
-    expect_settling(
-        font, font_of("Family", "Bold", 12), font_of("Family", "Bold", 12.5f),
+    ExpectSettling(
+        font, FontOf("Family", "Bold", 12), FontOf("Family", "Bold", 12.5f),
         [&](const BFont& value) { font.SetValue(&value, false); },
         [&](const BFont& value) { EXPECT_TRUE(font.EditValue(value)); }, [&] { return font.Font(); });
     KSSpinBox spin(nullptr, 0);
-    expect_settling(
+    ExpectSettling(
         spin, 7.0f, 7.5f, [&](float value) { spin.SetValue(value); },
         [&](float value) { spin.EditValue(value); }, [&] { return spin.Value(); });
     KSCycle cycle(nullptr, 0);
     cycle.AddLabel("BeOS");
     cycle.AddLabel("Nymbrel");
-    expect_settling(
+    ExpectSettling(
         cycle, 1L, 0L, [&](long index) { cycle.SelectLabel(index == 0 ? "BeOS" : "Nymbrel"); },
         [&](long index) { cycle.EditSelection(index); }, [&] { return cycle.CurrentSelection(); });
     KSTitleGroup group(nullptr, 0);
@@ -171,7 +171,7 @@ TEST(PopFont, StartsWithAFontAndTakesWhatTheSettingsFileCanHold) {
     EXPECT_EQ(*font.Value(), start);
     for (const auto& [family, style] : {std::pair("A,B", "Bold"), std::pair("A", "Bold,Italic"),
                                         std::pair("", "Bold"), std::pair("A", ""), std::pair("A\nB", "C")})
-        EXPECT_FALSE(font.EditValue(font_of(family, style, 9))) << family << '/' << style;
+        EXPECT_FALSE(font.EditValue(FontOf(family, style, 9))) << family << '/' << style;
     font.SetValue(nullptr, false);
     EXPECT_EQ(font.Font(), start);
 }
