@@ -126,6 +126,7 @@ TEST_P(RunsOfMode, StayWithinTheirPages) {
 TEST_P(RunsOfMode, TouchNothingUnderClearSources) {
     GuardedPages dst(3);
     const std::int32_t page = dst.WordsPerPage();
+    std::fill(dst.Begin(), dst.End(), 0x80402010);
     dst.Protect(2, PROT_NONE);
     for (std::int32_t count = 0; count <= kLongest && Mode() != kMergeCopy; count++)
         KSMerge::hash_color_func[Mode()](dst.Begin() + page, 0x00FFFFFF, 255, count);
@@ -133,13 +134,15 @@ TEST_P(RunsOfMode, TouchNothingUnderClearSources) {
         return;
     Row src(static_cast<std::size_t>(3 * page), 0xC0408020);
     std::fill_n(src.begin() + page, page, 0x00FFFFFF);
+    Word want = 0x80402010;
     for (const Word opacity : {255u, 100u}) {
         KSMerge::hash_array_func[Mode()](dst.Begin(), src.data(), opacity, 3 * page);
         for (std::int32_t count = 0; count <= kLongest; count++)
             KSMerge::hash_array_func[Mode()](dst.Begin() + page, src.data() + page, opacity, count);
+        want = reference::ComposeInArray(Mode(), want, 0xC0408020, opacity);
     }
-    EXPECT_NE(dst.Begin()[page - 1], 0u);
-    EXPECT_NE(dst.Begin()[2 * page], 0u);
+    EXPECT_EQ(dst.Begin()[page - 1], want);
+    EXPECT_EQ(dst.Begin()[2 * page], want);
 }
 
 // With opacity 0 these modes draw nothing, whatever the source.
