@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdarg>
 #include <gtest/gtest.h>
+#include <string_view>
 #include <time.h>
 
 namespace {
@@ -157,6 +158,37 @@ TEST(Roster, GivesUpABusThatStopsAnswering) {
     });
     bus.daemon.Signal(SIGCONT);
     EXPECT_EQ(app.received.Entries().size(), sent);
+}
+
+// The greeting and the name ":1.1" for Hello, as a bus sends them.
+constexpr std::string_view kWelcome = "DATA\r\nOK 0123456789abcdef0123456789abcdef\r\nAGREE_UNIX_FD\r\n";
+constexpr std::string_view kHelloReply("l\2\1\1\x9\0\0\0\1\0\0\0\xF\0\0\0"
+                                       "\5\1u\0\1\0\0\0\x8\1g\0\1s\0\0"
+                                       "\4\0\0\0:1.1",
+                                       41);
+
+TEST(Roster, GivesUpABusThatStartsToTalkGarbage) {
+    Journal<bool> closed;
+    FakeBus bus([&](int connection) {
+        char request[512];
+        for (const std::string_view answer : {kWelcome, kHelloReply})
+            if (read(connection, request, sizeof request) <= 0 ||
+                send(connection, answer.data(), answer.size(), MSG_NOSIGNAL) <= 0)
+                return;
+        const std::string garbage(1000, 'x');
+        send(connection, garbage.data(), garbage.size(), MSG_NOSIGNAL);
+        while (read(connection, request, sizeof request) > 0) {
+        }
+        closed.Add(true);
+    });
+    TestApplication app;
+    TestServer server;
+    RunBeside(app, &server, [&] {
+        EXPECT_TRUE(closed.WaitFor(1));
+        BroadcastCode(kNotice);
+        EXPECT_TRUE(app.received.WaitFor(1));
+    });
+    EXPECT_EQ(server.calls.Entries().front(), "prepare");
 }
 
 // What the application does on a bus that is none, and how long that takes.
