@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+// Items are kept one behind the other in memory. A list is copied with its items.
 template <class T> class KSList {
 public:
     // Returns how many items the list holds.
@@ -23,6 +24,7 @@ public:
     void AddItem(T item) { _items.push_back(std::move(item)); }
     void MakeEmpty() { _items.clear(); }
 
+    // Iterate over the items in order; valid until the list next changes.
     auto begin() { return _items.begin(); }
     auto end() { return _items.end(); }
     auto begin() const { return _items.begin(); }

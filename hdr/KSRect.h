@@ -8,16 +8,19 @@
 // `T` is long for frames of pixels. A rectangle with left > right or top > bottom is invalid; the default
 // one is the invalid rectangle (1, 1, -1, -1). A width or height that does not fit an integer T wraps around.
 template <class T> struct KSRect {
-    T left = 1;
-    T top = 1;
-    T right = -1;
-    T bottom = -1;
+    T left = 1;     // the first column
+    T top = 1;      // the first row
+    T right = -1;   // the last column
+    T bottom = -1;  // the last row
 
+    // Makes the invalid rectangle, or a given one.
     constexpr KSRect() = default;
     constexpr KSRect(T left_, T top_, T right_, T bottom_)
         : left(left_), top(top_), right(right_), bottom(bottom_) {}
 
+    // Returns whether the rectangle holds anything.
     constexpr bool IsValid() const { return left <= right && top <= bottom; }
+    // Returns how many columns, and how many rows, the rectangle holds.
     constexpr T PixelWidth() const { return Extent(left, right); }
     constexpr T PixelHeight() const { return Extent(top, bottom); }
 
@@ -25,6 +28,7 @@ template <class T> struct KSRect {
     // is announced by "Invalid ".
     void PrintToStream(const char* label = nullptr) const;
 
+    // Compares all four coordinates exactly.
     friend constexpr bool operator==(const KSRect&, const KSRect&) = default;
 
 private:

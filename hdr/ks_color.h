@@ -4,16 +4,19 @@
 
 #include <cstdint>
 
+// The components are 0 to 255.
 struct ks_color {
-    std::uint8_t red = 0;
-    std::uint8_t green = 0;
-    std::uint8_t blue = 0;
+    std::uint8_t red = 0;    // 255 at its brightest
+    std::uint8_t green = 0;  // likewise
+    std::uint8_t blue = 0;   // likewise
     std::uint8_t alpha = 0;  // 0 transparent, 255 opaque
 
+    // Makes transparent black, or a given colour.
     constexpr ks_color() = default;
     constexpr ks_color(std::uint8_t red_, std::uint8_t green_, std::uint8_t blue_, std::uint8_t alpha_ = 255)
         : red(red_), green(green_), blue(blue_), alpha(alpha_) {}
 
+    // Compares all four components.
     friend constexpr bool operator==(const ks_color&, const ks_color&) = default;
 };
 

@@ -4,7 +4,9 @@
 
 // Versions with the same major number are compatible: what was linked against an older one runs with a newer.
 #define KS_IMAGING_VERSION_MAJOR 1
+// Grows with what is added.
 #define KS_IMAGING_VERSION_MINOR 0
+// Grows with what is mended.
 #define KS_IMAGING_VERSION_PATCH 0
 
 // The version as one number that grows: 10203 for version 1.2.3.

@@ -72,6 +72,7 @@ public:
     // Whether the mode's array kernel writes also where the source pixel is fully transparent.
     static const bool merge_destructive[kMergeCount];
 
+    // The kernels of the modes.
     static const ks_color_func hash_color_func[kMergeCount];
     static const ks_pixel_func hash_pixel_func[kMergeCount];
     static const ks_array_func hash_array_func[kMergeCount];

@@ -271,8 +271,7 @@ void KSRaster::Archive(KSMessage* archive) {
 }
 
 const char* KSRaster::ArchiveFault(const KSMessage* archive) {
-    KSRect<long> frame;
-    if (archive == nullptr || !archive->FindRect(kFrameField, &frame) || !frame.IsValid())
+    if (archive == nullptr)
         return nullptr;
     std::int32_t space = KS_RGBA_COLOR_SPACE, native = kRasterInMemory;
     archive->FindInt32(kColorSpaceField, &space);
@@ -281,6 +280,9 @@ const char* KSRaster::ArchiveFault(const KSMessage* archive) {
         return "unknown storage kind";
     if (native == kRasterInBBitmap && space != KS_RGBA_COLOR_SPACE)
         return "colour space that no bitmap can hold";
+    KSRect<long> frame;
+    if (!archive->FindRect(kFrameField, &frame) || !frame.IsValid())
+        return nullptr;
     const long expected = StorageSize(frame, BytesPerPixelOf(static_cast<ks_color_space>(space)));
     if (expected < 0)
         return "frame too large";

@@ -137,8 +137,8 @@ public:
     // null message does nothing. Throws std::bad_alloc.
     void Archive(KSMessage* archive);
     // Returns null if the archive constructor takes everything in `archive` as it is, or else what is wrong
-    // with it, as a static English text: what the constructor asserts, or pixel data of another size than the
-    // frame asks for. A null archive is no fault.
+    // with it, as a static English text: a storage kind or colour space that constructors assert, a frame
+    // that is too large, or pixel data of another size than the frame asks for. A null archive is no fault.
     static const char* ArchiveFault(const KSMessage* archive);
 
     // Reverses the bytes of each pixel of two or four bytes in place; does nothing for other sizes.

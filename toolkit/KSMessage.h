@@ -35,6 +35,7 @@ public:
     KSMessage& operator=(const KSMessage&);
     KSMessage& operator=(KSMessage&&) noexcept;
 
+    // Adds a field with a copy of the value.
     bool AddString(const char* name, const char* text);
     bool AddRect(const char* name, const KSRect<long>& rect);
     bool AddInt32(const char* name, std::int32_t value);

@@ -124,7 +124,8 @@ TEST(Archive, FaultNamesWhatTheConstructorWouldAbortOn) {
         {{0, 0, 1, 1}, 2, 1, "colour space that no bitmap can hold"},
         {{0, 0, 99999, 99999}, 3, 2, "frame too large"},
         {{0, 0, 99999, 99999}, 3, 3, "frame too large"},
-        {{0, 0, -1, 1}, 9, 9, nullptr},
+        {{0, 0, -1, 1}, 9, 9, "unknown storage kind"},
+        {{0, 0, -1, 1}, 9, 3, nullptr},
         {{0, 0, 1, 1}, 9, 2, nullptr},
     };
     for (const auto& [frame, space, native, want] : kArchives) {
