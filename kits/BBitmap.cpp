@@ -30,7 +30,7 @@ BBitmap::BBitmap(BRect bounds, color_space space, bool, bool) : _bounds(bounds),
         Allocate(Extent(bounds.left, bounds.right), Extent(bounds.top, bounds.bottom));
 }
 
-BBitmap::BBitmap(const KSRect<long>& frame, color_space space)
+BBitmap::BBitmap(color_space space, const KSRect<long>& frame)
     : _bounds(static_cast<float>(frame.left), static_cast<float>(frame.top), static_cast<float>(frame.right),
               static_cast<float>(frame.bottom)),
       _color_space(space) {

@@ -45,7 +45,7 @@ private:
     friend class KSRaster;
 
     // Makes a bitmap of exactly the pixels of a valid frame; the bounds are the frame's coordinates.
-    BBitmap(const KSRect<long>& frame, color_space space);
+    BBitmap(color_space space, const KSRect<long>& frame);
 
     void Allocate(long columns, long rows);
 

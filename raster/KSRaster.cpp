@@ -158,7 +158,7 @@ void KSRaster::AllocateBitmap() {
         if (StorageSize(_frame, _bytes_per_pixel) < 0)
             throw std::bad_alloc();
         _owns_data = false;
-        _bitmap = new BBitmap(_frame, B_RGB32);
+        _bitmap = new BBitmap(B_RGB32, _frame);
     } catch (...) {
         _valid = false;
         throw;
