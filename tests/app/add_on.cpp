@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+// An add-on: links no imaging library of its own, and draws with the one in the image that loads it.
+#include "bitmaptools/KSBitmapTools.h"
+#include "hdr/ks_export.h"
+#include "raster/KSRaster.h"
+#include "toolkit/KSMessage.h"
+
+#include <memory>
+#include <new>
+
+extern "C" KS_EXPORT const char* draw_with_the_image() {
+    KSRaster raster(KSRect<long>(10, 10, 19, 19), "add-on");
+    raster.SetHighColor(1, 2, 3, 255);
+    raster.FillRect(raster.Frame());
+    raster.SetDrawingMode(kMergeAdd);
+    raster.PutPixel(10, 10);
+    const auto* words = static_cast<const std::uint32_t*>(raster.Bits());
+    if (words[0] != 0xFF020406 || words[99] != 0xFF010203)
+        return "drawing";
+    std::uint32_t pixel = words[0];
+    KSMerge::hash_color_func[kMergeSubtract](&pixel, 0xFF010203, 255, 1);
+    if (pixel != 0xFF010203)
+        return "composition tables";
+
+    std::uint32_t scaled[4] = {};
+    KSBitmapTools::ScalePlain(10, 10, 2, 2, words, scaled, 10, 2);
+    if (scaled[0] != 0xFF020406 || scaled[3] != 0xFF010203)
+        return "scaling";
+
+    KSMessage archive;
+    raster.Archive(&archive);
+    const KSRaster copy(&archive);
+    if (copy.Frame() != raster.Frame() || static_cast<const std::uint32_t*>(copy.Bits())[0] != words[0])
+        return "archive";
+    try {
+        const KSRaster too_large(KSRect<long>(0, 0, 99999, 99999));
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+    return "exceptions";
+}
