@@ -67,12 +67,12 @@ ks_color mixed(ks_color color, int other, double share) {
 
 void draw_card(KSRaster& canvas, double degrees, ks_color color) {
     constexpr card_box kPaper = {-12, -9, 12, 68, 4};
+    constexpr double kShadowEnd = 4;  // the shadows of all cards would add up where they meet
     Card card(canvas, degrees);
     for (int softness = 4; softness >= 1; --softness) {
         const double grow = softness * 0.6;
-        card.Fill(
-            {kPaper.left - grow, kPaper.bottom - grow, kPaper.right + grow, kPaper.top + grow, 4 + grow},
-            {20, 24, 40, 14}, {0.6, 1.4});
+        card.Fill({kPaper.left - grow, kShadowEnd, kPaper.right + grow, kPaper.top + grow, 4 + grow},
+                  {20, 24, 40, 14}, {0.6, 1.4});
     }
     card.Fill(kPaper, {190, 192, 198});
     card.Fill({kPaper.left + 0.6, kPaper.bottom + 0.6, kPaper.right - 0.6, kPaper.top - 0.6, 3.5},
@@ -101,6 +101,7 @@ std::unique_ptr<KSRaster> draw() {
                                     {54, 164, 168}, {77, 140, 236}, {136, 98, 190}};
     auto picture = std::make_unique<KSRaster>(
         KSRect<long>(0, 0, kWidth * kOversampling - 1, kHeight * kOversampling - 1));
+    picture->SetDrawingMode(kMergeNormal);
     double degrees = -60;
     for (const ks_color& color : kColors) {
         draw_card(*picture, degrees, color);
