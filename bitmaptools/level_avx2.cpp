@@ -2,4 +2,4 @@
 // The pixel functions compiled for AVX2.
 #define NYMBREL_LEVEL avx2
 #define NYMBREL_VECTOR_BYTES 32
-#include "bitmaptools/sampling_inl.h"
+#include "bitmaptools/level_inl.h"

@@ -2,4 +2,4 @@
 // The pixel functions compiled for AVX-512.
 #define NYMBREL_LEVEL avx512
 #define NYMBREL_VECTOR_BYTES 64
-#include "bitmaptools/sampling_inl.h"
+#include "bitmaptools/level_inl.h"

@@ -2,4 +2,4 @@
 // The pixel functions compiled for what every processor has.
 #define NYMBREL_LEVEL baseline
 #define NYMBREL_VECTOR_BYTES 16
-#include "bitmaptools/sampling_inl.h"
+#include "bitmaptools/level_inl.h"

@@ -46,6 +46,9 @@ struct InverseMap {
     double least, most;  // the accepted range of both source fractions
 };
 
+// What count_equal and sum_counts may read behind their arguments.
+inline constexpr std::int64_t kReadBeyond = 64;
+
 struct PixelFunctions {
     // Scaling: x.row and y.column are 0, all positions lie in the source or half a pixel outside.
     void (*scale_plain)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
@@ -55,6 +58,16 @@ struct PixelFunctions {
     void (*rotate_bilinear)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
     void (*transform_plain)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
     void (*transform_bilinear)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
+
+    // Sets lonely[x], for first <= x < last, to 255 if the pixel x of the middle row equals none of its eight
+    // neighbours, else to 0, and says whether any does. At the top and bottom of an image the one row beside
+    // stands for the missing one too; an image of one row is its own neighbour.
+    bool (*mark_lonely)(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
+                        std::int64_t last, std::uint8_t* lonely);
+    // Returns how many of `count` <= 511 bytes are equal to `value`. May read kReadBeyond bytes behind them.
+    std::uint32_t (*count_equal)(const std::uint8_t* bytes, std::int64_t count, std::uint8_t value);
+    // Returns the sum of `count` <= 511 items of at most 511. May read kReadBeyond items behind them.
+    std::uint32_t (*sum_counts)(const std::uint16_t* counts, std::int64_t count);
 };
 
 namespace baseline {

@@ -1,60 +1,21 @@
 // SPDX-License-Identifier: MIT
 // Sampling of source pixels at many positions at once; included once for each instruction set.
 //
-// The including unit defines NYMBREL_LEVEL, the namespace to fill, and NYMBREL_VECTOR_BYTES, the width of its
-// vectors. Everything but the table at the end is local to the unit.
-//
 // Work is done in blocks of 64 destination pixels of one row: the neighbours of the positions are collected
 // one by one (faster than the processors' gather instructions), then mixed a vector at a time. Rotated reads
 // go through bands of 64 rows block by block, which keeps the part of the source that they touch in the
 // cache.
-#include "bitmaptools/pixel_functions.h"
+#pragma once
+
+#include "bitmaptools/vectors_inl.h"
 
 #include <utility>
-
-#define NYMBREL_INLINE [[gnu::always_inline]] inline
 
 namespace NYMBREL_LEVEL {
 namespace {
 
-constexpr int kLanes = NYMBREL_VECTOR_BYTES / 4;
-constexpr int kDoubleLanes = NYMBREL_VECTOR_BYTES / 8;
-using Words [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::uint32_t;
-using Ints [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::int32_t;
-using Floats [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = float;
-using Doubles [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = double;
-using Longs [[gnu::vector_size(NYMBREL_VECTOR_BYTES)]] = std::int64_t;
-using HalfInts [[gnu::vector_size(NYMBREL_VECTOR_BYTES / 2)]] = std::int32_t;
-
 constexpr std::int64_t kBlock = 64;
 constexpr std::int64_t kBand = 64;
-
-template <class Vector, class Item> NYMBREL_INLINE Vector Load(const Item* items) {
-    Vector vector;
-    __builtin_memcpy(&vector, items, sizeof vector);
-    return vector;
-}
-
-template <class Vector, class Item> NYMBREL_INLINE void Store(Item* items, const Vector& vector) {
-    __builtin_memcpy(items, &vector, sizeof vector);
-}
-
-// Returns the bits that all lanes of `vector` have in common; lanes that do not fill 64 bits do so in pairs.
-template <class Vector> NYMBREL_INLINE std::uint64_t CommonBits(const Vector& vector) {
-    std::uint64_t parts[sizeof vector / 8];
-    Store(parts, vector);
-    for (std::size_t k = 1; k < sizeof vector / 8; ++k)
-        parts[0] &= parts[k];
-    return parts[0];
-}
-
-NYMBREL_INLINE std::int64_t Least(std::int64_t a, std::int64_t b) {
-    return a < b ? a : b;
-}
-
-NYMBREL_INLINE std::int64_t Most(std::int64_t a, std::int64_t b) {
-    return a > b ? a : b;
-}
 
 template <std::size_t... kLane>
 NYMBREL_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
@@ -577,8 +538,4 @@ void TransformBilinearAny(const SourcePixels& source, const DestinationPixels& d
 }
 
 }  // namespace
-
-const PixelFunctions kPixelFunctions = {ScalePlain,        ScaleBilinear,     RotatePlainAny,
-                                        RotateBilinearAny, TransformPlainAny, TransformBilinearAny};
-
 }  // namespace NYMBREL_LEVEL
