@@ -173,7 +173,7 @@ void ScalePlain(const SourcePixels& source, const DestinationPixels& destination
             std::uint32_t* to = destination.words + j * destination.row_length + first;
             const std::uint32_t* from = source.words + row * source.row_length;
             if (row == last_row)
-                __builtin_memcpy(to, to - destination.row_length, bytes);
+                __builtin_memmove(to, to - destination.row_length, bytes);  // rows may overlap if too short
             else if (x.column == kOne)
                 __builtin_memcpy(to, from + columns[0], bytes);
             else

@@ -63,6 +63,16 @@ TEST(Rotation, EqualsItsDefinitionOnLargeImages) {
     }
 }
 
+// Sources whose positions do not fit 32 bits.
+TEST(Rotation, EqualsItsDefinitionOnWideImages) {
+    for (std::uint32_t seed = 0; seed < 3 && !HasFailure(); ++seed) {
+        Random random(seed);
+        const long last = (1 << 18) + random.In(-1, 9), left = random.OneIn(2) ? last - 70 : -30;
+        const KSPoint<double> centre(static_cast<double>(left + 40), 10);
+        ExpectRotated(random, {{0, 0, last, 9}, {left, -20, left + 130, 50}, centre, random.Real(-4, 4)});
+    }
+}
+
 TEST(Rotation, WorkedValues) {
     const struct {
         const char* name;

@@ -102,7 +102,18 @@ TEST(Transform, DegenerateAndHostileArgumentsWriteNothing) {
         }
 }
 
-// Sources so large that positions in them do not fit 32 bits.
+// Sources so large that positions in them do not fit 32 bits, spread out and then all seen at once.
+TEST(Transform, EqualsItsDefinitionOnWideImages) {
+    for (std::uint32_t seed = 0; seed < 2 && !HasFailure(); ++seed) {
+        Random random(seed);
+        const long last = (1 << 18) + random.In(-2, 9);
+        const auto right = static_cast<double>(last);
+        ExpectTransformed(random, {0, 0, last, 3}, {{{0, 0}, {right, 5}, {right + 9, 40}, {3, 44}}},
+                          {last - 80, -5, last + 20, 60});
+        ExpectTransformed(random, {0, 0, last, 3}, {{{0, 0}, {90, 5}, {80, 60}, {3, 44}}}, {-5, -5, 95, 66});
+    }
+}
+
 TEST(Transform, HugeSources) {
     constexpr long least = std::numeric_limits<std::int32_t>::min();
     constexpr long most = std::numeric_limits<std::int32_t>::max();
