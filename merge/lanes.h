@@ -218,8 +218,8 @@ KS_INLINE Floats floats(Words values) {
     return __builtin_convertvector(reinterpret_cast<SignedWords>(values), Floats);
 }
 
-// a / b rounded towards zero. Exact where a and b are integers below 2^24 and the quotient is below 2^8: the
-// next integer is at least 1 / b away, more than rounding can add.
+// a / b rounded towards zero. Exact where a is below 2^24, b is below 2^16, both are integers, and the
+// quotient is below 2^8: the next integer is at least 1 / b away, more than rounding can add.
 KS_INLINE SignedWords quotient(Floats a, Floats b) {
     return __builtin_convertvector(a / b, SignedWords);
 }

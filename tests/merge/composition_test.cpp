@@ -240,7 +240,7 @@ TEST(WeightedMean, IsExactForASampleOfAlphas) {
             ASSERT_NO_FATAL_FAILURE(CheckWeightedMeans(src_alpha, dst_alpha));
 }
 
-// Every case there is; takes a minute: merge_test --gtest_also_run_disabled_tests
+// Every case there is; takes a minute of processor time: merge_test --gtest_also_run_disabled_tests
 // --gtest_filter=WeightedMean.*
 TEST(WeightedMean, DISABLED_IsExactForAllAlphas) {
     for (Word src_alpha = 1; src_alpha < 255; src_alpha++)
