@@ -54,6 +54,9 @@ double MappedMs(const contestant& of) {
 double PaintedMs(const contestant& of) {
     return Median(of, &start_result::painted_ms);
 }
+double ProcessorMs(const contestant& of) {
+    return Median(of, &start_result::processor_ms);
+}
 double PeakMb(const contestant& of) {
     return Median(of, &start_result::peak_resident_kb) / 1024;
 }
@@ -62,7 +65,7 @@ double PssMb(const contestant& of) {
 }
 
 void RunRounds(WindowWatch& watch, std::vector<contestant>& contestants, int rounds, std::ostream& csv) {
-    csv << "round,program,mapped_ms,painted_ms,peak_resident_kb,pss_kb\n";
+    csv << "round,program,mapped_ms,painted_ms,processor_ms,peak_resident_kb,pss_kb\n";
     for (int round = -1; round < rounds; ++round)
         for (size_t turn = 0; turn < contestants.size(); ++turn) {
             contestant& one = contestants[(turn + round + 1) % contestants.size()];
@@ -73,7 +76,8 @@ void RunRounds(WindowWatch& watch, std::vector<contestant>& contestants, int rou
                 continue;  // the warm-up: the files come into memory
             one.results.push_back(*result);
             csv << round << ',' << one.name << ',' << result->mapped_ms << ',' << result->painted_ms << ','
-                << result->peak_resident_kb << ',' << result->shared_out_kb << '\n';
+                << result->processor_ms << ',' << result->peak_resident_kb << ',' << result->shared_out_kb
+                << '\n';
         }
 }
 
@@ -101,11 +105,11 @@ int Compare(int rounds, const char* csv_path, std::vector<contestant> contestant
     std::ofstream csv(csv_path);
     WindowWatch watch;
     RunRounds(watch, contestants, rounds, csv);
-    std::printf("%-16s %10s %11s %9s %9s   medians of %d\n", "", "mapped ms", "painted ms", "VmHWM MB",
-                "PSS MB", rounds);
+    std::printf("%-16s %10s %11s %13s %9s %9s   medians of %d\n", "", "mapped ms", "painted ms",
+                "processor ms", "VmHWM MB", "PSS MB", rounds);
     for (const contestant& one : contestants)
-        std::printf("%-16s %10.1f %11.1f %9.1f %9.1f\n", one.name.c_str(), MappedMs(one), PaintedMs(one),
-                    PeakMb(one), PssMb(one));
+        std::printf("%-16s %10.1f %11.1f %13.1f %9.1f %9.1f\n", one.name.c_str(), MappedMs(one),
+                    PaintedMs(one), ProcessorMs(one), PeakMb(one), PssMb(one));
     PrintGoals(contestants);
     return csv.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
 }

@@ -15,6 +15,7 @@
 #include <stdexcept>
 #include <string_view>
 #include <sys/wait.h>
+#include <time.h>
 #include <unistd.h>
 
 namespace {
@@ -59,6 +60,14 @@ long KilobytesOf(pid_t pid, const char* file, std::string_view field) {
             return kilobytes;
         }
     return 0;
+}
+
+double ProcessorMilliseconds(pid_t pid) {
+    clockid_t clock;
+    timespec taken{};
+    if (clock_getcpuclockid(pid, &clock) == 0)
+        clock_gettime(clock, &taken);
+    return static_cast<double>(taken.tv_sec) * 1e3 + static_cast<double>(taken.tv_nsec) / 1e6;
 }
 
 void End(pid_t pid) {
@@ -177,7 +186,7 @@ std::optional<start_result> WindowWatch::Start(const std::vector<std::string>& c
         const auto first = std::find_if(frames.begin(), frames.end(),
                                         [&](const frame& one) { return one.picture == final_picture; });
         if (final_picture != 0 && first != frames.end())
-            result = {mapped_ms, first->ms, KilobytesOf(pid, "status", "VmHWM:"),
+            result = {mapped_ms, first->ms, ProcessorMilliseconds(pid), KilobytesOf(pid, "status", "VmHWM:"),
                       KilobytesOf(pid, "smaps_rollup", "Pss:")};
     }
     End(pid);

@@ -10,6 +10,7 @@
 struct start_result {
     double mapped_ms;       // the window was mapped
     double painted_ms;      // the window first showed the picture on which it settled
+    double processor_ms;    // the processor time that it took until it had settled
     long peak_resident_kb;  // VmHWM when it had settled: shared library pages included
     long shared_out_kb;     // Pss when it had settled: each shared page divided among its users
 };
