@@ -3,6 +3,8 @@
 #include "display/control_mirror.h"
 #include "toolkit/KSCycle.h"
 
+#include <QAbstractItemView>
+#include <QAccessibleWidget>
 #include <QComboBox>
 #include <QStringList>
 #include <QWheelEvent>
@@ -22,11 +24,54 @@ protected:
     }
 };
 
+// On Linux, Qt gives a combo box's text as its name, whatever it is called.
+class ComboAccessible : public QAccessibleWidget {
+public:
+    explicit ComboAccessible(QComboBox* combo)
+        : QAccessibleWidget(combo, QAccessible::ComboBox), _combo(combo) {}
+
+    QString text(QAccessible::Text kind) const override {
+        switch (kind) {
+        case QAccessible::Name:
+            return _combo->accessibleName();
+        case QAccessible::Value:
+            return _combo->currentText();
+        default:
+            return QAccessibleWidget::text(kind);
+        }
+    }
+    int childCount() const override { return 1; }
+    QAccessibleInterface* child(int index) const override {
+        return index == 0 ? QAccessible::queryAccessibleInterface(_combo->view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override {
+        return child->object() == _combo->view() ? 0 : -1;
+    }
+    QStringList actionNames() const override {
+        return QStringList{showMenuAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& action) override {
+        if (action == showMenuAction())
+            _combo->showPopup();
+        else
+            QAccessibleWidget::doAction(action);
+    }
+
+private:
+    QComboBox* _combo;
+};
+
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+    auto* combo = dynamic_cast<Combo*>(object);
+    return combo ? new ComboAccessible(combo) : nullptr;
+}
+
 class CycleMirror : public ControlMirror {
 public:
     CycleMirror(KSCycle& control, WindowMirror& window, QWidget* parent)
         : ControlMirror(control, window), _control(control), _combo(new Combo(parent)) {
         SetWidget(_combo);
+        QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
         QObject::connect(_combo, &QComboBox::currentIndexChanged, _combo,
                          [this](int index) { _control.EditSelection(index); });
     }

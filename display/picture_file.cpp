@@ -68,7 +68,7 @@ bool EndsInTga(const QString& path) {
 QImage ReadOther(const QString& path, QSize bounds) {
     QImageReader reader(path);
     const QSize size = reader.size();
-    if (!reader.canRead() || qint64{size.width()} * size.height() > kMostPixels)
+    if (!reader.canRead() || !size.isValid() || qint64{size.width()} * size.height() > kMostPixels)
         return {};
     if (!bounds.isEmpty() && (size.width() > bounds.width() || size.height() > bounds.height()))
         reader.setScaledSize(size.scaled(bounds, Qt::KeepAspectRatio).expandedTo(QSize(1, 1)));
@@ -81,11 +81,14 @@ bool IsPicture(const QString& path) {
     const QString file_path = Resolved(path);
     if (!IsRegular(file_path))
         return false;
-    if (QImageReader(file_path).canRead())
-        return true;
     constexpr qint64 kHeader = 4096;
     QFile file(file_path);
-    return file.open(QIODevice::ReadOnly) && IsTga(file.read(kHeader));
+    if (file.open(QIODevice::ReadOnly) && EndsInTga(path) && IsTga(file.peek(kHeader)))
+        return true;
+    // What looks like a cursor file may be a broken TGA: their first bytes are alike.
+    if (EndsInTga(path))
+        return !ReadOther(file_path, {}).isNull();
+    return QImageReader(file_path).canRead() || IsTga(file.peek(kHeader));
 }
 
 QImage ReadPicture(const QString& path, QSize bounds) {

@@ -39,19 +39,15 @@ QString DraggedFile(const QMimeData& data) {
 // The path's line. Says by an icon, a tip and a description that the path is no readable picture.
 class PathEdit : public QLineEdit {
 public:
-    PathEdit(std::function<void(const QString&)> edited, QWidget* parent)
-        : QLineEdit(parent), _edited(std::move(edited)) {
-        connect(this, &QLineEdit::textEdited, this, [this](const QString& path) {
-            _edited(path);
-            CheckSoon();
-        });
+    // `dropped` is called with the path of a file that is dropped on the line.
+    PathEdit(std::function<void(const QString&)> dropped, QWidget* parent)
+        : QLineEdit(parent), _dropped(std::move(dropped)) {
+        connect(this, &QLineEdit::textChanged, this, [this] { CheckSoon(); });
     }
 
     void ShowPath(const QString& path) {
-        if (text() == path)
-            return;
-        setText(path);
-        CheckSoon();
+        if (text() != path)
+            setText(path);
     }
 
     QSize sizeHint() const override {
@@ -83,7 +79,7 @@ protected:
             return;
         }
         event->acceptProposedAction();
-        _edited(path);
+        _dropped(path);
     }
 
     void showEvent(QShowEvent* event) override {
@@ -121,7 +117,7 @@ private:
         setAccessibleDescription(toolTip());
     }
 
-    std::function<void(const QString&)> _edited;
+    std::function<void(const QString&)> _dropped;
     QTimer* _timer = nullptr;
     QAction* _mark = nullptr;
 };
@@ -190,7 +186,9 @@ public:
         : ControlMirror(control, window), _control(control) {
         auto* row = new QWidget(parent);
         row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        _edit = new PathEdit([this](const QString& path) { Edit(path); }, row);
+        _edit = new PathEdit([this](const QString& path) { Choose(path); }, row);
+        QObject::connect(_edit, &QLineEdit::textEdited, _edit, [this](const QString& path) { Edit(path); });
+        QObject::connect(_edit, &QLineEdit::editingFinished, _edit, [this] { Commit(); });
         _browse = new BrowseButton(row);
         auto* layout = new QHBoxLayout(row);
         layout->setContentsMargins({});
@@ -208,8 +206,14 @@ public:
 
     void Apply() override {
         ControlMirror::Apply();
-        _edit->ShowPath(_path);
+        // A line that is being typed may be ahead of what the control has.
+        if (_path != _known)
+            _edit->ShowPath(_path);
+        _known = _path;
     }
+
+    // What the control has refused is shown no longer.
+    void Commit() override { _edit->ShowPath(QString::fromStdString(_control.Path())); }
 
     QWidget* Editor() const override { return _edit; }
 
@@ -219,10 +223,16 @@ public:
     }
 
 private:
-    // A path that the control refuses leaves what it has, and the line shows that.
+    // A path that the control refuses stays in the line for now: it may be half of one, as "/a " is.
     void Edit(const QString& path) {
-        if (!_control.EditText(path.toStdString()))
-            _edit->ShowPath(_path);
+        if (_control.EditText(path.toStdString()))
+            _known = path;
+    }
+
+    // A path that was chosen as a whole.
+    void Choose(const QString& path) {
+        Edit(path);
+        Commit();
     }
 
     void Browse() {
@@ -245,7 +255,8 @@ private:
     PathEdit* _edit;
     BrowseButton* _browse;
     QPointer<PictureDialog> _dialog;
-    QString _path;
+    QString _path;   // as last fetched
+    QString _known;  // what the line has shown or taken last
 };
 
 }  // namespace

@@ -23,16 +23,16 @@ PostQueue::~PostQueue() {
 }
 
 void PostQueue::Post(std::function<void()> function) {
-    bool wake;
-    {
-        std::scoped_lock lock(_mutex);
-        wake = _posted.empty();
-        _posted.push_back(std::move(function));
-    }
-    // Cannot fail: the counter is far from its limit, since only an empty queue's first function counts.
+    std::scoped_lock lock(_mutex);
+    if (_posted.empty())
+        Wake();
+    _posted.push_back(std::move(function));
+}
+
+void PostQueue::Wake() {
+    // Cannot fail: the counter is far from its limit, since it is read between two wakes.
     const std::uint64_t one = 1;
-    if (wake)
-        static_cast<void>(!write(_event, &one, sizeof one));
+    static_cast<void>(!write(_event, &one, sizeof one));
 }
 
 void PostQueue::Listen() {
@@ -44,15 +44,19 @@ void PostQueue::Unlisten() {
     _notifier.reset();
 }
 
+// One function for each wake, so that an event loop inside a function runs those behind it.
 void PostQueue::RunPosted() {
-    // The counter first: what is posted from here on wakes the loop again.
-    std::uint64_t count;
-    static_cast<void>(!read(_event, &count, sizeof count));
-    std::vector<std::function<void()>> posted;
+    std::function<void()> function;
     {
         std::scoped_lock lock(_mutex);
-        posted.swap(_posted);
+        std::uint64_t count;
+        static_cast<void>(!read(_event, &count, sizeof count));
+        if (_posted.empty())
+            return;
+        function = std::move(_posted.front());
+        _posted.pop_front();
+        if (!_posted.empty())
+            Wake();
     }
-    for (auto& function : posted)
-        function();
+    function();
 }

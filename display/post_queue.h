@@ -2,10 +2,10 @@
 // The one door to the main thread: functions posted from any thread run there, in order.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <mutex>
-#include <vector>
 
 class QSocketNotifier;
 
@@ -28,10 +28,11 @@ public:
     void Unlisten();
 
 private:
+    void Wake();
     void RunPosted();
 
     std::mutex _mutex;
-    std::vector<std::function<void()>> _posted;
+    std::deque<std::function<void()>> _posted;
     std::unique_ptr<QSocketNotifier> _notifier;
     int _event;
 };

@@ -1,0 +1,148 @@
+// SPDX-License-Identifier: MIT
+// The window as a whole: its default button, its close box, its end, and that nothing is cut off.
+#include "tests/display/shown_program.h"
+
+#include <QColorDialog>
+#include <QDoubleSpinBox>
+#include <QGroupBox>
+#include <QLabel>
+
+using namespace config;
+
+namespace {
+
+class Window : public Shown {};
+
+TEST_F(Window, EnterPressesTheDefaultButtonAndStoresWhatIsTyped) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(3);
+        program.OnScreen([&] {
+            auto* spin = program.Named<QDoubleSpinBox>("Mouse hold time");
+            spin->selectAll();
+            QTest::keyClicks(spin, QStringLiteral("12345"));
+            QTest::keyClick(spin, Qt::Key_Return);
+        });
+    });
+    EXPECT_NE(ScopedHome::Read(home.SettingsFile()).find("MOUSEHOLDTIME = 12345\n"), std::string::npos);
+}
+
+TEST_F(Window, ClosingEndsTheProgramAndStoresNothing) {
+    ShownProgram::Run([](ShownProgram& program) {
+        _mousetime->SetValue(40000);
+        program.OnScreen([&] { EXPECT_TRUE(program.Top()->close()); });
+    });
+    EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+}
+
+TEST_F(Window, OpenDialogDoesNotKeepTheProgram) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(0);
+        program.OnScreen([&] { program.Named<QAbstractButton>("Disabled Text")->click(); });
+        EXPECT_TRUE(program.Eventually([&] { return program.Top()->findChild<QColorDialog*>() != nullptr; }));
+    });
+}
+
+TEST_F(Window, StartsAtItsFrameWithThePensAndNoCategory) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.OnScreen([&] {
+            EXPECT_EQ(program.Top()->pos(), QPoint(100, 100));
+            EXPECT_GE(program.Top()->width(), 501);
+            EXPECT_GE(program.Top()->height(), 301);
+            EXPECT_TRUE(program.Categories()->selectedItems().isEmpty());
+            EXPECT_TRUE(program.Named<QWidget>("Disabled Text")->isVisible());
+        });
+    });
+}
+
+TEST_F(Window, ShowsWhatTheFileHolds) {
+    ScopedHome::Write(home.SettingsFile(),
+                      "KS_PEN_TEXT = 1,2,3,255\nMOUSEHOLDTIME = 11000\nLOOK = Nymbrel\n");
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(3);
+        EXPECT_TRUE(program.Eventually(
+            [&] { return program.Named<QDoubleSpinBox>("Mouse hold time")->value() == 11000; }));
+    });
+}
+
+// At the least size, on every page and in the languages with the longest texts.
+class Language : public Shown, public ::testing::WithParamInterface<const char*> {};
+
+void ExpectNothingIsCutOff(QWidget* top) {
+    for (QWidget* widget : top->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || widget->isWindow() || !widget->parentWidget()->isVisible())
+            continue;
+        int least = 0;
+        if (auto* label = dynamic_cast<QLabel*>(widget))
+            least = label->wordWrap() ? 0 : label->sizeHint().width();
+        else if (dynamic_cast<QAbstractButton*>(widget))
+            least = widget->minimumSizeHint().width();
+        else if (auto* box = dynamic_cast<QGroupBox*>(widget))
+            least = box->fontMetrics().horizontalAdvance(box->title());
+        EXPECT_GE(widget->width(), least) << widget->accessibleName().toStdString();
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) || !least)
+            << widget->accessibleName().toStdString();
+    }
+}
+
+// No two things that can be seen together have one mnemonic.
+void ExpectMnemonicsDiffer(QWidget* top) {
+    std::map<std::string, std::string> texts;
+    for (QWidget* widget : top->findChildren<QWidget*>()) {
+        auto* label = dynamic_cast<QLabel*>(widget);
+        auto* button = dynamic_cast<QAbstractButton*>(widget);
+        if (!widget->isVisible() || (!label && !button))
+            continue;
+        const QString text = label ? label->text() : button->text();
+        const std::string key = QKeySequence::mnemonic(text).toString().toStdString();
+        EXPECT_TRUE(!key.empty() || !label || !label->buddy()) << text.toStdString();
+        if (!key.empty()) {
+            EXPECT_TRUE(texts.emplace(key, text.toStdString()).second)
+                << key << ": " << text.toStdString() << " and " << texts[key];
+        }
+    }
+}
+
+TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
+    std::filesystem::create_directories(home.CatalogsDirectory());
+    std::filesystem::copy(NYMBREL_CATALOGS, home.CatalogsDirectory(),
+                          std::filesystem::copy_options::recursive);
+    ScopedHome::Write(home.SettingsFile(), std::string("LANGUAGE = ") + GetParam() + "\n");
+    ShownProgram::Run([](ShownProgram& program) {
+        program.OnScreen([&] { program.Top()->resize(1, 1); });
+        for (int category = 0; category < 4; ++category) {
+            program.OnScreen([&] {
+                auto* list = program.Top()->findChildren<QListWidget*>().front();
+                ShownProgram::ClickRow(list, category);
+            });
+            KSControl* const pages[] = {ch_pen, ch_background, ch_font, ch_dimen};
+            ASSERT_FALSE(pages[category]->IsHidden());
+            // Behind the wake that the selection has posted.
+            program.OnScreen([&] {
+                ExpectNothingIsCutOff(program.Top());
+                ExpectMnemonicsDiffer(program.Top());
+            });
+        }
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(All, Language, ::testing::Values("english", "deutsch", "francais", "polski"),
+                         [](const auto& test) { return test.param; });
+
+TEST(Server, ShowReturnsWhenTheLoopHasEnded) {
+    const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
+    DisplayServer server;
+    server.Prepare(false);
+    server.Quit();
+    server.Run();
+    BWindow window({0, 0, 10, 10}, "never seen");
+    server.Show(&window);
+}
+
+TEST(ServerDeathTest, ShowRefusesACallerThatHoldsTheLock) {
+    BWindow window({0, 0, 10, 10}, "locked");
+    window.Lock();
+    EXPECT_DEATH(DisplayServer().Show(&window), "IsLocked");
+    window.Unlock();
+}
+
+}  // namespace
