@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The goals: each holds one contender against the fastest of some rivals, in every contest of a kind.
-#include "bench/imaging/goals.h"
+#include "bench/imaging/report.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <iomanip>
 #include <optional>
+#include <ostream>
 #include <regex>
 #include <string>
 
@@ -25,7 +26,6 @@ struct Goal {
     std::string rivals;
     double target;           // how many times the fastest rival's speed
     double avx2_target = 0;  // the same held to AVX2; 0 where the goal asks nothing of it
-    std::string contender = "ksimaging";
 };
 
 std::vector<Goal> goals() {
@@ -105,22 +105,25 @@ std::optional<Worst> worst_of(const Goal& goal, const std::string& contender,
     return worst;
 }
 
-void print_goal(const std::string& text, double target, const std::optional<Worst>& worst) {
+void write_goal(std::ostream& out, const std::string& text, double target,
+                const std::optional<Worst>& worst) {
     if (!worst)
         return;
-    std::printf("| %s | %.2f | %.2f | %s | %s | %s |\n", text.c_str(), target, worst->ratio,
-                worst->ratio >= target ? "yes" : "**no**", worst->contest.c_str(), worst->rival.c_str());
+    out << "| " << text << " | " << target << " | " << worst->ratio << " | "
+        << (worst->ratio >= target ? "yes" : "**no**") << " | " << worst->contest << " | " << worst->rival
+        << " |\n";
 }
 
 }  // namespace
 
-void print_goals(const std::vector<Contest>& contests) {
-    std::printf("\n| goal: times the speed of | wanted | measured | reached | worst in | against |\n"
-                "|---|---|---|---|---|---|\n");
+void write_goals(std::ostream& out, const std::vector<Contest>& contests) {
+    out << std::fixed << std::setprecision(2)
+        << "| Goal: times the speed of | wanted | measured | reached | worst in | against |\n"
+           "|---|---:|---:|---|---|---|\n";
     for (const Goal& goal : goals()) {
-        print_goal(goal.text, goal.target, worst_of(goal, goal.contender, contests));
+        write_goal(out, goal.text, goal.target, worst_of(goal, "ksimaging", contests));
         if (goal.avx2_target > 0)
-            print_goal(goal.text + " (AVX2)", goal.avx2_target,
-                       worst_of(goal, goal.contender + " AVX2", contests));
+            write_goal(out, goal.text + " (AVX2)", goal.avx2_target,
+                       worst_of(goal, "ksimaging AVX2", contests));
     }
 }

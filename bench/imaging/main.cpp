@@ -1,13 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Compares the imaging library with its peers: prints tables, and writes them as CSV where asked to.
 #include "bench/imaging/contests.h"
-#include "bench/imaging/goals.h"
+#include "bench/imaging/report.h"
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <ctime>
 #include <exception>
 #include <fstream>
+#include <iomanip>
+#include <iostream>
 #include <sched.h>
 #include <stdexcept>
 #include <unistd.h>
@@ -15,18 +17,21 @@
 namespace {
 
 constexpr char kUsage[] =
-    "usage: bench_imaging [--filter REGEX] [--rounds N] [--milliseconds T] [--csv FILE] [--cpu N]\n"
+    "usage: bench_imaging [--filter REGEX] [--rounds N] [--milliseconds T] [--csv FILE] [--markdown FILE]\n"
+    "                     [--cpu N]\n"
     "\n"
     "Contests are named operation/family/destination/size, for example Normal/array/opaque/rows.\n"
     "  --filter        runs the contests whose names match (default: all)\n"
     "  --rounds        how often each contender has its turn (default: 15)\n"
     "  --milliseconds  how long a turn is (default: 2)\n"
-    "  --csv           writes the results to FILE as well\n"
+    "  --csv           writes every result to FILE\n"
+    "  --markdown      writes the goals and a summary to FILE\n"
     "  --cpu           the processor to stay on (default: the last one)\n";
 
 struct Arguments {
     std::string filter = ".";
     std::string csv;
+    std::string markdown;
     int rounds = 15;
     double milliseconds = 2;
     int cpu = static_cast<int>(sysconf(_SC_NPROCESSORS_ONLN)) - 1;
@@ -47,6 +52,8 @@ Arguments parse(int count, char** arguments) {
             parsed.filter = value;
         else if (option == "--csv")
             parsed.csv = value;
+        else if (option == "--markdown")
+            parsed.markdown = value;
         else if (option == "--rounds")
             parsed.rounds = std::stoi(value);
         else if (option == "--milliseconds")
@@ -69,17 +76,31 @@ void stay_on(int cpu) {
         throw std::runtime_error("cannot stay on processor " + std::to_string(cpu));
 }
 
-void write_csv(const std::string& path, const std::vector<Contest>& contests) {
+// The processor's name, as Linux has it.
+std::string processor_name() {
+    std::ifstream file("/proc/cpuinfo");
+    for (std::string line; std::getline(file, line);)
+        if (line.starts_with("model name"))
+            return line.substr(line.find(':') + 2);
+    return "unknown processor";
+}
+
+void write_markdown(std::ostream& out, const Arguments& arguments, const std::vector<Contest>& contests) {
+    const std::time_t now = std::time(nullptr);
+    out << "Measured on " << std::put_time(std::gmtime(&now), "%Y-%m-%d") << ", " << processor_name()
+        << ", one of " << sysconf(_SC_NPROCESSORS_ONLN) << " processors, " << arguments.rounds
+        << " rounds.\n\n## Goals\n\n";
+    write_goals(out, contests);
+    out << "\n## Contests\n\n";
+    write_summary(out, contests);
+}
+
+// Has `write` fill the file at `path`; an empty path asks for none.
+void write_file(const std::string& path, const std::function<void(std::ostream&)>& write) {
+    if (path.empty())
+        return;
     std::ofstream file(path);
-    file << "contest,contender,mpixel_per_second,ratio,spread,difference\n";
-    for (const Contest& contest : contests)
-        for (const Contender& contender : contest.Contenders()) {
-            file << contest.Name() << ',' << contender.name << ',' << contender.rate << ','
-                 << contest.Contenders().front().rate / contender.rate << ',' << contender.spread << ',';
-            if (contender.difference)
-                file << *contender.difference;
-            file << '\n';
-        }
+    write(file);
     if (!file.flush())
         throw std::runtime_error("cannot write " + path);
 }
@@ -93,9 +114,11 @@ void run(const Arguments& arguments) {
     run_drawing_contests(runner);
     if (runner.Finished().empty())
         throw std::runtime_error("no contest matches " + arguments.filter);
-    print_goals(runner.Finished());
-    if (!arguments.csv.empty())
-        write_csv(arguments.csv, runner.Finished());
+    std::cout << '\n';
+    write_goals(std::cout, runner.Finished());
+    write_file(arguments.csv, [&](std::ostream& file) { write_csv(file, runner.Finished()); });
+    write_file(arguments.markdown,
+               [&](std::ostream& file) { write_markdown(file, arguments, runner.Finished()); });
 }
 
 }  // namespace
