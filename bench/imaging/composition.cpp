@@ -87,15 +87,13 @@ void add_scalar(Contest& contest, const Composition& task) {
 void add_memory(Contest& contest, const Composition& task) {
     Scene& scene = *task.scene;
     const auto restore = scene.RestoreStraight();
-    if (task.family == Family::kRun) {
+    if (task.family == Family::kRun)
         contest.Add("memset", Picture::kUnrelated,
                     each_row(scene,
                              [](std::uint32_t* destination, const std::uint32_t*, int count) {
                                  std::memset(destination, 0x5A, static_cast<std::size_t>(count) * 4);
                              }),
                     restore);
-        return;
-    }
     contest.Add("memcpy", Picture::kUnrelated,
                 each_row(scene,
                          [](std::uint32_t* destination, const std::uint32_t* source, int count) {

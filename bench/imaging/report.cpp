@@ -36,8 +36,8 @@ void write_summary(std::ostream& out, const std::vector<Contest>& contests) {
         out << "| " << contest.Name();
         for (const char* name : {"ksimaging", "ksimaging AVX2", "ksimaging baseline"})
             write_rate(out, contest.RateOf(name));
-        const auto copied = contest.RateOf("memcpy");
-        write_rate(out, copied ? copied : contest.RateOf("memset"));
+        const auto filled = contest.RateOf("memset");
+        write_rate(out, filled ? filled : contest.RateOf("memcpy"));
         const Contender* peer = fastest_peer(contest);
         write_rate(out, peer ? std::optional(peer->rate) : std::nullopt);
         out << " | " << (peer ? peer->name : "") << " | ";
