@@ -45,9 +45,10 @@ protected:
         const auto part = [&](QStyle::SubControl control) {
             return style()->subControlRect(QStyle::CC_GroupBox, &option, control, this);
         };
+        const QRect label = title().isEmpty() ? QRect() : part(QStyle::SC_GroupBoxLabel);
+        const QRect frame = rect().adjusted(0, label.isEmpty() ? 0 : label.bottom() + 3, 0, 0);
         QPainter painter(this);
-        look::PaintGroup(painter, part(QStyle::SC_GroupBoxFrame), part(QStyle::SC_GroupBoxLabel), title(),
-                         *this);
+        look::PaintGroup(painter, frame, label, title(), *this);
     }
 };
 

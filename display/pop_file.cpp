@@ -115,6 +115,7 @@ private:
         }
         setToolTip(unreadable ? QString::fromUtf8(texts::kNoPicture) : QString());
         setAccessibleDescription(toolTip());
+        update();  // the text moves aside
     }
 
     std::function<void(const QString&)> _dropped;
