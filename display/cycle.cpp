@@ -35,6 +35,7 @@ public:
         case QAccessible::Name:
             return _combo->accessibleName();
         case QAccessible::Value:
+        case QAccessible::Description:  // the one of the two that crosses the accessibility bus
             return _combo->currentText();
         default:
             return QAccessibleWidget::text(kind);
