@@ -66,6 +66,7 @@ const category_case kCategories[] = {
       {"Mouse hold time", kSpinButton, "40000"},
       {"Use Bubblehelp", kCheckBox, "checked"},
       {"BeOS conform", kCheckBox, ""},
+      {"Look", kComboBox, "Nymbrel"},
       {"Language", kList, nullptr},
       {"english", kListItem, "selected"},
       {"Reset colors", kPushButton, nullptr}}},
@@ -79,7 +80,6 @@ std::string ValueOf(Desktop& desktop, const accessible_node& editor) {
         return tree.Has(editor, accessible_state::kChecked) ? "checked" : "";
     case kListItem:
         return tree.Has(editor, accessible_state::kSelected) ? "selected" : "";
-    case kComboBox:
     case kText:
         return tree.TextOf(editor);
     case kSpinButton:

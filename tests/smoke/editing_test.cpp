@@ -109,7 +109,7 @@ TEST_F(Editing, ATimeIsTypedSteppedAndHeldWithinItsBounds) {
     EXPECT_EQ(desktop.tree().ValueOf(desktop.Editor("Mouse hold time", kSpinButton)), 10000);
 }
 
-TEST_F(Editing, SwitchesAreTurned) {
+TEST_F(Editing, SwitchesAndLookAreChosen) {
     desktop.Start();
     Choose("Options");
     desktop.Click("Use Bubblehelp", kCheckBox);
@@ -118,6 +118,11 @@ TEST_F(Editing, SwitchesAreTurned) {
     desktop.screen().Press("space");
     desktop.screen().Press("space");
     ExpectApplied("BEOS", "0");
+    desktop.Click("Look", kComboBox);
+    desktop.Editor("Nymbrel", kListItem);
+    desktop.screen().Press("Down");
+    desktop.screen().Press("Return");
+    ExpectApplied("LOOK", "Nymbrel");
 }
 
 TEST_F(Editing, ALanguageIsChosenAndDeselected) {
