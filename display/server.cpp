@@ -67,8 +67,11 @@ void DisplayServer::Quit() {
 
 void DisplayServer::Show(BWindow* window) {
     KS_ASSERT(!window->IsLocked());
+    // The window counts as shown before its first paint, so that this already has the values that the
+    // application sets next.
     _queue.Post([this, window] {
-        _windows.push_back(std::make_unique<WindowMirror>(*window, _queue, [=, this] { NoteShown(window); }));
+        _windows.push_back(std::make_unique<WindowMirror>(*window, _queue));
+        NoteShown(window);
     });
     std::unique_lock lock(_mutex);
     _progress.wait(lock, [&] { return _ended || std::ranges::find(_shown, window) != _shown.end(); });

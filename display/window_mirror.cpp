@@ -14,26 +14,14 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
-#include <QTimer>
 #include <QVBoxLayout>
 #include <QWidget>
-#include <QWindow>
 
 #include <set>
-#include <utility>
-
-namespace {
-
-// A window that nobody sees (on another desktop, behind a locked screen) counts as shown after this.
-constexpr int kUnseenMilliseconds = 1000;
-
-}  // namespace
 
 class WindowMirror::Top : public QWidget {
 public:
-    Top(BWindow& window, std::function<void()> shown) : _window(window), _shown(std::move(shown)) {
-        QTimer::singleShot(kUnseenMilliseconds, this, [this] { TellShown(); });
-    }
+    explicit Top(BWindow& window) : _window(window) {}
 
     void SetDefaultButton(QPushButton* button) {
         if (_default_button)
@@ -44,19 +32,6 @@ public:
     }
 
 protected:
-    void showEvent(QShowEvent* event) override {
-        windowHandle()->installEventFilter(this);
-        QWidget::showEvent(event);
-    }
-
-    bool eventFilter(QObject* object, QEvent* event) override {
-        if (event->type() == QEvent::Expose && windowHandle()->isExposed()) {
-            windowHandle()->removeEventFilter(this);
-            TellShown();
-        }
-        return QWidget::eventFilter(object, event);
-    }
-
     void closeEvent(QCloseEvent* event) override {
         BAutolock lock(&_window);
         event->setAccepted(!lock || _window.QuitRequested());
@@ -71,18 +46,12 @@ protected:
     }
 
 private:
-    void TellShown() {
-        if (_shown)
-            std::exchange(_shown, nullptr)();
-    }
-
     BWindow& _window;
-    std::function<void()> _shown;
     QPointer<QPushButton> _default_button;
 };
 
-WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, std::function<void()> shown)
-    : _window(window), _queue(queue), _top(std::make_unique<Top>(window, std::move(shown))) {
+WindowMirror::WindowMirror(BWindow& window, PostQueue& queue)
+    : _window(window), _queue(queue), _top(std::make_unique<Top>(window)) {
     auto* layout = new QVBoxLayout(_top.get());
     layout->setContentsMargins({});
     {
@@ -179,7 +148,8 @@ void WindowMirror::Sync() {
         ShowLabels();
     if (layout)
         _top->layout()->activate();
-    if (redraw)
+    // A layout has shown everything again.
+    if (redraw && !layout)
         _top->update();
 }
 

@@ -4,7 +4,6 @@
 
 #include "display/control_mirror.h"
 
-#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <vector>
@@ -17,8 +16,8 @@ class QWidget;
 
 class WindowMirror {
 public:
-    // Makes the widgets and shows them. `shown` is called once, when the window is on the screen.
-    WindowMirror(BWindow& window, PostQueue& queue, std::function<void()> shown);
+    // Makes the widgets and has the screen show them.
+    WindowMirror(BWindow& window, PostQueue& queue);
     // Takes the window off the screen; the controls stay.
     ~WindowMirror();
     WindowMirror(const WindowMirror&) = delete;
