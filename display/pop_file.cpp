@@ -39,10 +39,15 @@ QString DraggedFile(const QMimeData& data) {
 // The path's line. Says by an icon, a tip and a description that the path is no readable picture.
 class PathEdit : public QLineEdit {
 public:
-    // `dropped` is called with the path of a file that is dropped on the line.
-    PathEdit(std::function<void(const QString&)> dropped, QWidget* parent)
-        : QLineEdit(parent), _dropped(std::move(dropped)) {
-        connect(this, &QLineEdit::textChanged, this, [this] { CheckSoon(); });
+    // `chosen` is called with the path of a file that is dropped on the line, and with the empty one that
+    // its clear button chooses.
+    PathEdit(std::function<void(const QString&)> chosen, QWidget* parent)
+        : QLineEdit(parent), _chosen(std::move(chosen)) {
+        connect(this, &QLineEdit::textChanged, this, [this] {
+            if (_clear)
+                _clear->setVisible(!text().isEmpty());
+            CheckSoon();
+        });
     }
 
     void ShowPath(const QString& path) {
@@ -79,16 +84,25 @@ protected:
             return;
         }
         event->acceptProposedAction();
-        _dropped(path);
+        _chosen(path);
     }
 
     void showEvent(QShowEvent* event) override {
         QLineEdit::showEvent(event);
-        setClearButtonEnabled(true);  // loads a picture: not before somebody sees it
+        if (!_clear)
+            AddClearButton();
         CheckSoon();
     }
 
 private:
+    // Not before somebody sees it, since it loads a picture; and not Qt's own, which it fades by animations
+    // that are left over when the program ends.
+    void AddClearButton() {
+        _clear = addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
+        _clear->setVisible(!text().isEmpty());
+        connect(_clear, &QAction::triggered, this, [this] { _chosen(QString()); });
+    }
+
     // The file is looked at only where somebody can see the answer.
     void CheckSoon() {
         if (!isVisible())
@@ -118,9 +132,10 @@ private:
         update();  // the text moves aside
     }
 
-    std::function<void(const QString&)> _dropped;
+    std::function<void(const QString&)> _chosen;
     QTimer* _timer = nullptr;
     QAction* _mark = nullptr;
+    QAction* _clear = nullptr;
 };
 
 // A button that Enter presses too, since it opens something.
