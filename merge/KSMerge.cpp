@@ -30,7 +30,9 @@ const level_kernels* KernelsOf(level wanted) {
     return &kernels_baseline;
 }
 
-const level_kernels& Kernels() {
+}  // namespace
+
+const level_kernels& used_kernels() {
     const level_kernels* kernels = the_kernels.load(std::memory_order_relaxed);
     if (!kernels) [[unlikely]] {
         kernels = KernelsOf(best_level());
@@ -38,8 +40,6 @@ const level_kernels& Kernels() {
     }
     return *kernels;
 }
-
-}  // namespace
 
 const char* level_name(level which) {
     return which == level::avx512 ? "avx512" : which == level::avx2 ? "avx2" : "baseline";
@@ -69,11 +69,11 @@ namespace {
 #define KS_KERNELS(mode, suffix, ...)                                                                        \
     void ks_color_##suffix(std::uint32_t* dst, std::uint32_t color, std::uint32_t opacity,                   \
                            std::int32_t count) {                                                             \
-        Kernels().color[mode](dst, color, opacity, count);                                                   \
+        used_kernels().color[mode](dst, color, opacity, count, 1, 0);                                        \
     }                                                                                                        \
     void ks_array_##suffix(std::uint32_t* dst, const std::uint32_t* src, std::uint32_t opacity,              \
                            std::int32_t count) {                                                             \
-        Kernels().array[mode](dst, src, opacity, count);                                                     \
+        used_kernels().array[mode](dst, src, opacity, count);                                                \
     }
 
 #define KS_MODE(mode, ...) mode,

@@ -6,6 +6,7 @@
 #include "merge/mode_table.h"
 #include "merge/modes.h"
 
+#include <stddef.h>
 #include <stdlib.h>
 
 namespace ks_merge {
@@ -66,20 +67,37 @@ template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t
     return replaces<Mode>(s) ? src : Mode::compose(splat(dst), s)[0];
 }
 
-template <class Mode> void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count) {
+KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
+    int32_t i = 0;
+    for (; i <= count - kLanes; i += kLanes)
+        store(dst + i, pixel);
+    if (i < count)
+        Part(count - i).store(dst + i, pixel);
+}
+
+template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Drawn& s, int32_t count) {
+    int32_t i = 0;
+    for (; i <= count - kLanes; i += kLanes)
+        store(dst + i, Mode::compose(load(dst + i), s));
+    if (i < count) {
+        const Part part(count - i);
+        part.store(dst + i, Mode::compose(part.load(dst + i), s));
+    }
+}
+
+template <class Mode>
+void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count, int32_t rows,
+                  ptrdiff_t stride) {
     const Drawn s(splat(color), clamped(opacity));
     if (count <= 0 || Mode::keeps(s))
         return;
-    int32_t i = 0;
     if (replaces<Mode>(s)) {
-        for (; i <= count - kLanes; i += kLanes)
-            store(dst + i, s.pixel);
-    } else {
-        for (; i <= count - kLanes; i += kLanes)
-            store(dst + i, Mode::compose(load(dst + i), s));
+        for (; rows > 0; rows--, dst += stride)
+            replace_run(dst, s.pixel, count);
+        return;
     }
-    if (i < count)
-        step<Mode>(dst + i, s, Part(count - i));
+    for (; rows > 0; rows--, dst += stride)
+        compose_run<Mode>(dst, s, count);
 }
 
 template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
@@ -112,10 +130,12 @@ template <> inline uint32_t pixel_kernel<dissolve>(uint32_t dst, uint32_t src, u
 }
 
 template <>
-inline void color_kernel<dissolve>(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count) {
+inline void color_kernel<dissolve>(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count,
+                                   int32_t rows, ptrdiff_t stride) {
     opacity = clamped(opacity);
-    for (int32_t i = 0; i < count; i++)
-        dst[i] = dissolved(dst[i], color, opacity);
+    for (; rows > 0; rows--, dst += stride)
+        for (int32_t i = 0; i < count; i++)
+            dst[i] = dissolved(dst[i], color, opacity);
 }
 
 template <>
