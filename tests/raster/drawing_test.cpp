@@ -184,11 +184,16 @@ struct pair {
     reference::canvas canvas;
 };
 
+// Returns a colour that is often opaque or clear.
+std::uint32_t RandomColor(std::mt19937& random) {
+    const std::uint32_t word = random(), alpha = random() % 4;
+    return alpha == 0 ? word & 0x00FFFFFF : alpha == 1 ? word | 0xFF000000 : word;
+}
+
 pair MakePair(rect frame, ks_raster_native native, std::mt19937& random) {
     pair p{std::make_unique<KSRaster>(frame, nullptr, KS_RGBA_COLOR_SPACE, native), reference::canvas(frame)};
     for (std::size_t i = 0; i < p.canvas.pixels.size(); i++) {
-        const std::uint32_t word = random(), alpha = random() % 4;
-        p.canvas.pixels[i] = alpha == 0 ? word & 0x00FFFFFF : alpha == 1 ? word | 0xFF000000 : word;
+        p.canvas.pixels[i] = RandomColor(random);
         const long x = static_cast<long>(i) % p.canvas.Width(), y = static_cast<long>(i) / p.canvas.Width();
         auto* row = static_cast<unsigned char*>(p.raster->Bits()) + y * p.raster->BytesPerRow();
         reinterpret_cast<std::uint32_t*>(row)[x] = p.canvas.pixels[i];
@@ -279,8 +284,8 @@ template <class Target> void Draw(Target& target, const shape& s) {
 // Sets the same random drawing state on both.
 void SetState(pair& p, std::mt19937& random, const unsigned char (&pattern)[8]) {
     p.canvas.mode = static_cast<int>(random() % kMergeCount);
-    p.canvas.high = random() | (random() % 3 == 0 ? 0xFF000000 : 0);
-    p.canvas.low = random() % 3 == 0 ? random() & 0x00FFFFFF : random();
+    p.canvas.high = RandomColor(random);
+    p.canvas.low = RandomColor(random);
     p.canvas.pattern = random() % 3 == 0 ? pattern : nullptr;
     const auto color = [](std::uint32_t word) {
         return ks_color(static_cast<std::uint8_t>(word >> 16), static_cast<std::uint8_t>(word >> 8),
@@ -317,8 +322,10 @@ void RunProgram(unsigned seed, long size, long reach, int shapes) {
 }
 
 TEST(Drawing, RandomProgramsPaintWhatThePlainAlgorithmsPaint) {
+    // Far outside the frame, across its border, and within it.
+    constexpr long kReach[] = {400, 50, 0};
     for (unsigned seed = 1; seed <= 1500; seed++)
-        RunProgram(seed, seed % 10 == 0 ? 200 : 40, seed % 3 == 0 ? 400 : 50, 12);
+        RunProgram(seed, seed % 10 == 0 ? 200 : 40, kReach[seed % 3], 12);
 }
 
 }  // namespace
