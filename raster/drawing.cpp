@@ -59,16 +59,30 @@ template <class Form> void WalkVisible(const ks_painter& painter, const ellipse&
         WalkVisible<__int128>(painter, e, form);
 }
 
-// The outline: the step's pixel in all four quadrants.
-struct outline {
+// The outline: the step's pixel in all four quadrants. Two of the four coincide on an axis; those of
+// different steps never do.
+template <class Put> struct outline {
     const ks_painter& painter;
     const ellipse& e;
+    const Put& put;
+    const bool whole = painter.Inside(e.x - e.a, e.y - e.b) && painter.Inside(e.x + e.a, e.y + e.b);
 
+    void PutVisible(long x, long y) const {
+        if (whole || painter.Inside(x, y))
+            put(painter.PlaceOf(x, y), x, y);
+    }
     void FirstPart(long x, long y) const {
-        painter.Plot(e.x + x, e.y + y);
-        painter.Plot(e.x + x, e.y - y);
-        painter.Plot(e.x - x, e.y + y);
-        painter.Plot(e.x - x, e.y - y);
+        if (x == 0 || y == 0) {
+            painter.Plot(e.x + x, e.y + y);
+            painter.Plot(e.x + x, e.y - y);
+            painter.Plot(e.x - x, e.y + y);
+            painter.Plot(e.x - x, e.y - y);
+            return;
+        }
+        PutVisible(e.x + x, e.y + y);
+        PutVisible(e.x + x, e.y - y);
+        PutVisible(e.x - x, e.y + y);
+        PutVisible(e.x - x, e.y - y);
     }
     void Turn(long) const {}
     void SecondPart(long x, long y) const { FirstPart(x, y); }
@@ -240,7 +254,7 @@ void KSRaster::PutPixel(long x, long y) {
 
 void KSRaster::StrokeEllipse(long x1, long y1, long x2, long y2) {
     WithEllipse(*this, {x1, y1, x2, y2}, [](const ks_painter& painter, const ellipse& e) {
-        WalkVisible(painter, e, outline{painter, e});
+        painter.PaintPixels([&](const auto& put) { WalkVisible(painter, e, outline{painter, e, put}); });
     });
 }
 

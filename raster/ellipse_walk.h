@@ -26,29 +26,24 @@ public:
     long Y() const { return _y; }
     bool InFirstPart() const { return _d2 < 0; }
 
+    // The steps use masks, all ones or 0, where branches would be hard to predict.
     void StepInFirstPart() {
+        const Number inwards = -static_cast<Number>(_d1 >= 0);
         _y++;
+        _x += static_cast<long>(inwards);
         _t9 += 4 * _a2;
-        if (_d1 < 0) {
-            _d1 += _t9 + 2 * _a2;
-            _d2 += _t9;
-        } else {
-            _x--;
-            _t8 -= 4 * _b2;
-            _d1 += _t9 + 2 * _a2 - _t8;
-            _d2 += _t9 + 2 * _b2 - _t8;
-        }
+        _t8 -= 4 * _b2 & inwards;
+        _d1 += _t9 + 2 * _a2 - (_t8 & inwards);
+        _d2 += _t9 + ((2 * _b2 - _t8) & inwards);
     }
 
     void StepInSecondPart() {
+        const Number outwards = -static_cast<Number>(_d2 < 0);
         _x--;
+        _y -= static_cast<long>(outwards);
         _t8 -= 4 * _b2;
-        if (_d2 < 0) {
-            _y++;
-            _t9 += 4 * _a2;
-            _d2 += _t9;
-        }
-        _d2 += 2 * _b2 - _t8;
+        _t9 += 4 * _a2 & outwards;
+        _d2 += (_t9 & outwards) + 2 * _b2 - _t8;
     }
 
     // Goes on in the first part up to row `y`, or to the start of the second part if that comes first.

@@ -72,6 +72,16 @@ struct line_walk {
 
 }  // namespace
 
+void scattered_run::Compose() {
+    std::uint32_t run[kMost];
+    for (std::int32_t i = 0; i < _count; i++)
+        run[i] = *_pixels[i];
+    _compose(run, _color, kOpacity, _count, 1, 0);
+    for (std::int32_t i = 0; i < _count; i++)
+        *_pixels[i] = run[i];
+    _count = 0;
+}
+
 ks_painter::ks_painter(const KSRaster& raster)
     : _frame(raster.HasWords() ? raster._frame : KSRect<long>()),
       _reach(MAX(_frame.left, kLeast), MAX(_frame.top, kLeast), MIN(_frame.right, kMost),
@@ -83,6 +93,7 @@ ks_painter::ks_painter(const KSRaster& raster)
       _low(raster._low_color),
       _mode(raster._drawing_mode) {
     KS_ASSERT(_mode >= 0 && _mode < kMergeCount);
+    _compose_rows = ks_merge::used_kernels().color[_mode];
 }
 
 bool ks_painter::Takes(long x1, long y1, long x2, long y2) {
@@ -97,10 +108,15 @@ bool ks_painter::PaintsOnce() const {
         return true;
     case kMergeNormal:
     case kMergeFilter:
+    case kMergeOverlay:
         return opaque(_high) && (_pattern == nullptr || opaque(_low));
     default:
         return false;
     }
+}
+
+bool ks_painter::IgnoresDestination() const {
+    return _pattern == nullptr && PaintsOnce() && (_mode != kMergeOver || _high >> 24 != 0);
 }
 
 void ks_painter::Fill(long left, long top, long right, long bottom) const {
@@ -112,11 +128,8 @@ void ks_painter::Fill(long left, long top, long right, long bottom) const {
         FillPattern(area);
         return;
     }
-    const ks_color_func compose = KSMerge::hash_color_func[_mode];
-    const auto count = static_cast<std::int32_t>(area.PixelWidth());
-    std::uint32_t* row = At(area.left, area.top);
-    for (long y = area.top; y <= area.bottom; y++, row += _words_per_row)
-        compose(row, _high, kOpacity, count);
+    _compose_rows(At(area.left, area.top), _high, kOpacity, static_cast<std::int32_t>(area.PixelWidth()),
+                  static_cast<std::int32_t>(area.PixelHeight()), _words_per_row);
 }
 
 // Lays the pattern's rows out as pixels and composes those. The array kernels compute what the pixel kernels
@@ -176,21 +189,19 @@ void ks_painter::Line(long x1, long y1, long x2, long y2) const {
         std::swap(major_step.x, major_step.y);
         std::swap(minor_step.x, minor_step.y);
     }
-    std::uint32_t* pixel = At(at.x, at.y);
     const std::ptrdiff_t along = major_step.x + major_step.y * _words_per_row;
     const std::ptrdiff_t aside = minor_step.x + minor_step.y * _words_per_row;
-    const ks_pixel_func compose = KSMerge::hash_pixel_func[_mode];
-    for (long i = steps.first;; i++) {
-        *pixel = compose(*pixel, ColorAt(at.x, at.y), kOpacity);
-        if (i == steps.last)
-            break;
-        if (error >= 0) {
-            pixel += aside;
-            at = {at.x + minor_step.x, at.y + minor_step.y};
-            error -= twice_major;
+    PaintPixels([&](const auto& put) {
+        // Copies, so that the compiler sees that no pixel put changes them.
+        std::ptrdiff_t place = PlaceOf(at.x, at.y);
+        long x = at.x, y = at.y, left = error;
+        for (long i = steps.first; i <= steps.last; i++) {
+            put(place, x, y);
+            const long turn = -static_cast<long>(left >= 0);  // a mask: a branch would be hard to predict
+            place += along + (aside & turn);
+            x += major_step.x + (minor_step.x & turn);
+            y += major_step.y + (minor_step.y & turn);
+            left += twice_minor - (twice_major & turn);
         }
-        pixel += along;
-        at = {at.x + major_step.x, at.y + major_step.y};
-        error += twice_minor;
-    }
+    });
 }

@@ -4,9 +4,37 @@
 
 #include "hdr/KSRect.h"
 #include "merge/KSMerge.h"
+#include "merge/levels.h"
 #include "raster/KSRaster.h"
 
+#include <cstddef>
 #include <cstdint>
+
+// Gathers pixels from different places and composes them as one run of a colour.
+class scattered_run {
+public:
+    scattered_run(ks_merge::color_rows_func compose, std::uint32_t color)
+        : _compose(compose), _color(color) {}
+    scattered_run(const scattered_run&) = delete;
+    scattered_run& operator=(const scattered_run&) = delete;
+    ~scattered_run() { Compose(); }
+
+    void Add(std::uint32_t* pixel) {
+        if (_count == kMost)
+            Compose();
+        _pixels[_count++] = pixel;
+    }
+
+private:
+    static constexpr std::int32_t kMost = 64;
+
+    void Compose();
+
+    ks_merge::color_rows_func _compose;
+    std::uint32_t _color;
+    std::int32_t _count = 0;
+    std::uint32_t* _pixels[kMost];
+};
 
 // Holds what a primitive needs of the raster's drawing state, for the time of one call.
 class ks_painter {
@@ -25,6 +53,15 @@ public:
     // Returns whether to paint a pixel a second time changes nothing.
     bool PaintsOnce() const;
 
+    // Returns whether the pixel lies in the frame.
+    bool Inside(long x, long y) const {
+        return x >= _frame.left && x <= _frame.right && y >= _frame.top && y <= _frame.bottom;
+    }
+    // Returns a pixel's place among those of the frame: row by row.
+    std::ptrdiff_t PlaceOf(long x, long y) const {
+        return (y - _frame.top) * _words_per_row + (x - _frame.left);
+    }
+
     // Composes the rectangle, as far as it lies in the frame, row by row.
     void Fill(long left, long top, long right, long bottom) const;
     // Composes the pixel if it lies in the frame.
@@ -32,9 +69,13 @@ public:
     // Composes the pixels of a line that is neither upright nor level.
     void Line(long x1, long y1, long x2, long y2) const;
 
+    // Calls `paint(put)`, where `put(place, x, y)` composes the pixel (x, y) of the frame; no pixel may be
+    // put twice. Pixels may be composed later than they are put, but not later than this returns.
+    template <class Paint> void PaintPixels(const Paint& paint) const;
+
 private:
-    std::uint32_t* At(long x, long y) const;
-    bool Inside(long x, long y) const;
+    std::uint32_t* At(long x, long y) const { return _pixels + PlaceOf(x, y); }
+    bool IgnoresDestination() const;
     std::uint32_t ColorAt(long x, long y) const;
     std::uint32_t Composed(std::uint32_t pixel, std::uint32_t color) const;
     void FillPattern(const KSRect<long>& area) const;
@@ -48,15 +89,8 @@ private:
     std::uint32_t _high;
     std::uint32_t _low;
     ks_composition_mode _mode;
+    ks_merge::color_rows_func _compose_rows;
 };
-
-inline std::uint32_t* ks_painter::At(long x, long y) const {
-    return _pixels + (y - _frame.top) * _words_per_row + (x - _frame.left);
-}
-
-inline bool ks_painter::Inside(long x, long y) const {
-    return x >= _frame.left && x <= _frame.right && y >= _frame.top && y <= _frame.bottom;
-}
 
 inline std::uint32_t ks_painter::ColorAt(long x, long y) const {
     return _pattern == nullptr || (_pattern[y & 7] >> (x & 7) & 1) ? _high : _low;
@@ -69,4 +103,18 @@ inline std::uint32_t ks_painter::Composed(std::uint32_t pixel, std::uint32_t col
 inline void ks_painter::Plot(long x, long y) const {
     if (Inside(x, y))
         *At(x, y) = Composed(*At(x, y), ColorAt(x, y));
+}
+
+template <class Paint> void ks_painter::PaintPixels(const Paint& paint) const {
+    if (IgnoresDestination()) {
+        paint([this](std::ptrdiff_t place, long, long) { _pixels[place] = _high; });
+    } else if (_pattern == nullptr && !NeedsOrder() && _mode != kMergeErase) {
+        // Run kernels compute what the pixel kernels do, but for Erase.
+        scattered_run run(_compose_rows, _high);
+        paint([this, &run](std::ptrdiff_t place, long, long) { run.Add(_pixels + place); });
+    } else {
+        paint([this](std::ptrdiff_t place, long x, long y) {
+            _pixels[place] = Composed(_pixels[place], ColorAt(x, y));
+        });
+    }
 }
