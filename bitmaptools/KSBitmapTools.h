@@ -43,15 +43,20 @@ public:
                            std::int32_t source_row_length, std::int32_t destination_row_length);
 
     // Scales bilinearly, with the steps of ScalePlain from the position (-2047, -2047) / 4096 on, so that the
-    // top row and left column of the result are partly transparent.
+    // top row and left column of the result are partly transparent. Where the image is enlarged, half a
+    // source pixel fades out there; on the other two sides too, if it is more than doubled.
     static void ScaleBiLin(std::int32_t source_width, std::int32_t source_height,
                            std::int32_t destination_width, std::int32_t destination_height,
                            const std::uint32_t* source, std::uint32_t* destination,
                            std::int32_t source_row_length, std::int32_t destination_row_length);
 
-    // Rotates about `centre` by `angle` radians and copies the nearest source pixel: for pi / 2 the content
-    // to the right of the centre moves to above the centre. Both rectangles (inclusive) and the centre lie in
-    // one plane of pixel coordinates, whose x is to the right and whose y is downwards.
+    // Rotates about `centre` by `angle` radians and copies the source pixel at the position rounded down: for
+    // pi / 2 the content to the right of the centre moves to above the centre. Both rectangles (inclusive)
+    // and the centre lie in one plane of pixel coordinates, whose x is to the right and whose y is downwards.
+    //
+    // Positions are stepped in 1/4096 of a pixel from the destination rectangle's top left on, and drift by
+    // up to 1/4096 for each column and row. So a part that is rotated by itself differs a little from that
+    // part of the whole; transforms have no drift.
     static void RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre,
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
@@ -61,10 +66,14 @@ public:
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 
-    // Maps the source rectangle bilinearly onto the quadrilateral whose corners say where its corners go, and
-    // copies the nearest source pixel. A quadrilateral with parallel sides has its top-left corner moved by
-    // 0.1; one that stays degenerate, or has a corner that is not finite, writes nothing. Rectangles
-    // (inclusive) and corners lie in one plane of pixel coordinates.
+    // Maps the source rectangle bilinearly onto the quadrilateral whose corners say where its corners go (the
+    // right and lower ones are where its last pixels end), and copies the source pixel at the position
+    // rounded down. Where the top and bottom sides have the same width (rounded down), the top-left corner is
+    // moved right by 0.1; where the left and right sides have the same height, it is moved down by 0.1. Top
+    // and bottom sides that are parallel even so write nothing: those of a parallelogram whose top goes down
+    // to the right at 45 degrees, or of a slanting trapezoid. Nor do corners that go round the other way (a
+    // mirror image) or are not finite. Rectangles (inclusive) and corners lie in one plane of pixel
+    // coordinates.
     static void TransformPlain(KSRect<long> source_rect, KSPoint<double> top_left, KSPoint<double> top_right,
                                KSPoint<double> bottom_right, KSPoint<double> bottom_left,
                                KSRect<long> destination_rect, const std::uint32_t* source,

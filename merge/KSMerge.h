@@ -5,6 +5,9 @@
 // not multiplied by alpha, and a pixel of alpha 0 keeps its colour bits. The opacity, 0 to 255, scales the
 // alpha of what is drawn; 255 leaves it as it is, and values above 255 count as 255.
 //
+// Blending by alpha rounds down, and that adds up: a translucent colour that is drawn in Normal on opaque
+// pixels of the same colour darkens them by 1 each time.
+//
 // Kernels never fail, allocate nothing, and touch no memory but the runs they are given, which may lie at any
 // address that is a multiple of 4. Their results are the same on every processor. They may run on several
 // threads at once on disjoint destinations; Dissolve shares the state of rand() with the rest of the process.

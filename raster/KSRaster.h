@@ -89,7 +89,8 @@ public:
 
     // Counts one more user of the pixels; always true. This is no thread lock.
     bool Lock();
-    // Counts one user less; asserts that there is one.
+    // Counts one user less; asserts that there is one. The lock that an in-memory raster holds itself counts
+    // too, so there one Unlock too many stops the process only when the raster is destroyed.
     void Unlock();
     bool IsLocked() const { return _lock_count > 0; }
 
@@ -153,16 +154,21 @@ public:
     // other. Neither frames nor colour spaces are looked at; a null source does nothing.
     void CopyFrom(KSRaster* source);
 
-    // Returns a new raster for `frame` that holds this image resized to it, bilinearly or by nearest
-    // neighbour; an image of the same size is copied. The caller deletes it. Null if the frame is invalid or
-    // if this raster's pixels do not take four bytes; transparent if this raster has no pixels. Throws
-    // std::bad_alloc.
+    // Returns a new raster for `frame` that holds this image resized to it, bilinearly (with the sides
+    // that ScaleBiLin describes) or by nearest neighbour; an image of the same size is copied. It has this
+    // one's name, and drawing state and optimized frame of a new raster. The caller deletes it. `native` is
+    // as for the constructor. Null if the frame is invalid or if this raster's pixels do not take four bytes;
+    // transparent if this raster has no pixels. Throws std::bad_alloc.
     KSRaster* CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native);
     // Returns a new in-memory raster that holds this image with its top left, top right, bottom right and
     // bottom left corners at p1 to p4, rotated about `center` by `angle` radians if that is not 0 (content to
     // the right of the center moves up for pi / 2). An upright rectangle is resized to the rounded corners;
-    // any other shape lies in a transparent margin of 16 pixels, and so does what is rotated. The caller
-    // deletes it. Null as above, and if an argument is not finite. Throws std::bad_alloc.
+    // any other shape lies in a transparent margin of 16 pixels, and so does what is rotated. Corners are
+    // places in the plane of the result: where this raster's own frame lies does not matter. The right and
+    // lower ones are the last pixels of an upright rectangle, and where the last pixels end of any other
+    // shape. Mirror images are not made: an upright rectangle with sides swapped gives null, other corners
+    // for which KSBitmapTools::TransformPlain writes nothing give a transparent raster. Name, state and
+    // ownership are as above. Null as above, and if an argument is not finite. Throws std::bad_alloc.
     KSRaster* CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint<double> p3, KSPoint<double> p4,
                            bool bilinear, double angle, KSPoint<double> center);
 
@@ -170,7 +176,8 @@ public:
     // kMergeCount modes.
     void SetDrawingMode(ks_composition_mode mode) { _drawing_mode = mode; }
     // Sets the colour that primitives paint in (opaque white at first), and the one of a pattern's clear bits
-    // (transparent at first). Components are 0 to 255; what is above goes into the next component.
+    // (transparent at first). Components are 0 to 255 and not clamped: bits above are set in the components
+    // before it, of which alpha is the first (a red of 300 changes alpha, a green of 300 changes red).
     void SetHighColor(ks_color color) { _high_color = ks_pixel_word(color); }
     void SetHighColor(long red, long green, long blue, long alpha);
     void SetLowColor(ks_color color) { _low_color = ks_pixel_word(color); }
