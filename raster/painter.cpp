@@ -141,24 +141,26 @@ void ks_painter::FillPattern(const KSRect<long>& area) const {
         return;
     }
     std::uint32_t source[8][kRun];
-    const long width = area.PixelWidth(), run = MIN(width, kRun);
-    for (long y = area.top; y <= area.bottom && y < area.top + 8; y++)
+    // Counted from 0, for the area may end where long does.
+    const long width = area.PixelWidth(), height = area.PixelHeight(), run = MIN(width, kRun);
+    for (long j = 0; j < MIN(height, 8L); j++)
         for (long i = 0; i < run; i++)
-            source[y & 7][i] = ColorAt(area.left + i, y);
+            source[j][i] = ColorAt(area.left + i, area.top + j);
 
     const ks_array_func compose = KSMerge::hash_array_func[_mode == kMergeAlphaMask ? kMergeXorMask : _mode];
-    for (long y = area.top; y <= area.bottom; y++) {
-        std::uint32_t* row = At(area.left, y);
+    for (long j = 0; j < height; j++) {
+        std::uint32_t* row = At(area.left, area.top + j);
         for (long done = 0; done < width; done += kRun)
-            compose(row + done, source[y & 7], kOpacity, static_cast<std::int32_t>(MIN(width - done, kRun)));
+            compose(row + done, source[j & 7], kOpacity, static_cast<std::int32_t>(MIN(width - done, kRun)));
     }
 }
 
 void ks_painter::FillPatternByPixels(const KSRect<long>& area) const {
-    for (long y = area.top; y <= area.bottom; y++) {
-        std::uint32_t* pixel = At(area.left, y);
-        for (long x = area.left; x <= area.right; x++, pixel++)
-            *pixel = Composed(*pixel, ColorAt(x, y));
+    const long width = area.PixelWidth(), height = area.PixelHeight();
+    for (long j = 0; j < height; j++) {
+        std::uint32_t* pixel = At(area.left, area.top + j);
+        for (long i = 0; i < width; i++, pixel++)
+            *pixel = Composed(*pixel, ColorAt(area.left + i, area.top + j));
     }
 }
 

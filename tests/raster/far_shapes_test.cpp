@@ -257,6 +257,28 @@ TEST(FarShapes, CoordinatesBeyondTheRange) {
     EXPECT_EQ(PixelAt(far, kEnd, kStart + 2), 0xFFFFFFFF);
 }
 
+TEST(FarShapes, PatternsWhereTheRangeEnds) {
+    const unsigned char pattern[8] = {0x01, 0x12, 0x24, 0x48, 0x81, 0x5A, 0xF0, 0x3C};
+    const long kEnd = std::numeric_limits<long>::max(), kStart = std::numeric_limits<long>::min();
+    for (const rect frame : {rect(kEnd - 9, kEnd - 2, kEnd, kEnd), rect(kStart, kEnd - 10, kStart + 3, kEnd),
+                             rect(kEnd - 3, kStart, kEnd, kStart + 10)})
+        for (const ks_composition_mode mode : {kMergeCopy, kMergeErase}) {
+            KSRaster raster(frame);
+            raster.FillAlpha(255);
+            raster.SetDrawingMode(mode);
+            raster.SetPattern(pattern);
+            raster.SetHighColor(0, 0, 0, mode == kMergeErase ? 255 : 0);
+            raster.SetLowColor(0, 0, 0, mode == kMergeErase ? 0 : 255);
+            raster.FillRect(kStart, kStart, kEnd, kEnd);
+            for (long j = 0; j < raster.Height(); j++)
+                for (long i = 0; i < raster.Width(); i++) {
+                    const long x = frame.left + i, y = frame.top + j;
+                    EXPECT_EQ(PixelAt(raster, x, y), pattern[y & 7] >> (x & 7) & 1 ? 0 : 0xFF000000)
+                        << "mode " << mode << ", " << x << ", " << y;
+                }
+        }
+}
+
 TEST(FarShapes, EdgesAreRecordedForTheRowsOfTheFrame) {
     const KSRaster raster({0, 10, 5, 12});
     KSList<ks_polyline_entry> crossings;
