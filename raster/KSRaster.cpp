@@ -110,8 +110,10 @@ KSRaster::KSRaster(BBitmap* bitmap, const char* name)
       _owns_data(false),
       _native(kRasterInBBitmap),
       _bitmap(bitmap) {
+    std::unique_ptr<BBitmap> until_named(bitmap);
     if (name && *name)
         SetName(name);
+    until_named.release();
     if (bitmap == nullptr)
         return;
     _frame.right = TruncatedBound(bitmap->Bounds().right);

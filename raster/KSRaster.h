@@ -74,7 +74,7 @@ public:
     explicit KSRaster(const KSMessage* archive);
     // Makes a raster from a bitmap, which it owns from now on. The frame starts at (0, 0) and ends at the
     // bitmap's right and bottom, without their fractions, wherever its left and top are. A null bitmap gives
-    // a raster without pixels. Holds no lock.
+    // a raster without pixels. Holds no lock. Throws std::bad_alloc, with the bitmap deleted.
     explicit KSRaster(BBitmap* bitmap, const char* name = nullptr);
 
     KSRaster(const KSRaster&) = delete;

@@ -73,6 +73,10 @@ const operation kOperations[] = {
      [](KSRaster&, KSMessage&) {
          return KSRaster(kFrame, "name", KS_RGBA_COLOR_SPACE, kRasterInBBitmap).IsValid();
      }},
+    {"FromBitmap", 3,
+     [](KSRaster&, KSMessage&) {
+         return KSRaster(new BBitmap(BRect(0, 0, 8, 8), B_RGB32), "name").IsValid();
+     }},
     {"FromArchive", 2, [](KSRaster&, KSMessage& archive) { return KSRaster(&archive).IsValid(); }},
     {"Archive", 5,
      [](KSRaster& raster, KSMessage&) {
