@@ -4,6 +4,7 @@
 
 #include "bitmaptools/pixel_functions.h"
 #include "hdr/instruction_set.h"
+#include "hdr/ks_turn.h"
 
 #include <cmath>
 #include <cstddef>
@@ -74,16 +75,17 @@ void Rotate(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<dou
     source_rect = Shifted(source_rect);
     destination_rect = Shifted(destination_rect);
     centre = Shifted(centre);
-    const auto rotated = [&](long x, long y, double by) {
+    const ks_turn turn = ks_turn::By(angle);
+    const auto rotated = [&](long x, long y, const ks_turn& by) {
         const double dx = static_cast<double>(x) - centre.x, dy = static_cast<double>(y) - centre.y;
-        return KSPoint<double>(centre.x + dx * std::cos(by) + dy * std::sin(by),
-                               centre.y + dy * std::cos(by) - dx * std::sin(by));
+        return KSPoint<double>(centre.x + dx * by.cosine + dy * by.sine,
+                               centre.y + dy * by.cosine - dx * by.sine);
     };
     const long width = source_rect.PixelWidth(), height = source_rect.PixelHeight();
-    const auto top_left = FixedPoint(rotated(source_rect.left, source_rect.top, angle));
-    const auto top_right = FixedPoint(rotated(source_rect.right + 1, source_rect.top, angle));
-    const auto bottom_left = FixedPoint(rotated(source_rect.left, source_rect.bottom + 1, angle));
-    const KSPoint<double> first = rotated(destination_rect.left, destination_rect.top, -angle);
+    const auto top_left = FixedPoint(rotated(source_rect.left, source_rect.top, turn));
+    const auto top_right = FixedPoint(rotated(source_rect.right + 1, source_rect.top, turn));
+    const auto bottom_left = FixedPoint(rotated(source_rect.left, source_rect.bottom + 1, turn));
+    const KSPoint<double> first = rotated(destination_rect.left, destination_rect.top, turn.Back());
     const Axis x = {static_cast<std::int64_t>(first.x * kOne) - source_rect.left * kOne,
                     (top_right.x - top_left.x) / width, (top_left.x - bottom_left.x) / height};
     const Axis y = {static_cast<std::int64_t>(first.y * kOne) - source_rect.top * kOne,

@@ -181,8 +181,10 @@ private:
         const double cx = centre.x + 65536, cy = centre.y + 65536;
         const auto map = [&](i64 px, i64 py, double theta) {
             const double x = static_cast<double>(px), y = static_cast<double>(py);
-            return KSPoint<double>(cx + (x - cx) * std::cos(theta) + (y - cy) * std::sin(theta),
-                                   cy + (y - cy) * std::cos(theta) - (x - cx) * std::sin(theta));
+            const auto cosine = static_cast<double>(std::cos(static_cast<long double>(theta)));
+            const auto sine = static_cast<double>(std::sin(static_cast<long double>(theta)));
+            return KSPoint<double>(cx + (x - cx) * cosine + (y - cy) * sine,
+                                   cy + (y - cy) * cosine - (x - cx) * sine);
         };
         const auto floored = [&](i64 x, i64 y) {
             const auto p = map(x, y, angle);
