@@ -2,22 +2,25 @@
 // Scaled, transformed and rotated copies of a raster.
 #include "bitmaptools/KSBitmapTools.h"
 #include "hdr/ks_math.h"
+#include "hdr/ks_turn.h"
 #include "raster/KSRaster.h"
 #include "raster/raster_lock.h"
 
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <new>
 
 namespace {
 
 constexpr long kMargin = 16;  // around what does not fill its frame
 
-// Returns a finite number without its fraction. What no frame reaches becomes a coordinate that makes a frame
-// too large to be made.
+// Returns a finite number without its fraction; throws std::bad_alloc for one that no frame reaches.
 long Truncated(double value) {
-    constexpr double kFarthest = 0x1p40;
-    return static_cast<long>(std::clamp(value, -kFarthest, kFarthest));
+    constexpr double kFarthest = 0x1p62;
+    if (std::fabs(value) > kFarthest)
+        throw std::bad_alloc();
+    return static_cast<long>(value);
 }
 
 long Rounded(double value) {
@@ -38,11 +41,14 @@ KSRect<long> BoundsOf(const KSPoint<double> (&points)[4]) {
 
 // Returns the bounding box of a rotated frame, with the margin around it.
 KSRect<long> RotatedBounds(const KSRect<long>& frame, KSPoint<double> center, double angle) {
-    const auto x = static_cast<double>(Truncated(center.x)), y = static_cast<double>(Truncated(center.y));
-    const double cosine = std::cos(angle), sine = std::sin(angle);
+    // A center farther away than this moves everything out of sight.
+    constexpr double kFarthest = 0x1p40;
+    const double x = std::trunc(std::clamp(center.x, -kFarthest, kFarthest));
+    const double y = std::trunc(std::clamp(center.y, -kFarthest, kFarthest));
+    const ks_turn turn = ks_turn::By(angle);
     const auto rotated = [&](long corner_x, long corner_y) {
         const double dx = static_cast<double>(corner_x) - x, dy = static_cast<double>(corner_y) - y;
-        return KSPoint<double>(x + dx * cosine + dy * sine, y + dy * cosine - dx * sine);
+        return KSPoint<double>(x + dx * turn.cosine + dy * turn.sine, y + dy * turn.cosine - dx * turn.sine);
     };
     return BoundsOf({rotated(frame.left, frame.top), rotated(frame.right, frame.top),
                      rotated(frame.right, frame.bottom), rotated(frame.left, frame.bottom)});

@@ -95,6 +95,18 @@ TEST(Copies, LieWhereTheCornersSay) {
               rect(-11, -29, 33, 14));
 }
 
+TEST(Copies, LieFarAwayWhereTheCornersSay) {
+    const raster_ptr source = MakeSource();
+    const double far = 0x1p50;
+    const auto at = static_cast<long>(far);
+    EXPECT_EQ(Mapped(*source, {far, 0}, {far + 9, 0}, {far + 9, 4}, {far, 4})->Frame(),
+              rect(at, 0, at + 9, 4));
+    EXPECT_EQ(Mapped(*source, {-far, 0}, {9 - far, 1}, {9 - far, 4}, {-far, 4})->Frame(),
+              rect(-at - 16, -16, 9 - at + 16, 4 + 16));
+    EXPECT_THROW(Mapped(*source, {1e300, 0}, {2e300, 0}, {2e300, 4}, {1e300, 4}), std::bad_alloc);
+    EXPECT_FALSE(source->IsLocked());
+}
+
 TEST(Copies, OfNothingAreTransparent) {
     KSRaster empty({5, 5, 4, 9});
     for (const raster_ptr& copy : {raster_ptr(empty.CreateScaled(rect(0, 0, 3, 3), true, kRasterInMemory)),
