@@ -16,9 +16,9 @@
 // overlap. A destination pixel that has no source position is neither read nor written, nor is anything
 // beside the destination's width and height, so threads may work on disjoint parts of one image.
 //
-// No argument values are an error: sizes of zero or less, rectangles that are not valid, coordinates outside
-// the 32-bit range and, in rotations, an angle or centre that is not finite write nothing. Nothing but
-// NoiseRemover allocates memory or fails.
+// No argument values are an error: sizes of zero or less, rectangles that are not valid or leave the 32-bit
+// range and, in rotations, an angle that is not finite or a centre outside that range write nothing. Nothing
+// but NoiseRemover allocates memory or fails.
 //
 // The BiLin operations sample the four neighbours of a position in 1/4096 of a pixel, weighted by area and
 // alpha. With ix, iy the whole and fx, fy the fractional part of the position:
