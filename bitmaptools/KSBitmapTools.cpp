@@ -10,19 +10,25 @@
 #include <cstddef>
 #include <limits>
 
+namespace ks_bitmaptools {
+
 const PixelFunctions& ActivePixelFunctions() {
 #if defined(__x86_64__)
     switch (ActiveInstructionSet()) {
     case InstructionSet::kAvx512:
-        return avx512::kPixelFunctions;
+        return functions_avx512;
     case InstructionSet::kAvx2:
-        return avx2::kPixelFunctions;
+        return functions_avx2;
     case InstructionSet::kBaseline:
         break;
     }
 #endif
-    return baseline::kPixelFunctions;
+    return functions_baseline;
 }
+
+}  // namespace ks_bitmaptools
+
+using namespace ks_bitmaptools;
 
 namespace {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The pixel functions compiled for AVX2.
-#define NYMBREL_LEVEL avx2
-#define NYMBREL_VECTOR_BYTES 32
 #include "bitmaptools/level_inl.h"
+
+const ks_bitmaptools::PixelFunctions ks_bitmaptools::functions_avx2 = kPixelFunctions;

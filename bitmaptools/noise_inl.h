@@ -2,23 +2,26 @@
 // Comparing and counting bytes for the noise remover; included once for each instruction set.
 #pragma once
 
-#include "bitmaptools/vectors_inl.h"
+#include "bitmaptools/pixel_functions.h"
+#include "hdr/vectors.h"
 
-namespace NYMBREL_LEVEL {
+namespace ks_bitmaptools {
 namespace {
 
-constexpr std::int64_t kByteLanes = NYMBREL_VECTOR_BYTES;
-constexpr std::int64_t kCountLanes = NYMBREL_VECTOR_BYTES / 2;
+using namespace ks_vectors;
+
+constexpr std::int64_t kByteLanes = kVectorBytes;
+constexpr std::int64_t kCountLanes = kVectorBytes / 2;
 
 // Returns 255 in the lanes where the pixels from `x` on equal none of their neighbours, which have to lie in
 // the rows.
 template <bool kOneRow>
-NYMBREL_INLINE Bytes LonelyLanes(const std::uint8_t* above, const std::uint8_t* row,
-                                 const std::uint8_t* below, std::int64_t x) {
-    const Bytes value = Load<Bytes>(row + x);
-    Bytes least = value ^ Load<Bytes>(row + x - 1);
+KS_INLINE Bytes LonelyLanes(const std::uint8_t* above, const std::uint8_t* row, const std::uint8_t* below,
+                            std::int64_t x) {
+    const Bytes value = load<Bytes>(row + x);
+    Bytes least = value ^ load<Bytes>(row + x - 1);
     const auto compare = [&](const std::uint8_t* neighbours) {
-        const Bytes difference = value ^ Load<Bytes>(neighbours);
+        const Bytes difference = value ^ load<Bytes>(neighbours);
         least = least < difference ? least : difference;
     };
     compare(row + x + 1);
@@ -29,9 +32,10 @@ NYMBREL_INLINE Bytes LonelyLanes(const std::uint8_t* above, const std::uint8_t* 
     return reinterpret_cast<Bytes>(least != 0);
 }
 
-NYMBREL_INLINE bool IsLonely(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t x) {
+KS_INLINE bool IsLonely(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t x) {
     for (int k = 0; k < 3; ++k)
-        for (std::int64_t u = Most(x - 1, 0); u <= Least(x + 1, width - 1); ++u)
+        for (std::int64_t u = greatest<std::int64_t>(x - 1, 0); u <= least<std::int64_t>(x + 1, width - 1);
+             ++u)
             if (u != x && rows[k][u] == rows[1][x])
                 return false;
     return rows[0] == rows[1] || (rows[0][x] != rows[1][x] && rows[2][x] != rows[1][x]);
@@ -41,31 +45,32 @@ template <bool kOneRow>
 bool MarkLonely(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
                 std::int64_t last, std::uint8_t* lonely) {
     const std::uint8_t *const above = rows[0], *const row = rows[1], *const below = rows[2];
-    bool any = false;
+    bool found = false;
     const auto test = [&](std::int64_t from, std::int64_t to) {
         for (std::int64_t x = from; x < to; ++x) {
             lonely[x] = IsLonely(rows, width, x) ? 255 : 0;
-            any |= lonely[x] != 0;
+            found |= lonely[x] != 0;
         }
     };
-    const std::int64_t inner_first = Most(first, 1), inner_last = Least(last, width - 1);
+    const std::int64_t inner_first = greatest<std::int64_t>(first, 1),
+                       inner_last = least<std::int64_t>(last, width - 1);
     test(first, inner_first);
     if (inner_last - inner_first >= kByteLanes) {
         Bytes all = {};
         const std::int64_t last_vector = inner_last - kByteLanes;
         // The last vector overlaps the one before it rather than leave pixels over.
         for (std::int64_t x = inner_first; x < inner_last; x += kByteLanes) {
-            const std::int64_t at = Least(x, last_vector);
+            const std::int64_t at = least<std::int64_t>(x, last_vector);
             const Bytes marks = LonelyLanes<kOneRow>(above, row, below, at);
-            Store(lonely + at, marks);
+            store(lonely + at, marks);
             all |= marks;
         }
-        any |= CommonBits(~all) != ~std::uint64_t{0};
+        found |= any(all);
     } else {
         test(inner_first, inner_last);
     }
-    test(Most(inner_last, inner_first), last);
-    return any;
+    test(greatest<std::int64_t>(inner_last, inner_first), last);
+    return found;
 }
 
 bool MarkLonelyAny(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
@@ -74,7 +79,7 @@ bool MarkLonelyAny(const std::uint8_t* const (&rows)[3], std::int64_t width, std
 }
 
 // The lanes below `count`, as all bits or none.
-template <class Lanes, class Item> NYMBREL_INLINE Lanes FirstLanes(std::int64_t count) {
+template <class Lanes, class Item> KS_INLINE Lanes FirstLanes(std::int64_t count) {
     Lanes lane;
     for (std::size_t k = 0; k < sizeof(Lanes) / sizeof(Item); ++k)
         lane[k] = static_cast<Item>(k);
@@ -82,9 +87,9 @@ template <class Lanes, class Item> NYMBREL_INLINE Lanes FirstLanes(std::int64_t 
 }
 
 // Returns the sum of the 16-bit lanes, which do not overflow 32 bits.
-NYMBREL_INLINE std::uint32_t SumLanes(const Counts& counts) {
+KS_INLINE std::uint32_t SumLanes(const Halves& counts) {
     std::uint64_t parts[sizeof counts / 8], sum = 0;
-    Store(parts, counts);
+    store(parts, counts);
     for (const std::uint64_t part : parts)
         sum += (part & 0x0000FFFF0000FFFF) + (part >> 16 & 0x0000FFFF0000FFFF);
     return static_cast<std::uint32_t>(sum + (sum >> 32));
@@ -93,18 +98,18 @@ NYMBREL_INLINE std::uint32_t SumLanes(const Counts& counts) {
 std::uint32_t CountEqual(const std::uint8_t* bytes, std::int64_t count, std::uint8_t value) {
     Bytes sum = {};
     for (; count >= kByteLanes; count -= kByteLanes, bytes += kByteLanes)
-        sum -= reinterpret_cast<Bytes>(Load<Bytes>(bytes) == value);
-    sum -= reinterpret_cast<Bytes>(Load<Bytes>(bytes) == value) & FirstLanes<Bytes, std::uint8_t>(count);
-    const Counts pairs = reinterpret_cast<Counts>(sum);
+        sum -= reinterpret_cast<Bytes>(load<Bytes>(bytes) == value);
+    sum -= reinterpret_cast<Bytes>(load<Bytes>(bytes) == value) & FirstLanes<Bytes, std::uint8_t>(count);
+    const Halves pairs = reinterpret_cast<Halves>(sum);
     return SumLanes((pairs & 255) + (pairs >> 8));
 }
 
 std::uint32_t SumCounts(const std::uint16_t* counts, std::int64_t count) {
-    Counts sum = {};
+    Halves sum = {};
     for (; count >= kCountLanes; count -= kCountLanes, counts += kCountLanes)
-        sum += Load<Counts>(counts);
-    return SumLanes(sum + (Load<Counts>(counts) & FirstLanes<Counts, std::uint16_t>(count)));
+        sum += load<Halves>(counts);
+    return SumLanes(sum + (load<Halves>(counts) & FirstLanes<Halves, std::uint16_t>(count)));
 }
 
 }  // namespace
-}  // namespace NYMBREL_LEVEL
+}  // namespace ks_bitmaptools

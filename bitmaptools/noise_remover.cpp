@@ -7,6 +7,8 @@
 #include <cstddef>
 #include <vector>
 
+using namespace ks_bitmaptools;
+
 namespace {
 
 // Columns that are worked on at once, so that their histograms stay in the cache.

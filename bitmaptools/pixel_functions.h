@@ -8,6 +8,8 @@
 #include <cstddef>
 #include <cstdint>
 
+namespace ks_bitmaptools {
+
 // Positions are in 1/4096 of a pixel.
 inline constexpr int kFractionBits = 12;
 inline constexpr std::int64_t kOne = 1 << kFractionBits;
@@ -70,15 +72,12 @@ struct PixelFunctions {
     std::uint32_t (*sum_counts)(const std::uint16_t* counts, std::int64_t count);
 };
 
-namespace baseline {
-extern const PixelFunctions kPixelFunctions;
-}
-namespace avx2 {
-extern const PixelFunctions kPixelFunctions;
-}
-namespace avx512 {
-extern const PixelFunctions kPixelFunctions;
-}
+// Each in a unit of its own; on other processors than x86-64 there is only the first.
+extern const PixelFunctions functions_baseline;
+extern const PixelFunctions functions_avx2;
+extern const PixelFunctions functions_avx512;
 
 // Returns the functions of the instruction set in use.
 const PixelFunctions& ActivePixelFunctions();
+
+}  // namespace ks_bitmaptools

@@ -7,20 +7,26 @@
 // cache.
 #pragma once
 
-#include "bitmaptools/vectors_inl.h"
+#include "bitmaptools/pixel_functions.h"
+#include "hdr/vectors.h"
 
 #include <utility>
 
-namespace NYMBREL_LEVEL {
+namespace ks_bitmaptools {
 namespace {
+
+using namespace ks_vectors;
+
+constexpr int kDoubleLanes = kVectorBytes / 8;
+using HalfVector [[gnu::vector_size(kVectorBytes / 2)]] = std::int32_t;
 
 constexpr std::int64_t kBlock = 64;
 constexpr std::int64_t kBand = 64;
 
 template <std::size_t... kLane>
-NYMBREL_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
-                               std::index_sequence<kLane...>) {
-    const Words low = Load<Words>(pairs), high = Load<Words>(pairs + kLanes);
+KS_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
+                          std::index_sequence<kLane...>) {
+    const Words low = load<Words>(pairs), high = load<Words>(pairs + kLanes);
     left = __builtin_shufflevector(low, high, (2 * kLane)...);
     right = __builtin_shufflevector(low, high, (2 * kLane + 1)...);
 }
@@ -30,7 +36,7 @@ struct Interval {
     std::int64_t first, last;
 };
 
-NYMBREL_INLINE std::int64_t DivideRoundingUp(std::int64_t a, std::int64_t b) {
+KS_INLINE std::int64_t DivideRoundingUp(std::int64_t a, std::int64_t b) {
     return a / b + (a % b > 0);
 }
 
@@ -40,8 +46,8 @@ Interval Clip(Interval interval, std::int64_t start, std::int64_t step, std::int
         return Clip(interval, -start, -step, 1 - high, 1 - low);
     if (step == 0)
         return low <= start && start < high ? interval : Interval{interval.first, interval.first};
-    const std::int64_t first = Most(interval.first, DivideRoundingUp(low - start, step));
-    const std::int64_t last = Least(interval.last, DivideRoundingUp(high - start, step));
+    const std::int64_t first = greatest<std::int64_t>(interval.first, DivideRoundingUp(low - start, step));
+    const std::int64_t last = least<std::int64_t>(interval.last, DivideRoundingUp(high - start, step));
     return first < last ? Interval{first, last} : Interval{interval.first, interval.first};
 }
 
@@ -56,37 +62,37 @@ struct Block {
 };
 
 // Sets the fractions of the positions start + k * step.
-NYMBREL_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
+KS_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
     Words position;
     for (int k = 0; k < kLanes; ++k)
         position[k] = static_cast<std::uint32_t>(start + k * step);
     for (int k = 0; k < kBlock; k += kLanes) {
-        Store(fractions + k, position & 4095);
+        store(fractions + k, position & 4095);
         position += static_cast<std::uint32_t>(step) * kLanes;
     }
 }
 
 // Divides n by w, rounding down, where n <= 255 w and w <= 2^24. The factor keeps the estimate from
 // exceeding the quotient; it falls short by less than 1.
-NYMBREL_INLINE Words Divide(const Words& n, const Words& w, const Floats& reciprocal) {
+KS_INLINE Words Divide(const Words& n, const Words& w, const Floats& reciprocal) {
     const Floats estimate = __builtin_convertvector(n, Floats) * reciprocal;
-    const Words q = reinterpret_cast<Words>(__builtin_convertvector(estimate, Ints));
-    const Ints remainder = reinterpret_cast<Ints>(n - q * w);
-    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<Ints>(w));
+    const Words q = reinterpret_cast<Words>(__builtin_convertvector(estimate, SignedWords));
+    const SignedWords remainder = reinterpret_cast<SignedWords>(n - q * w);
+    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<SignedWords>(w));
 }
 
 // Divides n by w, rounding down, where n <= 255 w and w is a sum of opaque weights: at most 2^24 and less
 // than that by so little that dividing by 2^24 falls short by less than 1.
-NYMBREL_INLINE Words DivideOpaque(const Words& n, const Words& w) {
+KS_INLINE Words DivideOpaque(const Words& n, const Words& w) {
     const Words q = n >> 24;
-    const Ints remainder = reinterpret_cast<Ints>((n & 0xFFFFFF) + q * ((1 << 24) - w));
-    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<Ints>(w));
+    const SignedWords remainder = reinterpret_cast<SignedWords>((n & 0xFFFFFF) + q * ((1 << 24) - w));
+    return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<SignedWords>(w));
 }
 
 // Returns the bilinear samples of one vector of positions, as KSBitmapTools.h defines them. kOpaque promises
 // that all neighbours have alpha 255, which leaves the weights close to the shares.
 template <bool kOpaque>
-NYMBREL_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const Words& fy) {
+KS_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const Words& fy) {
     Words weights[4];
     weights[3] = fx * fy;
     weights[2] = (fy << 12) - weights[3];
@@ -104,7 +110,7 @@ NYMBREL_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const
     const Words divisor = sum - reinterpret_cast<Words>(sum == 0);  // 1 in place of 0, where all is clear
     Floats reciprocal{};
     if constexpr (!kOpaque)
-        reciprocal = (1 - 0x1p-21f) / __builtin_convertvector(reinterpret_cast<Ints>(divisor), Floats);
+        reciprocal = (1 - 0x1p-21f) / __builtin_convertvector(reinterpret_cast<SignedWords>(divisor), Floats);
     Words result = (sum & 0xFF0000) << 8;
     for (int shift = 0; shift < 24; shift += 8) {
         Words n = ((neighbours[0] >> shift) & 255) * weights[0];
@@ -116,15 +122,15 @@ NYMBREL_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const
 }
 
 template <bool kOpaque>
-NYMBREL_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, std::int64_t count) {
+KS_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, std::int64_t count) {
     for (std::int64_t k = 0; k < count; k += kLanes) {
         Words neighbours[4];
         SplitPairs(block.top + 2 * k, neighbours[0], neighbours[1], std::make_index_sequence<kLanes>());
         SplitPairs(block.bottom + 2 * k, neighbours[2], neighbours[3], std::make_index_sequence<kLanes>());
         const Words result =
-            Sample<kOpaque>(neighbours, Load<Words>(block.fx + k), Load<Words>(block.fy + k));
+            Sample<kOpaque>(neighbours, load<Words>(block.fx + k), load<Words>(block.fy + k));
         if (k + kLanes <= count)
-            Store(destination + k, result);
+            store(destination + k, result);
         else
             __builtin_memcpy(destination + k, &result, static_cast<std::size_t>(count - k) * 4);
     }
@@ -134,35 +140,34 @@ NYMBREL_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, 
 void StoreSamples(const Block& block, std::uint32_t* destination, std::int64_t count) {
     Words all = ~Words{};
     for (std::int64_t k = 0; k < 2 * count; k += kLanes)
-        all &= Load<Words>(block.top + k) & Load<Words>(block.bottom + k);
-    constexpr std::uint64_t kOpaqueTwice = 0xFF000000FF000000;
-    if ((CommonBits(all) & kOpaqueTwice) == kOpaqueTwice)
+        all &= load<Words>(block.top + k) & load<Words>(block.bottom + k);
+    if (!any(~all & 0xFF000000))
         SampleBlock<true>(block, destination, count);
     else
         SampleBlock<false>(block, destination, count);
 }
 
-NYMBREL_INLINE std::uint32_t WordOrClear(const SourcePixels& source, std::int64_t x, std::int64_t y) {
+KS_INLINE std::uint32_t WordOrClear(const SourcePixels& source, std::int64_t x, std::int64_t y) {
     return x >= 0 && x < source.width && y >= 0 && y < source.height ? source.words[y * source.row_length + x]
                                                                      : 0;
 }
 
 // Collects the left and right neighbour of position k of a block from row `y`, with a test of each.
-NYMBREL_INLINE void CollectTested(const SourcePixels& source, std::uint32_t* pairs, std::int64_t k,
-                                  std::int64_t x, std::int64_t y) {
+KS_INLINE void CollectTested(const SourcePixels& source, std::uint32_t* pairs, std::int64_t k, std::int64_t x,
+                             std::int64_t y) {
     pairs[2 * k] = WordOrClear(source, x, y);
     pairs[2 * k + 1] = WordOrClear(source, x + 1, y);
 }
 
-NYMBREL_INLINE void CollectPair(const std::uint32_t* words, std::uint32_t* pairs, std::int64_t k) {
+KS_INLINE void CollectPair(const std::uint32_t* words, std::uint32_t* pairs, std::int64_t k) {
     __builtin_memcpy(pairs + 2 * k, words, 8);
 }
 
 // Copies the words of `from` that `indices` name. Eight at a time, for a loop of one would wait for its
 // branch.
 template <class Index>
-NYMBREL_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const Index* indices,
-                                std::int64_t count) {
+KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const Index* indices,
+                           std::int64_t count) {
     std::int64_t k = 0;
     for (; k + 8 <= count; k += 8)
         for (int n = 0; n < 8; ++n)
@@ -176,7 +181,7 @@ void ScalePlain(const SourcePixels& source, const DestinationPixels& destination
     constexpr std::int64_t kStrip = 4096;
     std::int32_t columns[kStrip];
     for (std::int64_t first = 0; first < destination.width; first += kStrip) {
-        const std::int64_t count = Least(kStrip, destination.width - first);
+        const std::int64_t count = least<std::int64_t>(kStrip, destination.width - first);
         for (std::int64_t k = 0; k < count; ++k)
             columns[k] = static_cast<std::int32_t>((x.start + (first + k) * x.column) >> kFractionBits);
         const std::size_t bytes = static_cast<std::size_t>(count) * 4;
@@ -243,8 +248,9 @@ void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destinat
                    const Axis& y) {
     for (std::int64_t j = 0; j < destination.height; j += kBand)
         for (std::int64_t i = 0; i < destination.width; i += kBlock)
-            ScaleBilinearBlock(source, destination, x, y, {i, Least(i + kBlock, destination.width)},
-                               {j, Least(j + kBand, destination.height)});
+            ScaleBilinearBlock(source, destination, x, y,
+                               {i, least<std::int64_t>(i + kBlock, destination.width)},
+                               {j, least<std::int64_t>(j + kBand, destination.height)});
 }
 
 // Walks the destination in blocks of a row, band by band, and calls `sample(i, j, count, inner)` for each
@@ -252,10 +258,10 @@ void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destinat
 // behind its last pixel. `inner` is the part of the stretch, counted from its start, where the position and
 // the next pixel of both axes lie in the source.
 template <class Function>
-NYMBREL_INLINE void WalkRotated(const SourcePixels& source, const DestinationPixels& destination,
-                                const Axis& x, const Axis& y, std::int64_t margin, Function sample) {
+KS_INLINE void WalkRotated(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                           const Axis& y, std::int64_t margin, Function sample) {
     for (std::int64_t band = 0; band < destination.height; band += kBand) {
-        const std::int64_t rows = Least(kBand, destination.height - band);
+        const std::int64_t rows = least<std::int64_t>(kBand, destination.height - band);
         Interval outer[kBand], inner[kBand], all = {destination.width, 0};
         for (std::int64_t j = 0; j < rows; ++j) {
             const std::int64_t start_x = x.start + (band + j) * x.row, start_y = y.start + (band + j) * y.row;
@@ -264,16 +270,19 @@ NYMBREL_INLINE void WalkRotated(const SourcePixels& source, const DestinationPix
             inner[j] = Clip(outer[j], start_x, x.column, 0, (source.width - 1) * kOne);
             inner[j] = Clip(inner[j], start_y, y.column, 0, (source.height - 1) * kOne);
             if (outer[j].first < outer[j].last)
-                all = {Least(all.first, outer[j].first), Most(all.last, outer[j].last)};
+                all = {least<std::int64_t>(all.first, outer[j].first),
+                       greatest<std::int64_t>(all.last, outer[j].last)};
         }
         for (std::int64_t tile = all.first; tile < all.last; tile += kBlock)
             for (std::int64_t j = 0; j < rows; ++j) {
-                const std::int64_t first = Most(tile, outer[j].first);
-                const std::int64_t count = Least(tile + kBlock, outer[j].last) - first;
+                const std::int64_t first = greatest<std::int64_t>(tile, outer[j].first);
+                const std::int64_t count = least<std::int64_t>(tile + kBlock, outer[j].last) - first;
                 if (count <= 0)
                     continue;
-                const std::int64_t inner_first = Most(0, Least(inner[j].first - first, count));
-                const std::int64_t inner_last = Most(inner_first, Least(inner[j].last - first, count));
+                const std::int64_t inner_first =
+                    greatest<std::int64_t>(0, least<std::int64_t>(inner[j].first - first, count));
+                const std::int64_t inner_last =
+                    greatest<std::int64_t>(inner_first, least<std::int64_t>(inner[j].last - first, count));
                 sample(first, band + j, count, Interval{inner_first, inner_last});
             }
     }
@@ -289,24 +298,24 @@ template <class Int> struct Positions {
 
 // Sets the offsets and fractions of a vector of positions.
 template <class Int, class Vector>
-NYMBREL_INLINE void Locate(const SourcePixels& source, Positions<Int>& positions, Block& block,
-                           std::int64_t k, const Vector& x, const Vector& y) {
+KS_INLINE void Locate(const SourcePixels& source, Positions<Int>& positions, Block& block, std::int64_t k,
+                      const Vector& x, const Vector& y) {
     const Vector offset = (y >> kFractionBits) * static_cast<Int>(source.row_length) + (x >> kFractionBits);
-    Store(positions.offset + k, offset);
+    store(positions.offset + k, offset);
     if constexpr (sizeof(Int) == 4) {
-        Store(block.fx + k, x & static_cast<Int>(kOne - 1));
-        Store(block.fy + k, y & static_cast<Int>(kOne - 1));
+        store(block.fx + k, x & static_cast<Int>(kOne - 1));
+        store(block.fy + k, y & static_cast<Int>(kOne - 1));
     } else {
-        Store(block.fx + k, __builtin_convertvector(x & (kOne - 1), HalfInts));
-        Store(block.fy + k, __builtin_convertvector(y & (kOne - 1), HalfInts));
+        store(block.fx + k, __builtin_convertvector(x & (kOne - 1), HalfVector));
+        store(block.fy + k, __builtin_convertvector(y & (kOne - 1), HalfVector));
     }
 }
 
 // Locates `count` positions from (x, y) on, a column step apart.
 template <class Int, class Vector>
-NYMBREL_INLINE void LocateLine(const SourcePixels& source, Positions<Int>& positions, Block& block,
-                               const Axis& axis_x, const Axis& axis_y, std::int64_t x, std::int64_t y,
-                               std::int64_t count) {
+KS_INLINE void LocateLine(const SourcePixels& source, Positions<Int>& positions, Block& block,
+                          const Axis& axis_x, const Axis& axis_y, std::int64_t x, std::int64_t y,
+                          std::int64_t count) {
     constexpr int kStep = sizeof(Vector) / sizeof(Int);
     Vector positions_x, positions_y;
     for (int k = 0; k < kStep; ++k) {
@@ -322,8 +331,8 @@ NYMBREL_INLINE void LocateLine(const SourcePixels& source, Positions<Int>& posit
 
 // Collects the neighbours of the located positions first <= k < last, all of which are in the source.
 template <class Int>
-NYMBREL_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& positions, Block& block,
-                                 Interval interval) {
+KS_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& positions, Block& block,
+                            Interval interval) {
     if (interval.first >= interval.last)
         return;
     const std::uint32_t* const words = source.words;
@@ -374,12 +383,12 @@ void RotateBilinear(const SourcePixels& source, const DestinationPixels& destina
                 });
 }
 
-NYMBREL_INLINE Doubles SquareRoot(const Doubles& d) {
+KS_INLINE Doubles SquareRoot(const Doubles& d) {
     double items[kDoubleLanes];
-    Store(items, d);
+    store(items, d);
     for (double& item : items)
         item = __builtin_sqrt(item);
-    return Load<Doubles>(items);
+    return load<Doubles>(items);
 }
 
 // The source fractions of a vector of destination pixels; `accepted` is -1 in the lanes whose fractions lie
@@ -391,7 +400,7 @@ struct Fractions {
 
 // Solves for the fractions of the pixels `x` of row `y`. The sums keep their written order, which decides
 // their last bits.
-NYMBREL_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y) {
+KS_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y) {
     const Doubles b =
         map.ay * x - map.ax * y + map.ax * map.y3 - map.x3 * map.ay + map.cx * map.by - map.cy * map.bx;
     const Doubles c = map.cy * x - map.cx * y + map.cx * map.y3 - map.x3 * map.cy;
@@ -409,7 +418,7 @@ NYMBREL_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y
 }
 
 // Returns the smaller of each pair of lanes.
-template <class Vector, class Int> NYMBREL_INLINE Vector Capped(const Vector& items, Int most) {
+template <class Vector, class Int> KS_INLINE Vector Capped(const Vector& items, Int most) {
     const Vector above = items > most;
     return (items & ~above) | (most & above);
 }
@@ -417,8 +426,8 @@ template <class Vector, class Int> NYMBREL_INLINE Vector Capped(const Vector& it
 // Calls `use(k, x, y, accepted)` for each vector of `count` pixels from (i, j) on, with its source positions
 // in 1 / `unit` of a pixel.
 template <class Vector, class Function>
-NYMBREL_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map, double unit, std::int64_t i,
-                              std::int64_t j, std::int64_t count, Function use) {
+KS_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map, double unit, std::int64_t i,
+                         std::int64_t j, std::int64_t count, Function use) {
     const double width = static_cast<double>(source.width), height = static_cast<double>(source.height);
     const double y = map.top + static_cast<double>(j);
     Doubles x;
@@ -434,11 +443,11 @@ NYMBREL_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map,
 
 // Walks the destination in blocks of a row, band by band, and calls `transform(i, j, count)` for each.
 template <class Function>
-NYMBREL_INLINE void WalkBlocks(const DestinationPixels& destination, Function transform) {
+KS_INLINE void WalkBlocks(const DestinationPixels& destination, Function transform) {
     for (std::int64_t band = 0; band < destination.height; band += kBand)
         for (std::int64_t i = 0; i < destination.width; i += kBlock)
-            for (std::int64_t j = band; j < Least(band + kBand, destination.height); ++j)
-                transform(i, j, Least(kBlock, destination.width - i));
+            for (std::int64_t j = band; j < least<std::int64_t>(band + kBand, destination.height); ++j)
+                transform(i, j, least<std::int64_t>(kBlock, destination.width - i));
 }
 
 template <class Int, class Vector>
@@ -451,12 +460,12 @@ void TransformPlain(const SourcePixels& source, const DestinationPixels& destina
                               // The far sides belong to the last column and row.
                               x = Capped(x, static_cast<Int>(source.width - 1));
                               y = Capped(y, static_cast<Int>(source.height - 1));
-                              Store(positions.offset + k, y * static_cast<Int>(source.row_length) + x);
-                              Store(positions.accepted + k, accepted);
+                              store(positions.offset + k, y * static_cast<Int>(source.row_length) + x);
+                              store(positions.accepted + k, accepted);
                               all &= accepted;
                           });
         std::uint32_t* to = destination.words + j * destination.row_length + i;
-        if (CommonBits(all) == ~std::uint64_t{0}) {
+        if (!any(~all)) {
             CopyIndexed(to, source.words, positions.offset, count);
         } else {
             for (std::int64_t k = 0; k < count; ++k)
@@ -469,8 +478,8 @@ void TransformPlain(const SourcePixels& source, const DestinationPixels& destina
 // Collects the neighbours of the accepted ones among the first `count` positions, with a test of each;
 // returns which of them have any, one bit each.
 template <class Int>
-NYMBREL_INLINE std::uint64_t CollectAccepted(const SourcePixels& source, const Positions<Int>& positions,
-                                             Block& block, std::int64_t count) {
+KS_INLINE std::uint64_t CollectAccepted(const SourcePixels& source, const Positions<Int>& positions,
+                                        Block& block, std::int64_t count) {
     std::uint64_t found = 0;
     for (std::int64_t k = 0; k < count; ++k) {
         const std::int64_t ix = positions.x[k] >> kFractionBits, iy = positions.y[k] >> kFractionBits;
@@ -497,13 +506,13 @@ void TransformBilinear(const SourcePixels& source, const DestinationPixels& dest
                               x -= 2047;
                               y -= 2047;
                               Locate<Int, Vector>(source, positions, block, k, x, y);
-                              Store(positions.x + k, x);
-                              Store(positions.y + k, y);
-                              Store(positions.accepted + k, accepted);
+                              store(positions.x + k, x);
+                              store(positions.y + k, y);
+                              store(positions.accepted + k, accepted);
                               inner &= accepted & (x >= 0) & (x < last_x) & (y >= 0) & (y < last_y);
                           });
         std::uint32_t* to = destination.words + j * destination.row_length + i;
-        if (CommonBits(inner) == ~std::uint64_t{0}) {
+        if (!any(~inner)) {
             CollectInner(source, positions, block, {0, count});
             StoreSamples(block, to, count);
         } else if (const std::uint64_t found = CollectAccepted(source, positions, block, count)) {
@@ -525,27 +534,27 @@ bool IsSmall(const SourcePixels& source) {
 
 void RotatePlainAny(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                     const Axis& y) {
-    (IsSmall(source) ? RotatePlain<std::int32_t, Ints> : RotatePlain<std::int64_t, Longs>)(source,
-                                                                                           destination, x, y);
+    (IsSmall(source) ? RotatePlain<std::int32_t, SignedWords>
+                     : RotatePlain<std::int64_t, Longs>)(source, destination, x, y);
 }
 
 void RotateBilinearAny(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                        const Axis& y) {
-    (IsSmall(source) ? RotateBilinear<std::int32_t, Ints>
+    (IsSmall(source) ? RotateBilinear<std::int32_t, SignedWords>
                      : RotateBilinear<std::int64_t, Longs>)(source, destination, x, y);
 }
 
 void TransformPlainAny(const SourcePixels& source, const DestinationPixels& destination,
                        const InverseMap& map) {
-    (IsSmall(source) ? TransformPlain<std::int32_t, HalfInts>
+    (IsSmall(source) ? TransformPlain<std::int32_t, HalfVector>
                      : TransformPlain<std::int64_t, Longs>)(source, destination, map);
 }
 
 void TransformBilinearAny(const SourcePixels& source, const DestinationPixels& destination,
                           const InverseMap& map) {
-    (IsSmall(source) ? TransformBilinear<std::int32_t, HalfInts>
+    (IsSmall(source) ? TransformBilinear<std::int32_t, HalfVector>
                      : TransformBilinear<std::int64_t, Longs>)(source, destination, map);
 }
 
 }  // namespace
-}  // namespace NYMBREL_LEVEL
+}  // namespace ks_bitmaptools

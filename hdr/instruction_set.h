@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Which of the compiled forms of the pixel operations runs: the widest that the processor has.
+// Which of the compiled forms of the pixel operations runs: the widest that the processor has. All forms give
+// the same results.
 //
 // Private to the library, and used by its dispatching code only: a unit compiled for one of the levels must
 // not include it, for its inline functions would be compiled for that level too.
@@ -18,6 +19,7 @@ enum class InstructionSet {
 // Returns the highest level that this processor and its system have.
 inline InstructionSet DetectedInstructionSet() {
 #if defined(__x86_64__)
+    __builtin_cpu_init();  // constructors of other units may ask before libgcc's own has run
     if (!__builtin_cpu_supports("avx2") || !__builtin_cpu_supports("bmi") || !__builtin_cpu_supports("bmi2"))
         return InstructionSet::kBaseline;
     if (!__builtin_cpu_supports("avx512f") || !__builtin_cpu_supports("avx512bw") ||
@@ -29,11 +31,22 @@ inline InstructionSet DetectedInstructionSet() {
 #endif
 }
 
-// The highest level that may run. Tests and benchmarks lower it; nothing else writes it.
-inline std::atomic<InstructionSet> instruction_set_limit = InstructionSet::kAvx512;
+inline constexpr auto kInstructionSetUnknown = static_cast<InstructionSet>(-1);
+
+// The level in use; unknown until the first operation. Threads that meet there all store the same.
+inline constinit std::atomic<InstructionSet> instruction_set_in_use = kInstructionSetUnknown;
+
+// Makes all operations run at `wanted`, or at the highest level if that is lower. For tests and benchmarks: no
+// operation may be running meanwhile.
+inline void UseInstructionSet(InstructionSet wanted) {
+    instruction_set_in_use.store(std::min(wanted, DetectedInstructionSet()), std::memory_order_relaxed);
+}
 
 // Returns the level to run now.
 inline InstructionSet ActiveInstructionSet() {
-    static const InstructionSet detected = DetectedInstructionSet();
-    return std::min(detected, instruction_set_limit.load(std::memory_order_relaxed));
+    const InstructionSet active = instruction_set_in_use.load(std::memory_order_relaxed);
+    if (active != kInstructionSetUnknown) [[likely]]
+        return active;
+    UseInstructionSet(InstructionSet::kAvx512);
+    return instruction_set_in_use.load(std::memory_order_relaxed);
 }

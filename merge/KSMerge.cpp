@@ -2,65 +2,26 @@
 // The tables of the composition modes, and the choice of the kernels that their entries call.
 #include "merge/KSMerge.h"
 
+#include "hdr/instruction_set.h"
 #include "merge/levels.h"
 #include "merge/mode_table.h"
 
-#include <atomic>
 #include <iterator>
 
 namespace ks_merge {
-namespace {
 
-// Null until the first kernel is called or a level is chosen. Threads that meet here first all store the
-// same value.
-constinit std::atomic<const level_kernels*> the_kernels = nullptr;
-
-const level_kernels* KernelsOf(level wanted) {
-#if KS_MERGE_X86_LEVELS
-    switch (wanted) {
-    case level::avx512:
-        return &kernels_avx512;
-    case level::avx2:
-        return &kernels_avx2;
-    case level::baseline:
+const level_kernels& used_kernels() {
+#if defined(__x86_64__)
+    switch (ActiveInstructionSet()) {
+    case InstructionSet::kAvx512:
+        return kernels_avx512;
+    case InstructionSet::kAvx2:
+        return kernels_avx2;
+    case InstructionSet::kBaseline:
         break;
     }
 #endif
-    static_cast<void>(wanted);
-    return &kernels_baseline;
-}
-
-}  // namespace
-
-const level_kernels& used_kernels() {
-    const level_kernels* kernels = the_kernels.load(std::memory_order_relaxed);
-    if (!kernels) [[unlikely]] {
-        kernels = KernelsOf(best_level());
-        the_kernels.store(kernels, std::memory_order_relaxed);
-    }
-    return *kernels;
-}
-
-const char* level_name(level which) {
-    return which == level::avx512 ? "avx512" : which == level::avx2 ? "avx2" : "baseline";
-}
-
-level best_level() {
-#if KS_MERGE_X86_LEVELS
-    __builtin_cpu_init();  // constructors of other units may call kernels before libgcc's own has run
-    if (__builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
-        __builtin_cpu_supports("avx512vl") && __builtin_cpu_supports("avx512dq"))
-        return level::avx512;
-    if (__builtin_cpu_supports("avx2"))
-        return level::avx2;
-#endif
-    return level::baseline;
-}
-
-level use_level(level wanted) {
-    const level used = wanted < best_level() ? wanted : best_level();
-    the_kernels.store(KernelsOf(used), std::memory_order_relaxed);
-    return used;
+    return kernels_baseline;
 }
 
 namespace {

@@ -1,51 +1,21 @@
 // SPDX-License-Identifier: MIT
-// Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for.
-//
-// Included by one unit per instruction set. Everything here has internal linkage and is inlined, and nothing
-// of the standard library is called, so that code for a newer processor cannot be linked into another unit.
+// Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for. What
+// hdr/vectors.h says of its including units holds here too.
 #pragma once
 
-#include <stdint.h>
-
-#if defined(__SSE2__)
-#include <immintrin.h>
-#endif
-
-#define KS_INLINE inline __attribute__((always_inline))
+#include "hdr/vectors.h"
 
 namespace ks_merge {
 namespace {
 
-#if defined(__AVX512BW__)
-constexpr int32_t kVectorBytes = 64;
-#elif defined(__AVX2__)
-constexpr int32_t kVectorBytes = 32;
-#else
-constexpr int32_t kVectorBytes = 16;
-#endif
-
-// How many pixels a vector holds.
-constexpr int32_t kLanes = kVectorBytes / 4;
-
-using Bytes [[gnu::vector_size(kVectorBytes)]] = uint8_t;
-using Halves [[gnu::vector_size(kVectorBytes)]] = uint16_t;  // two channels of each pixel
-using SignedHalves [[gnu::vector_size(kVectorBytes)]] = int16_t;
-using Words [[gnu::vector_size(kVectorBytes)]] = uint32_t;  // pixels, or one channel of each
-using SignedWords [[gnu::vector_size(kVectorBytes)]] = int32_t;
-using Floats [[gnu::vector_size(kVectorBytes)]] = float;
+using namespace ks_vectors;
 
 KS_INLINE Words splat(uint32_t word) {
     return Words{} + word;
 }
 
 KS_INLINE Words load(const uint32_t* p) {
-    Words w;
-    __builtin_memcpy(&w, p, sizeof w);
-    return w;
-}
-
-KS_INLINE void store(uint32_t* p, Words w) {
-    __builtin_memcpy(p, &w, sizeof w);
+    return ks_vectors::load<Words>(p);
 }
 
 // A run shorter than a vector, of 1 to kLanes - 1 pixels. Nothing beyond it is read or written; the lanes
@@ -118,21 +88,7 @@ KS_INLINE bool all_opaque(Words w) {
 
 // Whether every pixel has alpha 0.
 KS_INLINE bool all_clear(Words w) {
-#if defined(__AVX512BW__)
-    return _mm512_test_epi32_mask(reinterpret_cast<__m512i>(w), _mm512_set1_epi32(-0x1000000)) == 0;
-#elif defined(__AVX2__)
-    return _mm256_testz_si256(reinterpret_cast<__m256i>(w), _mm256_set1_epi32(-0x1000000));
-#else
-    Words all = w & 0xFF000000u;
-#if defined(__SSE2__)
-    return _mm_movemask_epi8(_mm_cmpeq_epi8(reinterpret_cast<__m128i>(all), __m128i{})) == 0xFFFF;
-#else
-    uint32_t any = 0;
-    for (int32_t i = 0; i < kLanes; i++)
-        any |= all[i];
-    return any == 0;
-#endif
-#endif
+    return !any(w & 0xFF000000u);
 }
 
 // Whether no pixel has alpha 0.
@@ -142,14 +98,6 @@ KS_INLINE bool none_clear(Words w) {
 #else
     return all_opaque(reinterpret_cast<Words>((w & 0xFF000000u) != 0));
 #endif
-}
-
-template <class Vector> KS_INLINE Vector least(Vector a, Vector b) {
-    return a < b ? a : b;
-}
-
-template <class Vector> KS_INLINE Vector greatest(Vector a, Vector b) {
-    return a > b ? a : b;
 }
 
 KS_INLINE Bytes bytes(Words w) {

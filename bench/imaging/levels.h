@@ -3,7 +3,6 @@
 #pragma once
 
 #include "hdr/instruction_set.h"
-#include "merge/levels.h"
 
 #include <functional>
 #include <string>
@@ -26,19 +25,11 @@ inline std::vector<Level> levels() {
     return result;
 }
 
-// Holds both pixel engines to a level.
-inline void hold_to(InstructionSet set) {
-    instruction_set_limit = set;
-    ks_merge::use_level(set == InstructionSet::kBaseline ? ks_merge::level::baseline
-                        : set == InstructionSet::kAvx2   ? ks_merge::level::avx2
-                                                         : ks_merge::level::avx512);
-}
-
 // Returns `pass`, held to the level.
 inline std::function<void()> at_level(const Level& level, std::function<void()> pass) {
     return [set = level.set, pass = std::move(pass)] {
-        hold_to(set);
+        UseInstructionSet(set);
         pass();
-        hold_to(InstructionSet::kAvx512);
+        UseInstructionSet(InstructionSet::kAvx512);
     };
 }

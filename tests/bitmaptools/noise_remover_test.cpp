@@ -13,8 +13,8 @@ void ExpectCleaned(Random& random, const Bytes& image, long width, long height, 
     reference::BitmapTools::NoiseRemover(
         want.data(), static_cast<std::uint32_t>(width), static_cast<std::uint32_t>(height),
         static_cast<std::uint8_t>(radius), static_cast<std::uint8_t>(threshold));
-    for (const InstructionSet level : kInstructionSets) {
-        const ScopedInstructionSet scope(level);
+    for (const InstructionSet set : RunnableInstructionSets()) {
+        const ScopedInstructionSet forced(set);
         GuardedArray<std::uint8_t> got(image.size(), random.OneIn(2) ? Against::kFront : Against::kBack);
         std::copy(image.begin(), image.end(), got.data());
         KSBitmapTools::NoiseRemover(got.data(), static_cast<std::uint32_t>(width),
@@ -24,7 +24,7 @@ void ExpectCleaned(Random& random, const Bytes& image, long width, long height, 
             ASSERT_EQ(got.data()[i], want[i])
                 << "was " << int{image[i]} << " at (" << i % width << ", " << i / width << ") of " << width
                 << " x " << height << ", radius " << radius << ", threshold " << threshold << ", seed "
-                << random.seed() << ", level " << static_cast<int>(level);
+                << random.seed() << ", " << NameOf(set);
     }
 }
 

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "bitmaptools/KSBitmapTools.h"
-#include "hdr/instruction_set.h"
+#include "tests/instruction_sets.h"
 #include "tests/reference/sampling.h"
 
 #include <gtest/gtest.h>
@@ -113,16 +113,6 @@ private:
     std::uint32_t _seed;
 };
 
-inline constexpr InstructionSet kInstructionSets[] = {InstructionSet::kBaseline, InstructionSet::kAvx2,
-                                                      InstructionSet::kAvx512};
-
-// Lets at most `level` run until the end of the scope.
-class ScopedInstructionSet {
-public:
-    explicit ScopedInstructionSet(InstructionSet level) { instruction_set_limit = level; }
-    ~ScopedInstructionSet() { instruction_set_limit = InstructionSet::kAvx512; }
-};
-
 // An image in a guarded array that ends with the last pixel of its last row.
 struct TestImage {
     long width, height, row_length;
@@ -155,15 +145,15 @@ void ExpectLikeReference(Random& random, TestImage& source, TestImage& destinati
     std::vector<std::uint32_t> want = before;
     operation(std::type_identity<reference::BitmapTools>(), source.array.data(), want.data());
     source.array.SetWritable(false);
-    for (const InstructionSet level : kInstructionSets) {
-        const ScopedInstructionSet scope(level);
+    for (const InstructionSet set : RunnableInstructionSets()) {
+        const ScopedInstructionSet forced(set);
         std::copy(before.begin(), before.end(), items.begin());
         operation(std::type_identity<KSBitmapTools>(), source.array.data(), destination.array.data());
         for (std::size_t i = 0; i < items.size(); ++i)
             ASSERT_EQ(items[i], want[i])
                 << std::hex << "want " << want[i] << ", got " << items[i] << ", was " << before[i] << std::dec
-                << ", seed " << random.seed() << ", level " << static_cast<int>(level) << ", pixel "
-                << destination.Place(i) << ", source " << source.width << " x " << source.height;
+                << ", seed " << random.seed() << ", " << NameOf(set) << ", pixel " << destination.Place(i)
+                << ", source " << source.width << " x " << source.height;
     }
     source.array.SetWritable(true);
 }

@@ -1,7 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Sweeps of the arithmetic: every level and family against the modes computed one channel at a time.
-#include "tests/merge/levels.h"
+// Sweeps of the arithmetic: every instruction set and family against the modes computed one channel at a
+// time.
+#include "tests/instruction_sets.h"
+#include "tests/merge/modes.h"
 #include "tests/reference/composition.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -37,7 +41,7 @@ testing::AssertionResult SameRow(const char* family, ks_composition_mode mode, c
     return testing::AssertionFailure() << text;
 }
 
-// Composes `src` onto `dst` with the array kernel of every level, and pixel by pixel.
+// Composes `src` onto `dst` with the array kernel with every instruction set, and pixel by pixel.
 void CheckArrays(ks_composition_mode mode, const Row& dst, const Row& src, Word opacity) {
     Row want(dst.size()), got(dst.size());
     for (std::size_t i = 0; i < dst.size(); i++) {
@@ -48,25 +52,24 @@ void CheckArrays(ks_composition_mode mode, const Row& dst, const Row& src, Word 
     if (mode == kMergeErase || mode == kMergeAlphaMask)
         for (std::size_t i = 0; i < dst.size(); i++)
             want[i] = reference::ComposeInArray(mode, dst[i], src[i], opacity);
-    for (const ks_merge::level level : RunnableLevels()) {
-        const ScopedLevel forced(level);
+    for (const InstructionSet set : RunnableInstructionSets()) {
+        const ScopedInstructionSet forced(set);
         got = dst;
         KSMerge::hash_array_func[mode](got.data(), src.data(), opacity, CountOf(got));
-        ASSERT_TRUE(SameRow("array", mode, dst, src, opacity, got, want)) << level_name(level);
+        ASSERT_TRUE(SameRow("array", mode, dst, src, opacity, got, want)) << NameOf(set);
     }
 }
 
-// Composes one colour onto `dst` with the run kernel of every level.
+// Composes one colour onto `dst` with the run kernel of every instruction set.
 void CheckRuns(ks_composition_mode mode, const Row& dst, Word color, Word opacity) {
     Row want(dst.size());
     for (std::size_t i = 0; i < dst.size(); i++)
         want[i] = reference::ComposeInRun(mode, dst[i], color, opacity);
-    for (const ks_merge::level level : RunnableLevels()) {
-        const ScopedLevel forced(level);
+    for (const InstructionSet set : RunnableInstructionSets()) {
+        const ScopedInstructionSet forced(set);
         Row got = dst;
         KSMerge::hash_color_func[mode](got.data(), color, opacity, CountOf(got));
-        ASSERT_TRUE(SameRow("run", mode, dst, Row(dst.size(), color), opacity, got, want))
-            << level_name(level);
+        ASSERT_TRUE(SameRow("run", mode, dst, Row(dst.size(), color), opacity, got, want)) << NameOf(set);
     }
 }
 

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // What the run and array kernels touch: runs of every length and alignment, pages that must not be touched.
-#include "tests/merge/levels.h"
+#include "tests/instruction_sets.h"
+#include "tests/merge/modes.h"
 #include "tests/reference/composition.h"
+
+#include <gtest/gtest.h>
 
 #include <sys/mman.h>
 #include <unistd.h>
@@ -47,20 +50,19 @@ private:
     char* _all;
 };
 
-class RunsOfMode : public testing::TestWithParam<std::tuple<ks_composition_mode, ks_merge::level>> {
+class RunsOfMode : public testing::TestWithParam<std::tuple<ks_composition_mode, InstructionSet>> {
 protected:
     ks_composition_mode Mode() const { return std::get<0>(GetParam()); }
 
 private:
-    ScopedLevel _level{std::get<1>(GetParam())};
+    ScopedInstructionSet _set{std::get<1>(GetParam())};
 };
 
 INSTANTIATE_TEST_SUITE_P(Modes, RunsOfMode,
                          testing::Combine(testing::ValuesIn(AllModesBut({kMergeDissolve})),
-                                          testing::ValuesIn(RunnableLevels())),
+                                          testing::ValuesIn(RunnableInstructionSets())),
                          [](const auto& test) {
-                             return ModeName(std::get<0>(test.param)) + "_" +
-                                    level_name(std::get<1>(test.param));
+                             return ModeName(std::get<0>(test.param)) + "_" + NameOf(std::get<1>(test.param));
                          });
 
 constexpr std::int32_t kLongest = 130;
@@ -150,9 +152,9 @@ TEST(Runs, TouchNothingAtOpacityZero) {
     GuardedPages dst(1);
     dst.Protect(1, PROT_NONE);
     const Row src(kLongest, 0xFF408020);
-    for (const ks_merge::level level : RunnableLevels())
+    for (const InstructionSet set : RunnableInstructionSets())
         for (const ks_composition_mode mode : {kMergeNormal, kMergeFilter, kMergeOverlay}) {
-            const ScopedLevel forced(level);
+            const ScopedInstructionSet forced(set);
             for (std::int32_t count = 0; count <= kLongest; count++) {
                 KSMerge::hash_array_func[mode](dst.Begin(), src.data(), 0, count);
                 KSMerge::hash_color_func[mode](dst.Begin(), src[0], 0, count);

@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The tables themselves, worked values, Dissolve's random numbers, and the pixels promised on every
 // processor.
-#include "tests/merge/levels.h"
+#include "tests/instruction_sets.h"
+#include "tests/merge/modes.h"
 #include "tests/reference/composition.h"
+
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
@@ -108,9 +111,9 @@ TEST(Dissolve, DrawsOneNumberPerUncertainPixelInOrder) {
         src.push_back((i * 7 % 256) << 24 | i);
         dst.push_back(0x55000000 + i);
     }
-    for (const ks_merge::level level : RunnableLevels())
+    for (const InstructionSet set : RunnableInstructionSets())
         for (const Word opacity : {255u, 254u, 100u, 0u}) {
-            const ScopedLevel forced(level);
+            const ScopedInstructionSet forced(set);
             Row array = dst, run = dst, want_array = dst, want_run = dst;
             std::srand(42);
             for (std::size_t i = 0; i < dst.size(); i++)
@@ -197,17 +200,17 @@ std::uint64_t HashOf(const Row& row) {
     return hash;
 }
 
-TEST(PublishedHashes, HoldOnEveryLevel) {
+TEST(PublishedHashes, HoldOnEveryInstructionSet) {
     Sequence sequence;
     Row dst(4096), src(4096);
     for (std::size_t i = 0; i < dst.size(); i++) {
         dst[i] = sequence.NextPixel();
         src[i] = sequence.NextPixel();
     }
-    for (const ks_merge::level level : RunnableLevels())
+    for (const InstructionSet set : RunnableInstructionSets())
         for (const PublishedHash& published : kPublished) {
-            const ScopedLevel forced(level);
-            SCOPED_TRACE(ModeName(published.mode) + " on " + level_name(level));
+            const ScopedInstructionSet forced(set);
+            SCOPED_TRACE(ModeName(published.mode) + " on " + NameOf(set));
             Row runs = dst, arrays = dst;
             for (std::size_t i = 0; i < dst.size(); i += 61) {
                 const Word opacity = i % 2 ? 255 : src[i] & 255;

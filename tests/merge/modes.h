@@ -1,30 +1,12 @@
 // SPDX-License-Identifier: MIT
-// Tests that run once on each level that this processor has.
+// Names and lists of the composition modes, for tests of each.
 #pragma once
 
-#include "merge/levels.h"
+#include "merge/KSMerge.h"
 
-#include <gtest/gtest.h>
-
+#include <initializer_list>
 #include <string>
 #include <vector>
-
-inline std::vector<ks_merge::level> RunnableLevels() {
-    std::vector<ks_merge::level> levels;
-    for (const ks_merge::level each : ks_merge::kLevels)
-        if (each <= ks_merge::best_level())
-            levels.push_back(each);
-    return levels;
-}
-
-// Uses one level while it lives.
-class ScopedLevel {
-public:
-    explicit ScopedLevel(ks_merge::level wanted) { EXPECT_EQ(ks_merge::use_level(wanted), wanted); }
-    ~ScopedLevel() { ks_merge::use_level(ks_merge::best_level()); }
-    ScopedLevel(const ScopedLevel&) = delete;
-    ScopedLevel& operator=(const ScopedLevel&) = delete;
-};
 
 inline std::string ModeName(ks_composition_mode mode) {
     std::string name;
