@@ -61,11 +61,17 @@ struct Block {
     std::uint32_t* bottom = pairs[1];
 };
 
-// Sets the fractions of the positions start + k * step.
-KS_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
+// Returns the positions start + k * step, modulo 2^32.
+KS_INLINE Words Positions32(std::int64_t start, std::int64_t step) {
     Words position;
     for (int k = 0; k < kLanes; ++k)
         position[k] = static_cast<std::uint32_t>(start + k * step);
+    return position;
+}
+
+// Sets the fractions of the positions start + k * step.
+KS_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
+    Words position = Positions32(start, step);
     for (int k = 0; k < kBlock; k += kLanes) {
         store(fractions + k, position & 4095);
         position += static_cast<std::uint32_t>(step) * kLanes;
@@ -176,81 +182,160 @@ KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const I
         to[k] = from[indices[k]];
 }
 
+// Returns the words of two vectors, one behind the other, that `indices` name.
+KS_INLINE Words Pick(const Words& low, const Words& high, const Words& indices) {
+#if defined(__AVX512BW__)
+    return reinterpret_cast<Words>(_mm512_permutex2var_epi32(
+        reinterpret_cast<__m512i>(low), reinterpret_cast<__m512i>(indices), reinterpret_cast<__m512i>(high)));
+#elif defined(__AVX2__)
+    const auto permuted = [&](const Words& from) {
+        return reinterpret_cast<Words>(
+            _mm256_permutevar8x32_epi32(reinterpret_cast<__m256i>(from), reinterpret_cast<__m256i>(indices)));
+    };
+    return indices < kLanes ? permuted(low) : permuted(high);
+#else
+    static_cast<void>(high);
+    return low ^ indices;  // never called
+#endif
+}
+
+// Whether Pick is faster than to load the words one by one.
+#if defined(__AVX2__)
+constexpr bool kPicks = true;
+#else
+constexpr bool kPicks = false;
+#endif
+
+// The source columns of a strip of destination columns, for any row. Those of a vector of positions lie close
+// together unless the image is made much smaller; then they are picked from two vectors of the row.
+struct Columns {
+    static constexpr std::int64_t kStrip = 2048;
+
+    // Of the positions first <= k < last from `start` on, a `step` apart, picks those of whole vectors.
+    // `beyond` more columns are picked with each.
+    Columns(std::int64_t width, std::int64_t start, std::int64_t step, Interval interval,
+            std::int64_t beyond) {
+        for (std::int64_t k = interval.first; k < interval.last; ++k)
+            columns[k] = static_cast<std::int32_t>((start + k * step) >> kFractionBits);
+        const std::int64_t reach = ((kLanes - 1) * step >> kFractionBits) + 1 + beyond;
+        const bool picks = kPicks && width >= 2 * kLanes && reach < 2 * kLanes;
+        picked = {interval.first,
+                  picks ? interval.last - (interval.last - interval.first) % kLanes : interval.first};
+        for (std::int64_t k = picked.first; k < picked.last; k += kLanes) {
+            bases[k / kLanes] = least(columns[k], static_cast<std::int32_t>(width - 2 * kLanes));
+            store(columns + k, load<SignedWords>(columns + k) - bases[k / kLanes]);
+        }
+    }
+
+    Interval picked;
+    std::int32_t columns[kStrip];  // relative to the base where picked
+    std::int32_t bases[kStrip / kLanes + 1];
+};
+
 void ScalePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                 const Axis& y) {
-    constexpr std::int64_t kStrip = 4096;
-    std::int32_t columns[kStrip];
-    for (std::int64_t first = 0; first < destination.width; first += kStrip) {
-        const std::int64_t count = least<std::int64_t>(kStrip, destination.width - first);
-        for (std::int64_t k = 0; k < count; ++k)
-            columns[k] = static_cast<std::int32_t>((x.start + (first + k) * x.column) >> kFractionBits);
+    for (std::int64_t first = 0; first < destination.width; first += Columns::kStrip) {
+        const std::int64_t count = least(Columns::kStrip, destination.width - first);
+        const Columns columns(source.width, x.start + first * x.column, x.column, {0, count}, 0);
         const std::size_t bytes = static_cast<std::size_t>(count) * 4;
         std::int64_t last_row = -1;
         for (std::int64_t j = 0; j < destination.height; ++j) {
             const std::int64_t row = (y.start + j * y.row) >> kFractionBits;
             std::uint32_t* to = destination.words + j * destination.row_length + first;
             const std::uint32_t* from = source.words + row * source.row_length;
-            if (row == last_row)
+            if (row == last_row) {
                 __builtin_memmove(to, to - destination.row_length, bytes);  // rows may overlap if too short
-            else if (x.column == kOne)
-                __builtin_memcpy(to, from + columns[0], bytes);
-            else
-                CopyIndexed(to, from, columns, count);
+            } else if (x.column == kOne) {
+                __builtin_memcpy(to, from + first, bytes);
+            } else {
+                for (std::int64_t k = 0; k < columns.picked.last; k += kLanes) {
+                    const std::uint32_t* base = from + columns.bases[k / kLanes];
+                    store(to + k, Pick(load<Words>(base), load<Words>(base + kLanes),
+                                       load<Words>(columns.columns + k)));
+                }
+                CopyIndexed(to + columns.picked.last, from, columns.columns + columns.picked.last,
+                            count - columns.picked.last);
+            }
             last_row = row;
         }
     }
 }
 
-// Collects the neighbours in row `y` of `count` positions x + k * step, of which `inner` have both of them.
-void CollectRow(const SourcePixels& source, std::uint32_t* pairs, std::int64_t count, std::int64_t x,
-                std::int64_t step, Interval inner, std::int64_t y) {
+// Collects the neighbours in row `y` of `count` positions start + k * step.
+void CollectRow(const SourcePixels& source, std::uint32_t* pairs, std::int64_t count, std::int64_t start,
+                std::int64_t step, std::int64_t y) {
     if (y < 0 || y >= source.height) {
         __builtin_memset(pairs, 0, static_cast<std::size_t>(count) * 8);
         return;
     }
     const std::uint32_t* row = source.words + y * source.row_length;
+    const Interval inner = Clip({0, count}, start, step, 0, (source.width - 1) * kOne);
     for (std::int64_t k = 0; k < inner.first; ++k)
-        CollectTested(source, pairs, k, (x + k * step) >> kFractionBits, y);
+        CollectTested(source, pairs, k, (start + k * step) >> kFractionBits, y);
     for (std::int64_t k = inner.first; k < inner.last; ++k)
-        CollectPair(row + ((x + k * step) >> kFractionBits), pairs, k);
+        CollectPair(row + ((start + k * step) >> kFractionBits), pairs, k);
     for (std::int64_t k = inner.last; k < count; ++k)
-        CollectTested(source, pairs, k, (x + k * step) >> kFractionBits, y);
+        CollectTested(source, pairs, k, (start + k * step) >> kFractionBits, y);
 }
 
-void ScaleBilinearBlock(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
-                        const Axis& y, Interval columns, Interval rows) {
-    Block block;
-    const std::int64_t count = columns.last - columns.first, start = x.start + columns.first * x.column;
-    const Interval inner = Clip({0, count}, start, x.column, 0, (source.width - 1) * kOne);
-    FillFractions(block.fx, start, x.column);
-    std::int64_t top_row = -2, bottom_row = -2;  // no row yet
-    for (std::int64_t j = rows.first; j < rows.last; ++j) {
-        const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
-        FillFractions(block.fy, position, 0);
-        if (row == bottom_row) {
-            std::uint32_t* pairs = block.top;
-            block.top = block.bottom;
-            block.bottom = pairs;
-            bottom_row = top_row;
-            top_row = row;
-        }
-        if (row != top_row)
-            CollectRow(source, block.top, count, start, x.column, inner, row);
-        if (row + 1 != bottom_row)
-            CollectRow(source, block.bottom, count, start, x.column, inner, row + 1);
-        top_row = row;
-        bottom_row = row + 1;
-        StoreSamples(block, destination.words + j * destination.row_length + columns.first, count);
+// Scales a part of a row of the destination; position k is start + k * step.
+void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t* to, std::int64_t start,
+                         std::int64_t step, std::int64_t y, Interval interval) {
+    FillFractions(block.fy, y, 0);
+    const std::int64_t row = y >> kFractionBits;
+    for (std::int64_t first = interval.first; first < interval.last; first += kBlock) {
+        const std::int64_t count = least(kBlock, interval.last - first), from = start + first * step;
+        FillFractions(block.fx, from, step);
+        CollectRow(source, block.top, count, from, step, row);
+        CollectRow(source, block.bottom, count, from, step, row + 1);
+        StoreSamples(block, to + first, count);
+    }
+}
+
+// Scales the picked part of a row whose neighbours all lie in the source.
+void ScaleBilinearPicked(const SourcePixels& source, std::uint32_t* to, const Columns& columns,
+                         std::int64_t start, std::int64_t step, std::int64_t y) {
+    const std::uint32_t* const top = source.words + (y >> kFractionBits) * source.row_length;
+    const std::uint32_t* const bottom = top + source.row_length;
+    const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
+    Words position = Positions32(start + columns.picked.first * step, step);
+    for (std::int64_t k = columns.picked.first; k < columns.picked.last; k += kLanes) {
+        const std::int64_t base = columns.bases[k / kLanes];
+        const Words left = load<Words>(columns.columns + k), right = left + 1;
+        const Words top_low = load<Words>(top + base), top_high = load<Words>(top + base + kLanes);
+        const Words bottom_low = load<Words>(bottom + base),
+                    bottom_high = load<Words>(bottom + base + kLanes);
+        const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
+                                    Pick(bottom_low, bottom_high, left),
+                                    Pick(bottom_low, bottom_high, right)};
+        const Words fx = position & (kOne - 1);
+        const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
+        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, fx, fy)
+                                                : Sample<true>(neighbours, fx, fy));
+        position += static_cast<std::uint32_t>(step * kLanes);
     }
 }
 
 void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                    const Axis& y) {
-    for (std::int64_t j = 0; j < destination.height; j += kBand)
-        for (std::int64_t i = 0; i < destination.width; i += kBlock)
-            ScaleBilinearBlock(source, destination, x, y,
-                               {i, least<std::int64_t>(i + kBlock, destination.width)},
-                               {j, least<std::int64_t>(j + kBand, destination.height)});
+    Block block;
+    for (std::int64_t first = 0; first < destination.width; first += Columns::kStrip) {
+        const std::int64_t count = least(Columns::kStrip, destination.width - first);
+        const std::int64_t start = x.start + first * x.column;
+        const Interval inner = Clip({0, count}, start, x.column, 0, (source.width - 1) * kOne);
+        const Columns columns(source.width, start, x.column, inner, 1);
+        for (std::int64_t j = 0; j < destination.height; ++j) {
+            const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
+            std::uint32_t* to = destination.words + j * destination.row_length + first;
+            if (row < 0 || row + 1 >= source.height) {
+                ScaleBilinearTested(source, block, to, start, x.column, position, {0, count});
+                continue;
+            }
+            ScaleBilinearTested(source, block, to, start, x.column, position, {0, columns.picked.first});
+            ScaleBilinearPicked(source, to, columns, start, x.column, position);
+            ScaleBilinearTested(source, block, to, start, x.column, position, {columns.picked.last, count});
+        }
+    }
 }
 
 // Walks the destination in blocks of a row, band by band, and calls `sample(i, j, count, inner)` for each

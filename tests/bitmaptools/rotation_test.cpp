@@ -176,4 +176,40 @@ TEST(Rotation, FarAndHugeRectangles) {
     }
 }
 
+// Offsets of more than 2^31 words: the rows lie apart in memory that is only set aside.
+TEST(Rotation, ReadsSourcesOfManyWords) {
+    constexpr std::uint32_t kRow = 1u << 29;
+    constexpr std::size_t kWords = std::size_t{kRow} * 5 + 4;
+    void* const memory =
+        mmap(nullptr, kWords * 4, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0);
+    if (memory == MAP_FAILED)
+        GTEST_SKIP() << "no address space for " << kWords << " words";
+    auto* const wide = static_cast<std::uint32_t*>(memory);
+    std::uint32_t narrow[6 * 4];
+    for (std::uint32_t i = 0; i < 24; ++i)
+        wide[std::size_t{i / 4} * kRow + i % 4] = narrow[i] = 0xFF000000 | i * 0x0A0705;
+    const KSRect<long> frame(0, 0, 3, 5);
+    for (const InstructionSet set : RunnableInstructionSets()) {
+        const ScopedInstructionSet forced(set);
+        std::uint32_t want[24], got[24];
+        const auto expect_same = [&](auto operation) {
+            std::fill_n(want, 24, 1);
+            std::fill_n(got, 24, 1);
+            operation(narrow, want, 4);
+            operation(wide, got, kRow);
+            EXPECT_EQ(0, std::memcmp(want, got, sizeof want)) << NameOf(set);
+            EXPECT_NE(want[21], 1u) << "the last row is drawn";
+        };
+        for (const auto rotate : {KSBitmapTools::RotatePlain, KSBitmapTools::RotateBiLin})
+            expect_same([&](const std::uint32_t* from, std::uint32_t* to, std::uint32_t row) {
+                rotate(frame, frame, {1.5, 2.5}, 0.1, from, to, row, 4);
+            });
+        for (const auto transform : {KSBitmapTools::TransformPlain, KSBitmapTools::TransformBiLin})
+            expect_same([&](const std::uint32_t* from, std::uint32_t* to, std::uint32_t row) {
+                transform(frame, {-0.5, -0.2}, {4.1, -1}, {4.6, 6.2}, {-0.9, 6.4}, frame, from, to, row, 4);
+            });
+    }
+    munmap(memory, kWords * 4);
+}
+
 }  // namespace

@@ -49,6 +49,20 @@ TEST(Transform, EqualsItsDefinition) {
     }
 }
 
+// Over the rows the last position of a block moves across the source's last column, and the rows across its
+// last row, in steps of less than 1/4096 of a pixel: a position exactly there has no neighbour beyond.
+TEST(Transform, ReadsNothingBeyondTheLastColumnAndRow) {
+    constexpr long kRows = 9000;
+    Random random(2);
+    TestImage source(66, 2, 66, Against::kBack);
+    TestImage destination(64, kRows, 64, Against::kBack);
+    random.Paint(source.array.items());
+    ExpectLikeReference(random, source, destination, [](auto tools, const auto* pixels, auto* result) {
+        decltype(tools)::type::TransformBiLin({0, 0, 65, 1}, {0, 0}, {65.4, 0}, {65.6, kRows}, {0, kRows},
+                                              {2, 0, 65, kRows - 1}, pixels, result, 66, 64);
+    });
+}
+
 TEST(Transform, TakesTheLastColumnAndRowAtTheFarSides) {
     // b = (2, 0), c = (0, -2), a = (1, 0): exact positions with t = 1 on the right side and v = 0 at the
     // bottom.
