@@ -8,9 +8,9 @@
 namespace ks_bitmaptools {
 namespace {
 
-constexpr PixelFunctions kPixelFunctions = {ScalePlain,        ScaleBilinear,     RotatePlainAny,
-                                            RotateBilinearAny, TransformPlainAny, TransformBilinearAny,
-                                            MarkLonelyAny,     CountEqual,        SumCounts};
+constexpr PixelFunctions kPixelFunctions = {
+    ScalePlain,           ScaleBilinear, RotatePlainAny, RotateBilinearAny, TransformPlainAny,
+    TransformBilinearAny, FindLonelyAny, CountEqual,     SumBytes,          SumHalves};
 
 }  // namespace
 }  // namespace ks_bitmaptools

@@ -16,35 +16,55 @@ constexpr std::int64_t kStrip = 1024;
 constexpr std::int64_t kValues = 256;
 
 // Counts the values of each column in a window of rows. The counts of one value in neighbouring columns lie
-// side by side, so that their sum over a square takes a few vectors.
-class ColumnHistograms {
+// side by side, so that their sum over a square takes a few vectors. `Count` holds the number of rows.
+template <class Count> class ColumnHistograms {
 public:
     // Makes room for `columns` columns.
     explicit ColumnHistograms(std::int64_t columns) {
         // An odd number of cache lines from value to value keeps these from competing for the same sets.
-        constexpr std::int64_t kLine = 32;
+        constexpr std::int64_t kLine = 64 / sizeof(Count);
         _pitch = ((columns + kLine - 1) / kLine | 1) * kLine;
         _counts.resize(static_cast<std::size_t>(kValues * _pitch + kReadBeyond));
     }
 
-    void Clear() { std::fill(_counts.begin(), _counts.end(), std::uint16_t{0}); }
+    void Clear() { std::fill(_counts.begin(), _counts.end(), Count{0}); }
 
     // Counts a row of `columns` bytes in (`change` is 1) or out (-1).
     void Change(const std::uint8_t* row, std::int64_t columns, int change) {
         for (std::int64_t x = 0; x < columns; ++x) {
-            std::uint16_t& count = _counts[static_cast<std::size_t>(row[x] * _pitch + x)];
-            count = static_cast<std::uint16_t>(count + change);
+            Count& count = _counts[static_cast<std::size_t>(row[x] * _pitch + x)];
+            count = static_cast<Count>(count + change);
         }
     }
 
     // The counts of `value` from column `x` on.
-    const std::uint16_t* At(std::uint8_t value, std::int64_t x) const {
-        return _counts.data() + value * _pitch + x;
-    }
+    const Count* At(std::uint8_t value, std::int64_t x) const { return _counts.data() + value * _pitch + x; }
 
 private:
     std::int64_t _pitch;
-    std::vector<std::uint16_t> _counts;
+    std::vector<Count> _counts;
+};
+
+// Counts the values of a stretch of a row that moves to the right.
+class RowHistogram {
+public:
+    // An empty stretch before column `first`.
+    RowHistogram(const std::uint8_t* row, std::int64_t first) : _row(row), _first(first), _last(first) {}
+
+    // Moves to first <= x < last, neither of which is less than it was.
+    void MoveTo(std::int64_t first, std::int64_t last) {
+        for (; _last < last; ++_last)
+            ++_counts[_row[_last]];
+        for (; _first < first; ++_first)
+            --_counts[_row[_first]];
+    }
+
+    std::uint16_t operator[](std::uint8_t value) const { return _counts[value]; }
+
+private:
+    const std::uint8_t* _row;
+    std::int64_t _first, _last;
+    std::uint16_t _counts[kValues] = {};
 };
 
 class Remover {
@@ -58,20 +78,22 @@ public:
           _lonely(static_cast<std::size_t>(width)) {}
 
     void Run() {
-        const std::int64_t lonely = CountLonely();
-        if (lonely == 0)
-            return;
-        const std::int64_t pixels = _width * _height;
-        std::vector<std::uint8_t> copy;
-        copy.reserve(static_cast<std::size_t>(pixels + kReadBeyond));
-        copy.assign(_image, _image + pixels);
-        copy.resize(static_cast<std::size_t>(pixels + kReadBeyond));
-        _before = copy.data();
-        // In cycles, roughly, per row of a square and per pixel of the image.
-        if (lonely * (2 * _radius + 1) * 16 < pixels * 6 + lonely * 50)
-            CleanByComparing();
-        else
-            CleanByHistograms();
+        // What comparing a square takes beyond looking it up in histograms, and what these take, in cycles
+        // per lonely pixel and per pixel. At least so much that the list of the former is half an image at
+        // most.
+        constexpr std::int64_t kPerRow = 16, kLookUp = 50, kLeast = 96, kHistograms = 6;
+        const std::int64_t most =
+            _width * _height * kHistograms / std::max((2 * _radius + 1) * kPerRow - kLookUp, kLeast);
+        std::vector<std::int64_t> places;
+        for (std::int64_t y = 0; y < _height; ++y) {
+            const std::int64_t count = FindLonely(y, 0, _width);
+            if (static_cast<std::int64_t>(places.size()) + count > most)
+                return 2 * _radius + 1 <= 255 ? CleanByHistograms<std::uint8_t>()
+                                              : CleanByHistograms<std::uint16_t>();
+            for (std::int64_t k = 0; k < count; ++k)
+                places.push_back(y * _width + _lonely[static_cast<std::size_t>(k)]);
+        }
+        CleanByComparing(places);
     }
 
 private:
@@ -86,65 +108,67 @@ private:
 
     const std::uint8_t* Row(std::int64_t y) const { return _before + y * _width; }
 
-    // Marks the lonely pixels first <= x < last of row `y` in _lonely; says whether there are any.
-    bool Mark(std::int64_t y, std::int64_t first, std::int64_t last) {
+    // Finds the lonely pixels first <= x < last of row `y`, puts them into _lonely and returns their number.
+    std::int64_t FindLonely(std::int64_t y, std::int64_t first, std::int64_t last) {
         const std::int64_t above = y > 0 ? y - 1 : std::min<std::int64_t>(1, _height - 1);
         const std::int64_t below = y < _height - 1 ? y + 1 : above;
         const std::uint8_t* const rows[] = {Row(above), Row(y), Row(below)};
-        return _functions.mark_lonely(rows, _width, first, last, _lonely.data());
+        return _functions.find_lonely(rows, _width, first, last, _lonely.data());
     }
 
-    std::int64_t CountLonely() {
+    // Returns how many pixels of a part of the image are equal to `value`.
+    std::int64_t CountEqual(Span columns, std::int64_t y, std::int64_t rows, std::uint8_t value) const {
+        const std::uint8_t* const start = Row(y) + columns.first;
+        if (_width * _height - (start - _before) >= (rows - 1) * _width + columns.count + kReadBeyond)
+            return _functions.count_equal(start, _width, rows, columns.count, value);
         std::int64_t count = 0;
-        for (std::int64_t y = 0; y < _height; ++y)
-            if (Mark(y, 0, _width))
-                count += std::count(_lonely.begin(), _lonely.end(), 255);
+        for (std::int64_t v = 0; v < rows; ++v)
+            count += std::count(start + v * _width, start + v * _width + columns.count, value);
         return count;
     }
 
-    // Replaces a speck by the value beside it that is the more frequent on its row.
-    void Replace(std::int64_t x, std::int64_t y) {
+    // Returns what takes the place of a speck: the value beside it that is the more frequent on its row, of
+    // which `frequency(value)` tells.
+    template <class Frequency>
+    std::uint8_t Replacement(std::int64_t x, std::int64_t y, Frequency frequency) const {
         const std::uint8_t* row = Row(y);
         const std::uint8_t left = row[x > 0 ? x - 1 : x + 1], right = row[x < _width - 1 ? x + 1 : x - 1];
-        const auto [first, count] = Around(x);
-        const bool left_is_frequent = _functions.count_equal(row + first, count, left) >
-                                      _functions.count_equal(row + first, count, right);
-        _image[y * _width + x] = left_is_frequent ? left : right;
+        return frequency(left) > frequency(right) ? left : right;
     }
 
-    // Replaces the marked pixels of a row of which `is_speck(x)` is true.
-    template <class Predicate>
-    void ReplaceMarked(std::int64_t y, std::int64_t first, std::int64_t last, Predicate is_speck) {
-        for (std::int64_t x = first; x < last; ++x)
-            if (_lonely[static_cast<std::size_t>(x)] && is_speck(x))
-                Replace(x, y);
-    }
-
-    // For few lonely pixels: compares each square byte by byte.
-    void CleanByComparing() {
-        for (std::int64_t y = 0; y < _height; ++y)
-            if (Mark(y, 0, _width))
-                ReplaceMarked(y, 0, _width, [&](std::int64_t x) { return IsSpeck(x, y); });
+    // For few lonely pixels: compares each square byte by byte. The image changes at the end.
+    void CleanByComparing(const std::vector<std::int64_t>& places) {
+        std::vector<std::uint8_t> values(places.size());
+        for (std::size_t k = 0; k < places.size(); ++k) {
+            const std::int64_t x = places[k] % _width, y = places[k] / _width;
+            const auto frequency = [&](std::uint8_t value) { return CountEqual(Around(x), y, 1, value); };
+            values[k] = IsSpeck(x, y) ? Replacement(x, y, frequency) : _before[places[k]];
+        }
+        for (std::size_t k = 0; k < places.size(); ++k)
+            _image[places[k]] = values[k];
     }
 
     bool IsSpeck(std::int64_t x, std::int64_t y) const {
         const std::uint8_t value = Row(y)[x];
-        const auto [first, columns] = Around(x);
-        std::int64_t count = 0;
-        for (std::int64_t v = std::max<std::int64_t>(y - _radius, 0); v <= std::min(y + _radius, _height - 1);
-             ++v)
-            if (v != y) {
-                count += _functions.count_equal(Row(v) + first, columns, value) - (Row(v)[x] == value);
-                if (count >= _threshold)
-                    return false;
-            }
-        return true;
+        const std::int64_t top = std::max<std::int64_t>(y - _radius, 0);
+        const std::int64_t bottom = std::min(y + _radius, _height - 1);
+        const auto count_beside = [&](std::int64_t first, std::int64_t rows) -> std::int64_t {
+            if (rows == 0)
+                return 0;
+            std::int64_t count = CountEqual(Around(x), first, rows, value);
+            for (std::int64_t v = first; v < first + rows; ++v)
+                count -= Row(v)[x] == value;
+            return count;
+        };
+        return count_beside(top, y - top) + count_beside(y + 1, bottom - y) < _threshold;
     }
 
     // For many lonely pixels: keeps histograms of the columns, over the rows that a square reaches. The way
     // of Perreault and Hebert, "Median Filtering in Constant Time" (2007), without their second level.
-    void CleanByHistograms() {
-        ColumnHistograms histograms(std::min(kStrip + 2 * _radius, _width));
+    template <class Count> void CleanByHistograms() {
+        const std::vector<std::uint8_t> copy(_image, _image + _width * _height);
+        ColumnHistograms<Count> histograms(std::min(kStrip + 2 * _radius, _width));
+        _before = copy.data();
         for (std::int64_t first = 0; first < _width; first += kStrip) {
             const std::int64_t last = std::min(first + kStrip, _width);
             const std::int64_t reached = Around(first).first;
@@ -157,30 +181,35 @@ private:
                     histograms.Change(Row(y + _radius) + reached, columns, 1);
                 if (y - _radius > 0)
                     histograms.Change(Row(y - _radius - 1) + reached, columns, -1);
-                if (Mark(y, first, last))
-                    ReplaceMarked(y, first, last,
-                                  [&](std::int64_t x) { return IsSpeck(x, y, histograms, reached); });
+                RowHistogram row(Row(y), reached);
+                const std::int64_t count = FindLonely(y, first, last);
+                for (std::int64_t k = 0; k < count; ++k) {
+                    const std::int64_t x = _lonely[static_cast<std::size_t>(k)];
+                    const Span around = Around(x);
+                    row.MoveTo(around.first, around.first + around.count);
+                    // All of the square, without its centre column, without its centre row.
+                    const std::uint8_t value = Row(y)[x];
+                    const std::int64_t equal =
+                        Sum(histograms.At(value, around.first - reached), around.count) -
+                        *histograms.At(value, x - reached) - (row[value] - 1);
+                    if (equal < _threshold)
+                        _image[y * _width + x] =
+                            Replacement(x, y, [&](std::uint8_t side) { return row[side]; });
+                }
             }
         }
     }
 
-    // `reached` is the column that `histograms` begin with.
-    bool IsSpeck(std::int64_t x, std::int64_t y, const ColumnHistograms& histograms,
-                 std::int64_t reached) const {
-        const std::uint8_t value = Row(y)[x];
-        const auto [first, columns] = Around(x);
-        // All of the square but its centre column, then without its centre row.
-        const std::int64_t count =
-            std::int64_t{_functions.sum_counts(histograms.At(value, first - reached), columns)} -
-            *histograms.At(value, x - reached);
-        if (count < _threshold || count >= _threshold + columns)
-            return count < _threshold;
-        return count - (_functions.count_equal(Row(y) + first, columns, value) - 1) < _threshold;
+    std::int64_t Sum(const std::uint8_t* counts, std::int64_t count) const {
+        return _functions.sum_bytes(counts, count);
+    }
+    std::int64_t Sum(const std::uint16_t* counts, std::int64_t count) const {
+        return _functions.sum_halves(counts, count);
     }
 
     std::uint8_t* _image;
     std::int64_t _width, _height, _radius, _threshold;
-    std::vector<std::uint8_t> _lonely;     // a mark for each column
+    std::vector<std::uint32_t> _lonely;    // found last
     const std::uint8_t* _before = _image;  // the image as it was
     const PixelFunctions& _functions = ActivePixelFunctions();
 };

@@ -61,15 +61,18 @@ struct PixelFunctions {
     void (*transform_plain)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
     void (*transform_bilinear)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
 
-    // Sets lonely[x], for first <= x < last, to 255 if the pixel x of the middle row equals none of its eight
-    // neighbours, else to 0, and says whether any does. At the top and bottom of an image the one row beside
-    // stands for the missing one too; an image of one row is its own neighbour.
-    bool (*mark_lonely)(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
-                        std::int64_t last, std::uint8_t* lonely);
-    // Returns how many of `count` <= 511 bytes are equal to `value`. May read kReadBeyond bytes behind them.
-    std::uint32_t (*count_equal)(const std::uint8_t* bytes, std::int64_t count, std::uint8_t value);
+    // Writes to `lonely` which pixels, first <= x < last, of the middle row equal none of their eight
+    // neighbours, in ascending order; returns how many do. At the top and bottom of an image the one row
+    // beside stands for the missing one too; an image of one row is its own neighbour.
+    std::int64_t (*find_lonely)(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
+                                std::int64_t last, std::uint32_t* lonely);
+    // Returns how many of `rows` rows of `count` <= 511 bytes, `row_length` apart, are equal to `value`. May
+    // read kReadBeyond bytes behind each row.
+    std::uint32_t (*count_equal)(const std::uint8_t* bytes, std::int64_t row_length, std::int64_t rows,
+                                 std::int64_t count, std::uint8_t value);
     // Returns the sum of `count` <= 511 items of at most 511. May read kReadBeyond items behind them.
-    std::uint32_t (*sum_counts)(const std::uint16_t* counts, std::int64_t count);
+    std::uint32_t (*sum_bytes)(const std::uint8_t* items, std::int64_t count);
+    std::uint32_t (*sum_halves)(const std::uint16_t* items, std::int64_t count);
 };
 
 // Each in a unit of its own; on other processors than x86-64 there is only the first.

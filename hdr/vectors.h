@@ -74,6 +74,22 @@ template <class Vector> KS_INLINE bool any(const Vector& vector) {
     return all != 0;
 }
 
+// Returns a bit for each byte that is not 0, the first byte's the lowest.
+KS_INLINE uint64_t nonzero_bytes(const Bytes& v) {
+#if defined(__AVX512BW__)
+    return _mm512_test_epi8_mask(reinterpret_cast<__m512i>(v), reinterpret_cast<__m512i>(v));
+#elif defined(__AVX2__)
+    return static_cast<uint32_t>(~_mm256_movemask_epi8(reinterpret_cast<__m256i>(v == 0)));
+#elif defined(__SSE2__)
+    return static_cast<uint16_t>(~_mm_movemask_epi8(reinterpret_cast<__m128i>(v == 0)));
+#else
+    uint64_t bits = 0;
+    for (int32_t k = 0; k < kVectorBytes; k++)
+        bits |= uint64_t{v[k] != 0} << k;
+    return bits;
+#endif
+}
+
 template <class Vector> KS_INLINE Vector least(Vector a, Vector b) {
     return a < b ? a : b;
 }

@@ -47,14 +47,23 @@ TEST(NoiseRemover, EqualsItsDefinition) {
     }
 }
 
-TEST(NoiseRemover, EqualsItsDefinitionAtLargeRadii) {
-    const int cases[][2] = {{16, 40}, {40, 9}, {64, 62}, {255, 200}};
-    for (const auto& [radius, threshold] : cases) {
-        Random random(static_cast<std::uint32_t>(radius));
-        Bytes noise(130 * 90);
+// Noise around a column of one value, at radii whose counts fit a byte and those whose do not, and in images
+// of several strips of columns.
+TEST(NoiseRemover, EqualsItsDefinitionOnNoise) {
+    const struct {
+        long width, height;
+        int radius, threshold;
+    } rows[] = {{130, 90, 16, 40},   {130, 90, 40, 9},    {130, 90, 64, 62},
+                {24, 280, 127, 250}, {24, 280, 128, 250}, {130, 90, 255, 200},
+                {1025, 9, 3, 1},     {1034, 150, 9, 2},   {2100, 20, 60, 12}};
+    for (const auto& row : rows) {
+        Random random(static_cast<std::uint32_t>(row.radius));
+        Bytes noise(static_cast<std::size_t>(row.width * row.height));
         for (auto& byte : noise)
             byte = static_cast<std::uint8_t>(random.In(0, 255));
-        ExpectCleaned(random, noise, 130, 90, radius, threshold);
+        for (long y = 0; y < row.height; ++y)
+            noise[static_cast<std::size_t>(y * row.width + row.width / 3)] = 7;
+        ExpectCleaned(random, noise, row.width, row.height, row.radius, row.threshold);
     }
 }
 
