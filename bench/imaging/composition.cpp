@@ -100,6 +100,15 @@ void add_memory(Contest& contest, const Composition& task) {
                              std::memcpy(destination, source, static_cast<std::size_t>(count) * 4);
                          }),
                 restore);
+    // The least that a mode does whose result depends on the destination.
+    contest.Add("read, change and write", Picture::kUnrelated,
+                each_row(scene,
+                         [run = task.family == Family::kRun](std::uint32_t* destination,
+                                                             const std::uint32_t* source, int count) {
+                             for (int x = 0; x < count; ++x)
+                                 destination[x] ^= run ? kColour : source[x];
+                         }),
+                restore);
 }
 
 using AddPeer = void (*)(Contest&, const Composition&);
