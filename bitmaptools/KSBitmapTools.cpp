@@ -10,7 +10,11 @@
 #include <cstddef>
 #include <limits>
 
+static_assert(sizeof(long) == 8, "coordinates are longs, and their arithmetic takes 64 bits");
+
 namespace ks_bitmaptools {
+
+using namespace ks_simd;
 
 const PixelFunctions& ActivePixelFunctions() {
 #if defined(__x86_64__)

@@ -10,7 +10,7 @@
 namespace ks_bitmaptools {
 namespace {
 
-using namespace ks_vectors;
+using namespace ks_simd;
 
 constexpr std::int64_t kByteLanes = kVectorBytes;
 

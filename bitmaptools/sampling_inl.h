@@ -15,7 +15,7 @@
 namespace ks_bitmaptools {
 namespace {
 
-using namespace ks_vectors;
+using namespace ks_simd;
 
 constexpr int kDoubleLanes = kVectorBytes / 8;
 using HalfVector [[gnu::vector_size(kVectorBytes / 2)]] = std::int32_t;

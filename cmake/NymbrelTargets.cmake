@@ -19,6 +19,14 @@ set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 
+# Whether there are instruction sets to choose from: asked of the compiler, as the code asks.
+include(CheckCXXSourceCompiles)
+check_cxx_source_compiles("
+#if !defined(__x86_64__)
+#error
+#endif
+int main() {}" NYMBREL_X86_64)
+
 # nymbrel_folder(<name> SOURCES <file>... [USES <target>...])
 #
 # Makes <name>, the code of one folder as an object library, which sees the root of the tree for its

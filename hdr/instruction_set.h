@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <atomic>
 
+namespace ks_simd {
+
 // Levels in ascending order. A processor that has one has those before it.
 enum class InstructionSet {
     kBaseline,  // what the compiler assumes of every processor it builds for
@@ -36,8 +38,8 @@ inline constexpr auto kInstructionSetUnknown = static_cast<InstructionSet>(-1);
 // The level in use; unknown until the first operation. Threads that meet there all store the same.
 inline constinit std::atomic<InstructionSet> instruction_set_in_use = kInstructionSetUnknown;
 
-// Makes all operations run at `wanted`, or at the highest level if that is lower. For tests and benchmarks: no
-// operation may be running meanwhile.
+// Makes all operations run at `wanted`, or at the highest level if that is lower. For tests and benchmarks:
+// no operation may be running meanwhile.
 inline void UseInstructionSet(InstructionSet wanted) {
     instruction_set_in_use.store(std::min(wanted, DetectedInstructionSet()), std::memory_order_relaxed);
 }
@@ -50,3 +52,5 @@ inline InstructionSet ActiveInstructionSet() {
     UseInstructionSet(InstructionSet::kAvx512);
     return instruction_set_in_use.load(std::memory_order_relaxed);
 }
+
+}  // namespace ks_simd

@@ -3,8 +3,10 @@
 #pragma once
 
 // Versions with the same major number are compatible: what was linked against an older one runs with a newer.
+// The tables of modes and the classes have sizes that programs are compiled with, so a new mode or a new member
+// of a class asks for a new major number.
 #define KS_IMAGING_VERSION_MAJOR 1
-// Grows with what is added.
+// Grows with new functions and types.
 #define KS_IMAGING_VERSION_MINOR 0
 // Grows with what is mended.
 #define KS_IMAGING_VERSION_PATCH 0

@@ -14,7 +14,7 @@
 
 #define KS_INLINE inline __attribute__((always_inline))
 
-namespace ks_vectors {
+namespace ks_simd {
 namespace {
 
 #if defined(__AVX512BW__)
@@ -99,4 +99,4 @@ template <class Vector> KS_INLINE Vector greatest(Vector a, Vector b) {
 }
 
 }  // namespace
-}  // namespace ks_vectors
+}  // namespace ks_simd

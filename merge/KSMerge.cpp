@@ -10,6 +10,8 @@
 
 namespace ks_merge {
 
+using namespace ks_simd;
+
 const level_kernels& used_kernels() {
 #if defined(__x86_64__)
     switch (ActiveInstructionSet()) {

@@ -123,8 +123,8 @@ template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint
     }
 }
 
-// Dissolve draws from rand() in the order of the pixels, once for each that is neither certain, so that no
-// vector of it is formed.
+// Dissolve draws from rand() in the order of the pixels, once for each whose threshold is below 255, so that
+// no vector of it is formed.
 uint32_t dissolved(uint32_t dst, uint32_t src, uint32_t opacity) {
     const uint32_t threshold = (src >> 24) * opacity / 255;
     if (threshold == 255)

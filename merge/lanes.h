@@ -8,14 +8,14 @@
 namespace ks_merge {
 namespace {
 
-using namespace ks_vectors;
+using namespace ks_simd;
 
 KS_INLINE Words splat(uint32_t word) {
     return Words{} + word;
 }
 
 KS_INLINE Words load(const uint32_t* p) {
-    return ks_vectors::load<Words>(p);
+    return ks_simd::load<Words>(p);
 }
 
 // A run shorter than a vector, of 1 to kLanes - 1 pixels. Nothing beyond it is read or written; the lanes

@@ -3,10 +3,8 @@
 //
 // A mode is a struct of static functions:
 //   keeps(s)       whether the destination stays as it is whatever it holds, and must not be touched;
-//   kReplaces      whether the mode has
-//   replaces(s)    whether the result is s.pixel, whatever the destination holds; if it holds for the
-//   bytewise
-//                  minimum of several vectors, it holds for each of them;
+//   replaces(s)    whether the result is s.pixel, whatever the destination holds; if it is true of the
+//                  bytewise minimum of several vectors, it is true of each of them. Only some modes have it;
 //   compose(d, s)  the result in general.
 // The formulas are the same for one pixel, a run of one colour and two runs: what does not depend on the
 // destination is computed once in a colour run because the compiler takes it out of the loop.

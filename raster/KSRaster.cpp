@@ -99,7 +99,7 @@ KSRaster::KSRaster(const KSMessage* archive) {
     const void* data = nullptr;
     std::size_t size = 0;
     if (archive->FindData(kDataField, kDataType, &data, &size) && size > 0) {
-        const raster_lock lock(*this);
+        const ks_raster_lock lock(*this);
         std::memcpy(_data, data, MIN(size, static_cast<std::size_t>(BitsLength())));
     }
 }
@@ -214,7 +214,7 @@ unsigned char* KSRaster::Row(long index) const {
 void KSRaster::ResetOptmizedFrame() {
     if (_color_space != KS_RGBA_COLOR_SPACE)
         return;
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     KSRect<long> found;
     const auto visible = [](std::uint32_t word) { return word >> 24 != 0; };
     const long width = Width(), height = _data ? Height() : 0;
@@ -263,7 +263,7 @@ void KSRaster::PrintToStream(const char* label) const {
 void KSRaster::Archive(KSMessage* archive) {
     if (archive == nullptr)
         return;
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     if (_name)
         archive->AddString(kNameField, _name.get());
     archive->AddRect(kFrameField, _frame);
@@ -298,7 +298,7 @@ const char* KSRaster::ArchiveFault(const KSMessage* archive) {
 }
 
 void KSRaster::SwapEndian() {
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     const std::int32_t length = BitsLength();
     if (_bytes_per_pixel == 2) {
         auto* unit = reinterpret_cast<std::uint16_t*>(_data);
@@ -312,7 +312,7 @@ void KSRaster::SwapEndian() {
 void KSRaster::FillAlpha(unsigned char alpha) {
     if (!HasWords())
         return;
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     auto* word = reinterpret_cast<std::uint32_t*>(_data);
     const std::uint32_t bits = std::uint32_t{alpha} << 24;
     std::for_each(word, word + BitsLength() / 4, [bits](std::uint32_t& w) { w = (w & 0x00FFFFFF) | bits; });
@@ -334,7 +334,7 @@ KSRaster* KSRaster::DuplicateRaster(ks_raster_native native) {
 void KSRaster::CopyFrom(KSRaster* source) {
     if (source == nullptr)
         return;
-    const raster_lock lock(*this), source_lock(*source);
+    const ks_raster_lock lock(*this), source_lock(*source);
     if (!_data || !source->_data)
         return;
     const long rows = MIN(source->Height(), Height());

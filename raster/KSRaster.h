@@ -49,12 +49,12 @@ struct ks_polyline_entry {
 // 0xAARRGGBB in host byte order, with straight colour and alpha 255 for opaque.
 //
 // Drawing. Every pixel that a primitive paints is composed with the pixel that is there by the drawing mode
-// at opacity 255: runs of one colour by KSMerge::hash_color_func, pixels and patterns by
-// KSMerge::hash_pixel_func. Primitives clip to the frame, report nothing, and take time in proportion to what
-// lies inside the frame. Where a primitive says that it paints a pixel twice, modes like kMergeAdd show it.
-// Any long may be passed: rectangles and pixels are exact for all of them, any other shape with a coordinate
-// outside the signed 32-bit range paints nothing. On a raster whose pixels do not take four bytes nothing is
-// painted. Primitives take no raster lock.
+// at opacity 255: rectangles and spans of one colour as by KSMerge::hash_color_func, pixels and patterns as
+// by KSMerge::hash_pixel_func (only kMergeErase tells the two apart). Primitives clip to the frame, report
+// nothing, and take time in proportion to what lies inside the frame. Where a primitive says that it paints a
+// pixel twice, modes like kMergeAdd show it. Any long may be passed: rectangles and pixels are exact for all
+// of them, any other shape with a coordinate outside the signed 32-bit range paints nothing. On a raster
+// whose pixels do not take four bytes nothing is painted. Primitives take no raster lock.
 //
 // A raster with an invalid frame is valid and has no pixels. One whose pixels would take more than 2^31 - 1
 // bytes cannot be made: its constructor throws std::bad_alloc, as for any lack of memory.

@@ -69,7 +69,7 @@ std::unique_ptr<KSRaster> KSRaster::NewLike(KSRect<long> frame, ks_raster_native
 }
 
 void KSRaster::ResizeInto(KSRaster& result, bool bilinear) const {
-    const raster_lock lock(result);
+    const ks_raster_lock lock(result);
     if (!_data)
         return;
     const long width = result.Width(), height = result.Height();
@@ -85,7 +85,7 @@ void KSRaster::ResizeInto(KSRaster& result, bool bilinear) const {
 }
 
 void KSRaster::MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) const {
-    const raster_lock lock(result);
+    const ks_raster_lock lock(result);
     if (!_data)
         return;
     const auto transform = bilinear ? KSBitmapTools::TransformBiLin : KSBitmapTools::TransformPlain;
@@ -95,7 +95,7 @@ void KSRaster::MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bo
 }
 
 void KSRaster::RotateInto(KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
-    const raster_lock result_lock(result), lock(*this);
+    const ks_raster_lock result_lock(result), lock(*this);
     const auto rotate = bilinear ? KSBitmapTools::RotateBiLin : KSBitmapTools::RotatePlain;
     rotate(_frame, result._frame, center, angle, Words(*this), Words(result),
            static_cast<std::uint32_t>(RowLength(*this)), static_cast<std::uint32_t>(RowLength(result)));
@@ -104,7 +104,7 @@ void KSRaster::RotateInto(KSRaster& result, KSPoint<double> center, double angle
 KSRaster* KSRaster::CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) {
     if (!frame.IsValid() || _bytes_per_pixel != 4)
         return nullptr;
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     auto result = NewLike(frame, native);
     ResizeInto(*result, bilinear);
     return result.release();
@@ -116,7 +116,7 @@ KSRaster* KSRaster::CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint
     if (!std::all_of(corners, corners + 4, IsFinite) || !IsFinite(center) || !std::isfinite(angle) ||
         _bytes_per_pixel != 4)
         return nullptr;
-    const raster_lock lock(*this);
+    const ks_raster_lock lock(*this);
     std::unique_ptr<KSRaster> result;
     if (p4.x == p1.x && p3.x == p2.x && p2.y == p1.y && p4.y == p3.y) {
         const KSRect<long> frame(Rounded(p1.x), Rounded(p1.y), Rounded(p3.x), Rounded(p3.y));

@@ -40,7 +40,7 @@ void WalkVisible(const ks_painter& painter, const ellipse& e, Form&& form) {
     const KSRect<long>& reach = painter.Reach();
     const distances rows = DistancesFrom(e.y, reach.top, reach.bottom);
     const distances columns = DistancesFrom(e.x, reach.left, reach.right);
-    ellipse_walk<Number> walk(e.a, e.b);
+    ks_ellipse_walk<Number> walk(e.a, e.b);
     walk.SkipToRow(rows.nearest);
     for (; walk.InFirstPart() && walk.Y() <= rows.farthest; walk.StepInFirstPart())
         form.FirstPart(walk.X(), walk.Y());

@@ -18,9 +18,9 @@
 // which may be farther out.
 //
 // Number has to hold 4 * a * a * b * b: long for radii up to kSmall, 128 bits for any others up to 2^31.
-template <class Number> class ellipse_walk {
+template <class Number> class ks_ellipse_walk {
 public:
-    ellipse_walk(long a, long b) : _a(a), _b(b), _a2(_a * _a), _b2(_b * _b) { Enter(a, 0); }
+    ks_ellipse_walk(long a, long b) : _a(a), _b(b), _a2(_a * _a), _b2(_b * _b) { Enter(a, 0); }
 
     long X() const { return _x; }
     long Y() const { return _y; }

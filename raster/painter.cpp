@@ -72,7 +72,7 @@ struct line_walk {
 
 }  // namespace
 
-void scattered_run::Compose() {
+void ks_scattered_run::Compose() {
     std::uint32_t run[kMost];
     for (std::int32_t i = 0; i < _count; i++)
         run[i] = *_pixels[i];

@@ -11,13 +11,13 @@
 #include <cstdint>
 
 // Gathers pixels from different places and composes them as one run of a colour.
-class scattered_run {
+class ks_scattered_run {
 public:
-    scattered_run(ks_merge::color_rows_func compose, std::uint32_t color)
+    ks_scattered_run(ks_merge::color_rows_func compose, std::uint32_t color)
         : _compose(compose), _color(color) {}
-    scattered_run(const scattered_run&) = delete;
-    scattered_run& operator=(const scattered_run&) = delete;
-    ~scattered_run() { Compose(); }
+    ks_scattered_run(const ks_scattered_run&) = delete;
+    ks_scattered_run& operator=(const ks_scattered_run&) = delete;
+    ~ks_scattered_run() { Compose(); }
 
     void Add(std::uint32_t* pixel) {
         if (_count == kMost)
@@ -110,7 +110,7 @@ template <class Paint> void ks_painter::PaintPixels(const Paint& paint) const {
         paint([this](std::ptrdiff_t place, long, long) { _pixels[place] = _high; });
     } else if (_pattern == nullptr && !NeedsOrder() && _mode != kMergeErase) {
         // Run kernels compute what the pixel kernels do, but for Erase.
-        scattered_run run(_compose_rows, _high);
+        ks_scattered_run run(_compose_rows, _high);
         paint([this, &run](std::ptrdiff_t place, long, long) { run.Add(_pixels + place); });
     } else {
         paint([this](std::ptrdiff_t place, long x, long y) {

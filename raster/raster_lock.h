@@ -4,13 +4,13 @@
 
 #include "raster/KSRaster.h"
 
-class raster_lock {
+class ks_raster_lock {
 public:
-    explicit raster_lock(KSRaster& raster) : _raster(raster) { _raster.Lock(); }
-    ~raster_lock() { _raster.Unlock(); }
+    explicit ks_raster_lock(KSRaster& raster) : _raster(raster) { _raster.Lock(); }
+    ~ks_raster_lock() { _raster.Unlock(); }
 
-    raster_lock(const raster_lock&) = delete;
-    raster_lock& operator=(const raster_lock&) = delete;
+    ks_raster_lock(const ks_raster_lock&) = delete;
+    ks_raster_lock& operator=(const ks_raster_lock&) = delete;
 
 private:
     KSRaster& _raster;

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+using namespace ks_simd;
+
 inline std::vector<InstructionSet> RunnableInstructionSets() {
     std::vector<InstructionSet> sets = {InstructionSet::kBaseline};
     for (const InstructionSet set : {InstructionSet::kAvx2, InstructionSet::kAvx512})

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+using namespace ks_simd;
+
 struct Level {
     std::string name;  // of the contender
     InstructionSet set;
