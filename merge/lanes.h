@@ -166,6 +166,15 @@ KS_INLINE Floats floats(Words values) {
     return __builtin_convertvector(reinterpret_cast<SignedWords>(values), Floats);
 }
 
+// a * b + c * d, exact where that is below 2^24.
+KS_INLINE Floats sum_of_products(Words a, Words b, Words c, Words d) {
+#if defined(__SSE2__) && !defined(__SSE4_1__)  // multiplies floats, but not words, with one instruction
+    return floats(a) * floats(b) + floats(c) * floats(d);
+#else
+    return floats(a * b + c * d);
+#endif
+}
+
 // a / b rounded towards zero. Exact where a is below 2^24, b is below 2^16, both are integers, and the
 // quotient is below 2^8: the next integer is at least 1 / b away, more than rounding can add.
 KS_INLINE SignedWords quotient(Floats a, Floats b) {

@@ -56,10 +56,9 @@ KS_INLINE Words over_any(Words d, Words x, Words alpha) {
     const Words d_weight = product(255 - alpha, d_alpha), x_weight = (alpha << 8) - alpha;
     const Words sum = d_weight + x_weight;
     const Words more = d_alpha == 255 ? splat(255) : splat(1);
-    const Floats divisor = floats(sum + (d_weight == 0 ? words(alpha == 0) & 1 : more));
-    const Floats dw = floats(d_weight), xw = floats(x_weight);
+    const Floats divisor = floats(d_weight == 0 ? greatest(sum, splat(1)) : sum + more);
     const auto channel = [&](uint32_t shift) {
-        const Floats n = floats(d >> shift & 255) * dw + floats(x >> shift & 255) * xw;
+        const Floats n = sum_of_products(d >> shift & 255, d_weight, x >> shift & 255, x_weight);
         return words(quotient(n, divisor)) << shift;
     };
     const Words composed = channel(0) | channel(8) | channel(16) | div255(sum) << 24;
