@@ -63,11 +63,13 @@ void add_opencv(Contest& contest, Resampling& task) {
         break;
     case Resampling::Kind::kRotate:
         pass = [=, affine = cv::Mat(map.rowRange(0, 2))] {
-            cv::warpAffine(source, destination, affine, destination.size(), flags);
+            cv::warpAffine(source, destination, affine, destination.size(), flags, cv::BORDER_TRANSPARENT);
         };
         break;
     case Resampling::Kind::kTransform:
-        pass = [=] { cv::warpPerspective(source, destination, map, destination.size(), flags); };
+        pass = [=] {
+            cv::warpPerspective(source, destination, map, destination.size(), flags, cv::BORDER_TRANSPARENT);
+        };
         break;
     }
     contest.Add("OpenCV", Picture::kPremultiplied, std::move(pass));
