@@ -129,10 +129,14 @@ InverseMap Invert(KSPoint<double> p0, KSPoint<double> p1, KSPoint<double> p2, KS
     return map;
 }
 
-void Transform(const KSRect<long>& source_rect, InverseMap map, double least, double most,
-               const KSRect<long>& destination_rect, const std::uint32_t* source, std::uint32_t* destination,
-               std::uint32_t source_row_length, std::uint32_t destination_row_length,
+// The corners are those of the quadrilateral: top left, top right, bottom right and bottom left.
+void Transform(const KSRect<long>& source_rect, const KSPoint<double> (&corners)[4], double least,
+               double most, const KSRect<long>& destination_rect, const std::uint32_t* source,
+               std::uint32_t* destination, std::uint32_t source_row_length,
+               std::uint32_t destination_row_length,
                void (*transform)(const SourcePixels&, const DestinationPixels&, const InverseMap&)) {
+    InverseMap map =
+        Invert(Shifted(corners[0]), Shifted(corners[1]), Shifted(corners[2]), Shifted(corners[3]));
     if (!FitsPlane(source_rect) || !FitsPlane(destination_rect) || map.curvature == 0)
         return;
     map.left = static_cast<double>(destination_rect.left + kPlaneShift);
@@ -186,10 +190,8 @@ void KSBitmapTools::TransformPlain(KSRect<long> source_rect, KSPoint<double> top
                                    KSPoint<double> bottom_left, KSRect<long> destination_rect,
                                    const std::uint32_t* source, std::uint32_t* destination,
                                    std::uint32_t source_row_length, std::uint32_t destination_row_length) {
-    const InverseMap map =
-        Invert(Shifted(top_left), Shifted(top_right), Shifted(bottom_right), Shifted(bottom_left));
-    Transform(source_rect, map, 0, 1, destination_rect, source, destination, source_row_length,
-              destination_row_length, ActivePixelFunctions().transform_plain);
+    Transform(source_rect, {top_left, top_right, bottom_right, bottom_left}, 0, 1, destination_rect, source,
+              destination, source_row_length, destination_row_length, ActivePixelFunctions().transform_plain);
 }
 
 void KSBitmapTools::TransformBiLin(KSRect<long> source_rect, KSPoint<double> top_left,
@@ -197,8 +199,7 @@ void KSBitmapTools::TransformBiLin(KSRect<long> source_rect, KSPoint<double> top
                                    KSPoint<double> bottom_left, KSRect<long> destination_rect,
                                    const std::uint32_t* source, std::uint32_t* destination,
                                    std::uint32_t source_row_length, std::uint32_t destination_row_length) {
-    const InverseMap map =
-        Invert(Shifted(top_left), Shifted(top_right), Shifted(bottom_right), Shifted(bottom_left));
-    Transform(source_rect, map, -0.1, 1.1, destination_rect, source, destination, source_row_length,
-              destination_row_length, ActivePixelFunctions().transform_bilinear);
+    Transform(source_rect, {top_left, top_right, bottom_right, bottom_left}, -0.1, 1.1, destination_rect,
+              source, destination, source_row_length, destination_row_length,
+              ActivePixelFunctions().transform_bilinear);
 }
