@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Sampling of source pixels at many positions at once; included once for each instruction set.
 //
-// Work is done in blocks of 64 destination pixels of one row: the neighbours of the positions are collected
-// one by one (faster than the processors' gather instructions), then mixed a vector at a time. Rotated reads
-// go through bands of 64 rows block by block, which keeps the part of the source that they touch in the
-// cache.
+// Scaling picks the neighbours of a vector of positions from two vectors of each row. Where they may lie further
+// apart, work is done in blocks of 64 destination pixels of one row: the neighbours are collected one by one
+// (faster than the processors' gather instructions), then mixed a vector at a time. Rotated reads go through
+// bands of 64 rows block by block, which keeps the part of the source that they touch in the cache.
 #pragma once
 
 #include "bitmaptools/pixel_functions.h"
@@ -64,7 +64,7 @@ struct Block {
 };
 
 // Returns the positions start + k * step, modulo 2^32.
-KS_INLINE Words Positions32(std::int64_t start, std::int64_t step) {
+KS_INLINE Words PositionsFrom(std::int64_t start, std::int64_t step) {
     Words position;
     for (int k = 0; k < kLanes; ++k)
         position[k] = static_cast<std::uint32_t>(start + k * step);
@@ -73,7 +73,7 @@ KS_INLINE Words Positions32(std::int64_t start, std::int64_t step) {
 
 // Sets the fractions of the positions start + k * step.
 KS_INLINE void FillFractions(std::uint32_t* fractions, std::int64_t start, std::int64_t step) {
-    Words position = Positions32(start, step);
+    Words position = PositionsFrom(start, step);
     for (int k = 0; k < kBlock; k += kLanes) {
         store(fractions + k, position & 4095);
         position += static_cast<std::uint32_t>(step) * kLanes;
@@ -208,58 +208,71 @@ constexpr bool kPicks = true;
 constexpr bool kPicks = false;
 #endif
 
-// The source columns of a strip of destination columns, for any row. Those of a vector of positions lie close
-// together unless the image is made much smaller; then they are picked from two vectors of the row.
-struct Columns {
-    static constexpr std::int64_t kStrip = 2048;
+// The positions along a row whose source columns are picked a vector at a time. Those of one vector lie close
+// together unless an image is made much smaller.
+class PickedRow {
+public:
+    // Of `width` columns; `beyond` more of them are picked with each position.
+    PickedRow(std::int64_t width, std::int64_t step, std::int64_t beyond)
+        : _last_base(width - 2 * kLanes),
+          _steps(PositionsFrom(0, step)),
+          _can_pick(kPicks && _last_base >= 0 &&
+                    (((kLanes - 1) * step + kOne - 1) >> kFractionBits) + beyond < 2 * kLanes) {}
 
-    // Of the positions first <= k < last from `start` on, a `step` apart, picks those of whole vectors.
-    // `beyond` more columns are picked with each.
-    Columns(std::int64_t width, std::int64_t start, std::int64_t step, Interval interval,
-            std::int64_t beyond) {
-        for (std::int64_t k = interval.first; k < interval.last; ++k)
-            columns[k] = static_cast<std::int32_t>((start + k * step) >> kFractionBits);
-        const std::int64_t reach = ((kLanes - 1) * step >> kFractionBits) + 1 + beyond;
-        const bool picks = kPicks && width >= 2 * kLanes && reach < 2 * kLanes;
-        picked = {interval.first,
-                  picks ? interval.last - (interval.last - interval.first) % kLanes : interval.first};
-        for (std::int64_t k = picked.first; k < picked.last; k += kLanes) {
-            bases[k / kLanes] = least(columns[k], static_cast<std::int32_t>(width - 2 * kLanes));
-            store(columns + k, load<SignedWords>(columns + k) - bases[k / kLanes]);
-        }
+    bool CanPick() const { return _can_pick; }
+
+    // Two vectors of columns from `base` on hold those of the positions, which are at `columns` in them.
+    struct Place {
+        std::int64_t base;
+        Words columns;
+        Words fractions;
+    };
+    KS_INLINE Place At(std::int64_t position) const {
+        const std::int64_t column = position >> kFractionBits, base = least(column, _last_base);
+        const Words positions = _steps + static_cast<std::uint32_t>(position & (kOne - 1));
+        return {base, (positions >> kFractionBits) + static_cast<std::uint32_t>(column - base),
+                positions & (kOne - 1)};
     }
 
-    Interval picked;
-    std::int32_t columns[kStrip];  // relative to the base where picked
-    std::int32_t bases[kStrip / kLanes + 1];
+private:
+    std::int64_t _last_base;
+    Words _steps;
+    bool _can_pick;
 };
+
+// Scales a row; the position of its first pixel is 0.
+void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t* to, std::int64_t count,
+              std::int64_t step) {
+    std::int64_t k = 0;
+    if (picked.CanPick())
+        for (; k + kLanes <= count; k += kLanes) {
+            const PickedRow::Place place = picked.At(k * step);
+            store(to + k, Pick(load<Words>(from + place.base), load<Words>(from + place.base + kLanes),
+                               place.columns));
+        }
+    for (; k + 8 <= count; k += 8)  // a loop of one would wait for its branch
+        for (int n = 0; n < 8; ++n)
+            to[k + n] = from[((k + n) * step) >> kFractionBits];
+    for (; k < count; ++k)
+        to[k] = from[(k * step) >> kFractionBits];
+}
 
 void ScalePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                 const Axis& y) {
-    for (std::int64_t first = 0; first < destination.width; first += Columns::kStrip) {
-        const std::int64_t count = least(Columns::kStrip, destination.width - first);
-        const Columns columns(source.width, x.start + first * x.column, x.column, {0, count}, 0);
-        const std::size_t bytes = static_cast<std::size_t>(count) * 4;
-        std::int64_t last_row = -1;
-        for (std::int64_t j = 0; j < destination.height; ++j) {
-            const std::int64_t row = (y.start + j * y.row) >> kFractionBits;
-            std::uint32_t* to = destination.words + j * destination.row_length + first;
-            const std::uint32_t* from = source.words + row * source.row_length;
-            if (row == last_row) {
-                __builtin_memmove(to, to - destination.row_length, bytes);  // rows may overlap if too short
-            } else if (x.column == kOne) {
-                __builtin_memcpy(to, from + first, bytes);
-            } else {
-                for (std::int64_t k = 0; k < columns.picked.last; k += kLanes) {
-                    const std::uint32_t* base = from + columns.bases[k / kLanes];
-                    store(to + k, Pick(load<Words>(base), load<Words>(base + kLanes),
-                                       load<Words>(columns.columns + k)));
-                }
-                CopyIndexed(to + columns.picked.last, from, columns.columns + columns.picked.last,
-                            count - columns.picked.last);
-            }
-            last_row = row;
-        }
+    const PickedRow picked(source.width, x.column, 0);
+    const std::size_t bytes = static_cast<std::size_t>(destination.width) * 4;
+    std::int64_t last_row = -1;
+    for (std::int64_t j = 0; j < destination.height; ++j) {
+        const std::int64_t row = (y.start + j * y.row) >> kFractionBits;
+        std::uint32_t* to = destination.words + j * destination.row_length;
+        const std::uint32_t* from = source.words + row * source.row_length;
+        if (row == last_row)
+            __builtin_memmove(to, to - destination.row_length, bytes);  // rows may overlap if too short
+        else if (x.column == kOne)
+            __builtin_memcpy(to, from, bytes);
+        else
+            ScaleRow(picked, from, to, destination.width, x.column);
+        last_row = row;
     }
 }
 
@@ -294,49 +307,44 @@ void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t
     }
 }
 
-// Scales the picked part of a row whose neighbours all lie in the source.
-void ScaleBilinearPicked(const SourcePixels& source, std::uint32_t* to, const Columns& columns,
-                         std::int64_t start, std::int64_t step, std::int64_t y) {
+// Scales the whole vectors of an interval of a row whose neighbours all lie in the source; returns its end.
+std::int64_t ScaleBilinearPicked(const SourcePixels& source, const PickedRow& picked, std::uint32_t* to,
+                                 std::int64_t start, std::int64_t step, std::int64_t y, Interval interval) {
     const std::uint32_t* const top = source.words + (y >> kFractionBits) * source.row_length;
     const std::uint32_t* const bottom = top + source.row_length;
     const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
-    Words position = Positions32(start + columns.picked.first * step, step);
-    for (std::int64_t k = columns.picked.first; k < columns.picked.last; k += kLanes) {
-        const std::int64_t base = columns.bases[k / kLanes];
-        const Words left = load<Words>(columns.columns + k), right = left + 1;
-        const Words top_low = load<Words>(top + base), top_high = load<Words>(top + base + kLanes);
-        const Words bottom_low = load<Words>(bottom + base),
-                    bottom_high = load<Words>(bottom + base + kLanes);
+    std::int64_t k = interval.first;
+    for (; k + kLanes <= interval.last; k += kLanes) {
+        const PickedRow::Place place = picked.At(start + k * step);
+        const Words left = place.columns, right = left + 1;
+        const Words top_low = load<Words>(top + place.base);
+        const Words top_high = load<Words>(top + place.base + kLanes);
+        const Words bottom_low = load<Words>(bottom + place.base);
+        const Words bottom_high = load<Words>(bottom + place.base + kLanes);
         const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
                                     Pick(bottom_low, bottom_high, left),
                                     Pick(bottom_low, bottom_high, right)};
-        const Words fx = position & (kOne - 1);
         const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
-        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, fx, fy)
-                                                : Sample<true>(neighbours, fx, fy));
-        position += static_cast<std::uint32_t>(step * kLanes);
+        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, place.fractions, fy)
+                                                : Sample<true>(neighbours, place.fractions, fy));
     }
+    return k;
 }
 
 void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                    const Axis& y) {
     Block block;
-    for (std::int64_t first = 0; first < destination.width; first += Columns::kStrip) {
-        const std::int64_t count = least(Columns::kStrip, destination.width - first);
-        const std::int64_t start = x.start + first * x.column;
-        const Interval inner = Clip({0, count}, start, x.column, 0, (source.width - 1) * kOne);
-        const Columns columns(source.width, start, x.column, inner, 1);
-        for (std::int64_t j = 0; j < destination.height; ++j) {
-            const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
-            std::uint32_t* to = destination.words + j * destination.row_length + first;
-            if (row < 0 || row + 1 >= source.height) {
-                ScaleBilinearTested(source, block, to, start, x.column, position, {0, count});
-                continue;
-            }
-            ScaleBilinearTested(source, block, to, start, x.column, position, {0, columns.picked.first});
-            ScaleBilinearPicked(source, to, columns, start, x.column, position);
-            ScaleBilinearTested(source, block, to, start, x.column, position, {columns.picked.last, count});
+    const PickedRow picked(source.width, x.column, 1);
+    const Interval inner = Clip({0, destination.width}, x.start, x.column, 0, (source.width - 1) * kOne);
+    for (std::int64_t j = 0; j < destination.height; ++j) {
+        const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
+        std::uint32_t* to = destination.words + j * destination.row_length;
+        std::int64_t done = 0;
+        if (picked.CanPick() && row >= 0 && row + 1 < source.height) {
+            ScaleBilinearTested(source, block, to, x.start, x.column, position, {0, inner.first});
+            done = ScaleBilinearPicked(source, picked, to, x.start, x.column, position, inner);
         }
+        ScaleBilinearTested(source, block, to, x.start, x.column, position, {done, destination.width});
     }
 }
 
