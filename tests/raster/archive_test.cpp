@@ -144,6 +144,29 @@ TEST(Archive, FaultNamesWhatTheConstructorWouldAbortOn) {
     EXPECT_EQ(KSRaster::ArchiveFault(nullptr), nullptr);
 }
 
+// The largest frames, of which nothing is allocated, and those of one more row or column.
+TEST(Archive, FaultKnowsTheLargestFrames) {
+    const struct {
+        ks_color_space space;
+        long width, height;
+    } kLargest[] = {
+        {KS_GRAY8_COLOR_SPACE, 0x7FFFFFFF, 1}, {KS_GRAY8_COLOR_SPACE, 1, 0x7FFFFFFF},
+        {KS_RGBA_COLOR_SPACE, 0x1FFFFFFF, 1},  {KS_RGBA_COLOR_SPACE, 1, 0x1FFFFFFF},
+        {KS_RGBA_COLOR_SPACE, 256999, 2089},   {KS_RGBA64_COLOR_SPACE, 3, 89478485},
+    };
+    for (const auto& [space, width, height] : kLargest) {
+        const auto fault_of = [space = space](long right, long bottom) {
+            KSMessage archive;
+            archive.AddInt32("KSRaster::_color_space", space);
+            archive.AddRect("KSRaster::_frame", {0, 0, right, bottom});
+            return KSRaster::ArchiveFault(&archive);
+        };
+        EXPECT_EQ(fault_of(width - 1, height - 1), nullptr) << width << " x " << height;
+        EXPECT_STREQ(fault_of(width - 1, height), "frame too large") << width << " x " << height;
+        EXPECT_STREQ(fault_of(width, height - 1), "frame too large") << width << " x " << height;
+    }
+}
+
 TEST(ArchiveDeathTest, UnknownStorageKind) {
     KSMessage archive;
     archive.AddRect("KSRaster::_frame", {0, 0, 1, 1});
@@ -205,6 +228,19 @@ TEST(Copy, DuplicatesBetweenAllStorages) {
         }
     const std::unique_ptr<KSRaster> empty(KSRaster(rect(5, 5, 4, 4)).DuplicateRaster());
     EXPECT_EQ(empty->Frame(), rect(5, 5, 4, 4));
+}
+
+TEST(Copy, DuplicatesEveryColourSpace) {
+    for (int space = 0; space < 6; space++) {
+        KSRaster source({-1, 2, 5, 4}, nullptr, static_cast<ks_color_space>(space));
+        for (std::int32_t i = 0; i < source.BitsLength(); i++)
+            static_cast<unsigned char*>(source.Bits())[i] = static_cast<unsigned char>(i * 7);
+        const std::unique_ptr<KSRaster> copy(source.DuplicateRaster());
+        EXPECT_EQ(copy->ColorSpace(), space);
+        ASSERT_EQ(copy->BitsLength(), source.BitsLength());
+        EXPECT_EQ(std::memcmp(copy->Bits(), source.Bits(), static_cast<std::size_t>(source.BitsLength())), 0)
+            << space;
+    }
 }
 
 TEST(Copy, CopiesTheCommonTopLeftBlock) {

@@ -95,6 +95,21 @@ TEST(Copies, LieWhereTheCornersSay) {
               rect(-11, -29, 33, 14));
 }
 
+TEST(Copies, OfNoUprightRectangleHaveAMargin) {
+    KSRaster source({0, 0, 9, 9});
+    EXPECT_EQ(Mapped(source, {0, 0}, {9, 0}, {9, 9}, {0, 9})->Frame(), rect(0, 0, 9, 9));
+    // Each has one side that is not upright or not level.
+    const point kOneOff[][4] = {
+        {{0, 0}, {9, 0}, {9, 9}, {1, 9}},
+        {{0, 0}, {9, 0}, {8, 9}, {0, 9}},
+        {{0, 0}, {9, 1}, {9, 9}, {0, 9}},
+        {{0, 0}, {9, 0}, {9, 9}, {0, 8}},
+    };
+    for (const auto& p : kOneOff)
+        EXPECT_EQ(Mapped(source, p[0], p[1], p[2], p[3])->Frame(), rect(-16, -16, 25, 25))
+            << "quadrilateral " << &p - kOneOff;
+}
+
 TEST(Copies, LieFarAwayWhereTheCornersSay) {
     const raster_ptr source = MakeSource();
     const double far = 0x1p50;

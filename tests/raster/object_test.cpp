@@ -133,6 +133,9 @@ TEST(Raster, AdoptsBitmapsWithoutPixels) {
         raster.Unlock();
         EXPECT_EQ(raster.BitsLength(), 0);
     }
+    const KSRaster endless(new BBitmap(BRect(0, 9, inf, 3), B_RGB32));
+    EXPECT_TRUE(endless.Frame().IsValid());
+    EXPECT_EQ(endless.Bits(), nullptr);
     const KSRaster none(static_cast<BBitmap*>(nullptr));
     EXPECT_EQ(none.Frame(), rect(0, 0, -1, -1));
 }
