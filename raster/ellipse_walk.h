@@ -82,29 +82,28 @@ private:
 
     // Returns a row that the first part reaches for certain, not far before its end: the part goes on while
     // the ellipse falls off by less than a column per row, and is farther than half a column from the axis.
+    // A row is reached if that holds half a row before it, so that it does not matter how this is rounded.
     long LastSafeRow() const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b);
         const double steep = b / std::hypot(a / b, 1.0), wide = b * std::sqrt(1 - 0.25 / (a * a));
-        return static_cast<long>(std::min(steep, wide)) - 2;
+        return static_cast<long>(std::min(steep, wide));
     }
 
-    // Returns the column x of a safe row with the ellipse between x - 1/2 and x + 1/2.
+    // Returns the column x of a safe row with the ellipse between x - 1/2 and x + 1/2: where it passes,
+    // without the fraction, or the next one. What is rounded is too small to matter.
     long NearestColumn(long y) const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b), row = static_cast<double>(y);
         auto x = static_cast<long>(a * std::sqrt((b - row) * (b + row)) / b);
-        while (D1(x, y - 1) >= 0)
-            x--;
         while (D1(x + 1, y - 1) < 0)
             x++;
         return x;
     }
 
-    // Returns the row y of a column of the second part with the ellipse between y - 1/2 and y + 1/2.
+    // Returns the row y of a column of the second part with the ellipse between y - 1/2 and y + 1/2,
+    // likewise.
     long NearestRow(long x) const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b), column = static_cast<double>(x);
         auto y = static_cast<long>(b * std::sqrt((a - column) * (a + column)) / a);
-        while (y > 0 && D2(x + 1, y - 1) >= 0)
-            y--;
         while (D2(x + 1, y) < 0)
             y++;
         return y;

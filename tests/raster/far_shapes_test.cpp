@@ -156,6 +156,39 @@ TEST(FarShapes, EllipsesOfAllProportions) {
     }
 }
 
+// Radii up to which the walk is done in 64 bits, and the next ones.
+TEST(FarShapes, EllipsesAtTheEndOf64Bits) {
+    constexpr long kEnd = 1 << 15;
+    std::mt19937 random(1);
+    for (const long a : {kEnd, kEnd + 1, 2 * kEnd})
+        for (const long b : {kEnd, kEnd + 1, 2 * kEnd})
+            CompareEllipse(3, -5, a, b, random);
+}
+
+// The sides of an ellipse of radius 1 end in the row r where it is half a pixel from its axis, which closes
+// it. For these radii, solutions of 4 * r * r - 3 * b * b = 1, that is 1 / (8 * r) of a pixel before the row,
+// which double cannot tell from r.
+TEST(FarShapes, EllipsesOfRadius1AsHighAsTheRange) {
+    const struct {
+        long b, r;
+    } kHeights[] = {{15, 13}, {7865521, 6811741}, {109552575, 94875313}, {1525870529, 1321442641}};
+    for (const auto& height : kHeights) {
+        EXPECT_EQ(Compare(
+                      FrameAround(0, height.r, 3),
+                      [&height](KSRaster& raster) { raster.StrokeEllipse(-1, -height.b, 1, height.b); },
+                      [&height](reference::canvas& c) {
+                          for (long y = height.r - 3; y < height.r; y++) {
+                              c.PutPixel(-1, y);
+                              c.PutPixel(1, y);
+                          }
+                          c.PutPixel(0, height.r);
+                          c.PutPixel(0, height.r);
+                      }),
+                  "")
+            << height.b;
+    }
+}
+
 // In each row of the first part (in each column of the second), the outline has the one pixel between whose
 // sides the ellipse passes.
 bool OnOutline(wide x, wide y, wide a, wide b) {
