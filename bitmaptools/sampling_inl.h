@@ -97,6 +97,17 @@ KS_INLINE Words DivideOpaque(const Words& n, const Words& w) {
     return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<SignedWords>(w));
 }
 
+// Returns the weights of neighbours with such shares, up to 2^24, and alphas.
+KS_INLINE Words Weights(const Words& shares, const Words& alphas) {
+    const Words v = shares * alphas;
+    return (v + (v >> 8) + 1) >> 8;
+}
+
+// Returns the same for alpha 255.
+KS_INLINE Words OpaqueWeights(const Words& shares) {
+    return shares - ((shares + 65279) >> 16);
+}
+
 // Returns the bilinear samples of one vector of positions, as KSBitmapTools.h defines them. kOpaque promises
 // that all neighbours have alpha 255, which leaves the weights close to the shares.
 template <bool kOpaque>
@@ -107,12 +118,10 @@ KS_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const Word
     weights[1] = (fx << 12) - weights[3];
     weights[0] = (1 << 24) - (fx << 12) - weights[2];
     for (int k = 0; k < 4; ++k) {
-        if constexpr (kOpaque) {
-            weights[k] -= (weights[k] + 65279) >> 16;
-        } else {
-            const Words v = weights[k] * (neighbours[k] >> 24);
-            weights[k] = (v + (v >> 8) + 1) >> 8;
-        }
+        if constexpr (kOpaque)
+            weights[k] = OpaqueWeights(weights[k]);
+        else
+            weights[k] = Weights(weights[k], neighbours[k] >> 24);
     }
     const Words sum = weights[0] + weights[1] + weights[2] + weights[3];
     const Words divisor = sum - reinterpret_cast<Words>(sum == 0);  // 1 in place of 0, where all is clear
@@ -503,10 +512,8 @@ KS_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y) {
     const Longs real = d >= 0;
     const Doubles root = SquareRoot(reinterpret_cast<Doubles>(reinterpret_cast<Longs>(d) & real));
     Doubles t = (root - b) / (2 * map.curvature);
-    const Doubles divisor = map.ax * t + map.cx;
-    Doubles v = (x - map.bx * t - map.x3) / divisor;
-    const Longs accepted =
-        real & (t >= map.least) & (t <= map.most) & (divisor != 0) & (v >= map.least) & (v <= map.most);
+    Doubles v = (x - map.bx * t - map.x3) / (map.ax * t + map.cx);  // accepted only where it is finite
+    const Longs accepted = real & (t >= map.least) & (t <= map.most) & (v >= map.least) & (v <= map.most);
     t = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(t) & accepted);
     v = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(v) & accepted);
     return {t, v, accepted};
@@ -619,12 +626,13 @@ void TransformBilinear(const SourcePixels& source, const DestinationPixels& dest
     });
 }
 
-// Says whether all positions in the source, a tenth of its size beyond its sides, and all offsets fit 32
-// bits.
+// Says whether all positions and offsets fit 32 bits: transforms look for them up to a tenth of the source's
+// size beyond its sides.
 bool IsSmall(const SourcePixels& source) {
-    constexpr std::int64_t kMost = 1 << 18, kMostWords = std::int64_t{1} << 31;
+    constexpr std::int64_t kMost = 1 << 18, kEnd = std::int64_t{1} << 31;
+    static_assert((kMost * 11 / 10 + 1) * kOne <= kEnd);
     return source.width < kMost && source.height < kMost && source.row_length >= 0 &&
-           source.row_length < kMostWords / (source.height + 2);
+           source.row_length < kEnd / (source.height * 11 / 10 + 2);
 }
 
 void RotatePlainAny(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
