@@ -155,9 +155,9 @@ TEST(Archive, FaultKnowsTheLargestFrames) {
         {KS_RGBA_COLOR_SPACE, 256999, 2089},   {KS_RGBA64_COLOR_SPACE, 3, 89478485},
     };
     for (const auto& [space, width, height] : kLargest) {
-        const auto fault_of = [space = space](long right, long bottom) {
+        const auto fault_of = [kind = space](long right, long bottom) {
             KSMessage archive;
-            archive.AddInt32("KSRaster::_color_space", space);
+            archive.AddInt32("KSRaster::_color_space", kind);
             archive.AddRect("KSRaster::_frame", {0, 0, right, bottom});
             return KSRaster::ArchiveFault(&archive);
         };
