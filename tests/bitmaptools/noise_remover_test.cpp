@@ -67,6 +67,28 @@ TEST(NoiseRemover, EqualsItsDefinitionOnNoise) {
     }
 }
 
+// Areas of a few values with so few specks of these that each square is searched.
+TEST(NoiseRemover, EqualsItsDefinitionOnQuietImages) {
+    for (std::uint32_t seed = 0; seed < 120 && !testing::Test::HasFailure(); ++seed) {
+        Random random(seed);
+        const long width = random.In(40, 170), height = random.In(20, 90);
+        Bytes image(static_cast<std::size_t>(width * height));
+        const auto fill = [&](long left, long top, long columns, long rows) {
+            const auto value = static_cast<std::uint8_t>(random.In(1, 3));
+            for (long y = top; y < std::min(top + rows, height); ++y)
+                for (long x = left; x < std::min(left + columns, width); ++x)
+                    image[static_cast<std::size_t>(y * width + x)] = value;
+        };
+        for (long k = random.In(0, 6); k > 0; --k)
+            fill(random.In(0, width), random.In(0, height), random.In(2, 60), random.In(2, 30));
+        for (long k = random.In(1, 9); k > 0; --k)
+            fill(random.In(0, width), random.In(0, height), 1, 1);
+        const auto radius = static_cast<int>(random.OneIn(6) ? 255 : random.In(0, 70));
+        const auto threshold = static_cast<int>(random.OneIn(2) ? random.In(1, 255) : random.In(1, 9));
+        ExpectCleaned(random, image, width, height, radius, threshold);
+    }
+}
+
 TEST(NoiseRemover, WorkedValues) {
     const struct {
         const char* name;

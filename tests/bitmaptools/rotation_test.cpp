@@ -124,6 +124,7 @@ TEST(Rotation, ArgumentsOutsideThePlaneWriteNothing) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
+    constexpr long kBelow = -(1L << 31) - 1, kAbove = 1L << 31;
     const KSRect<long> rect(0, 0, 0, 0);
     const Turn turns[] = {
         {rect, rect, {nan, 0}, 1},
@@ -136,6 +137,10 @@ TEST(Rotation, ArgumentsOutsideThePlaneWriteNothing) {
         {{least, least, most, most}, rect, {0, 0}, 0},
         {{most, most, least, least}, rect, {0, 0}, 0},
         {rect, {most, most, most, most}, {0, 0}, 0},
+        {rect, {0, kBelow, 0, 0}, {0, 0}, 0},
+        {rect, {0, 0, 0, kAbove}, {0, 0}, 0},
+        {{kBelow, 0, 0, 0}, rect, {0, 0}, 0},
+        {{0, 0, kAbove, 0}, rect, {0, 0}, 0},
         {{least, least, least, least}, {least, least, least, least}, {0, 0}, 0},
     };
     for (const auto rotate : {KSBitmapTools::RotatePlain, KSBitmapTools::RotateBiLin})

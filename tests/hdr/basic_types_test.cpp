@@ -30,6 +30,15 @@ TEST(KSRect, IsInvalidUntilGivenARectangle) {
     EXPECT_EQ(KSRect<long>(10, 20, 13, 21).PixelHeight(), 2);
 }
 
+TEST(KSRect, EqualsWhatHasTheSameCoordinates) {
+    EXPECT_EQ(KSRect<long>(1, 2, 3, 4), KSRect<long>(1, 2, 3, 4));
+    for (const KSRect<long> other : {KSRect<long>(0, 2, 3, 4), {1, 0, 3, 4}, {1, 2, 0, 4}, {1, 2, 3, 0}})
+        EXPECT_NE(KSRect<long>(1, 2, 3, 4), other);
+    EXPECT_EQ(KSPoint<long>(1, 2), KSPoint<long>(1, 2));
+    EXPECT_NE(KSPoint<long>(1, 2), KSPoint<long>(0, 2));
+    EXPECT_NE(KSPoint<long>(1, 2), KSPoint<long>(1, 0));
+}
+
 TEST(KSRect, PrintsWithAndWithoutALabel) {
     EXPECT_EQ(Printed({0, 0, 9, 4}, "frame:"),
               "KSRect  frame: l:0.00 | t:0.00 | r:9.00 | b:4.00 | w:10.00 | h:5.00\n");

@@ -160,11 +160,12 @@ TEST(Raster, MovesBothFrames) {
 TEST(Raster, StaysWhereItIsRatherThanLeaveTheRange) {
     KSRaster raster({10, 20, 13, 21});
     for (const KSPoint<long> delta :
-         {KSPoint<long>(kMost, 0), {kMost - 12, 0}, {0, kLeast}, {kLeast, kLeast}}) {
+         {KSPoint<long>(kMost, 0), {kMost - 12, 0}, {0, kMost - 20}, {0, kLeast}, {kLeast, kLeast}}) {
         raster.OffsetBy(delta);
         EXPECT_EQ(raster.Frame(), rect(10, 20, 13, 21));
     }
     raster.OffsetTo(kMost, kMost);
+    raster.OffsetTo(0, kLeast);
     raster.OffsetTo(kLeast, kLeast);
     EXPECT_EQ(raster.Frame(), rect(10, 20, 13, 21));
 }

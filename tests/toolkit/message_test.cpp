@@ -83,6 +83,18 @@ TEST(Message, RefusesWhatItCannotKeep) {
     EXPECT_EQ(message.CountFields(), 0u);
 }
 
+TEST(Message, CopiesAndMovesItsFields) {
+    KSMessage message = MakeMessage(), copy(message), assigned;
+    assigned = message;
+    message.AddInt32("number", 7);
+    ExpectFields(copy);
+    ExpectFields(assigned);
+    const KSMessage moved(std::move(copy));
+    ExpectFields(moved);
+    message = std::move(assigned);
+    ExpectFields(message);
+}
+
 TEST(Message, FlattensIntoTheDocumentedBytes) {
     KSMessage message;
     message.AddInt32("ab", -2);
