@@ -12,15 +12,14 @@ namespace {
 constexpr long kPixelBytes = 4;
 constexpr long kLongestBits = std::numeric_limits<std::int32_t>::max();
 
-// Returns how many columns (rows) lie between `first` and `last`, or between 0 and `last` if that is more.
+// Returns how many columns (rows) lie between `first` and `last`, which is not less, or between 0 and `last`
+// if that is more.
 long Extent(float first, float last) {
     constexpr float kTooFar = 0x1p32f;  // beyond any bitmap that fits the memory
-    if (std::isnan(first) || std::isnan(last))
-        return 0;
     const long low = static_cast<long>(std::floor(std::clamp(first, -kTooFar, kTooFar)));
     const long high = static_cast<long>(std::floor(std::clamp(last, -kTooFar, kTooFar)));
     const long from_zero = static_cast<long>(std::clamp(last, -kTooFar, kTooFar)) + 1;
-    return std::max({high - low + 1, from_zero, 0L});
+    return std::max(high - low + 1, from_zero);
 }
 
 }  // namespace
@@ -40,8 +39,6 @@ BBitmap::BBitmap(color_space space, const KSRect<long>& frame)
 BBitmap::~BBitmap() = default;
 
 void BBitmap::Allocate(long columns, long rows) {
-    if (columns <= 0 || rows <= 0)
-        return;
     if (columns > kLongestBits / kPixelBytes || rows > kLongestBits / (columns * kPixelBytes))
         throw std::bad_alloc();
     _pixels = std::make_unique<std::uint32_t[]>(static_cast<std::size_t>(columns * rows));
