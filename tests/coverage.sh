@@ -1,12 +1,16 @@
-#!/bin/sh
+#!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
-# Usage: tests/coverage.sh
-# Builds the imaging library with counters, runs its tests, and says how much of its folders they ran, line by line
-# in build/coverage/report.html. Fails below 98 % of the lines or 95 % of the branches. Needs gcovr.
-set -eu
-cd "$(dirname "$0")/.."
+# tests/coverage.sh: builds the imaging library with counters, runs its tests, and says how much of its folders they
+# ran, line by line in build/coverage/report.html. Fails below 98 % of the lines or 95 % of the branches.
+set -euo pipefail
+source "$(dirname -- "${BASH_SOURCE[0]}")/../scripts/setup.sh"
+
+need_packages "to build the imaging library and its tests" g++ cmake ninja-build libgtest-dev
+need_packages "to count what the tests run" gcovr
+
+cd "$root"
 cmake --preset coverage -DNYMBREL_EXAMPLES=OFF > /dev/null
-cmake --build --preset coverage
+build coverage
 find build/coverage -name '*.gcda' -delete
 # Each test alone would write its counters once per process; the programs run whole write them once.
 for test in build/coverage/tests/*/*_test; do
