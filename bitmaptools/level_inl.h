@@ -3,7 +3,9 @@
 #pragma once
 
 #include "bitmaptools/noise_inl.h"
-#include "bitmaptools/sampling_inl.h"
+#include "bitmaptools/rotation_inl.h"
+#include "bitmaptools/scaling_inl.h"
+#include "bitmaptools/transform_inl.h"
 
 namespace ks_bitmaptools {
 namespace {

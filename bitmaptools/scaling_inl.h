@@ -1,0 +1,178 @@
+// SPDX-License-Identifier: MIT
+// Scaling; included once for each instruction set.
+//
+// The neighbours of a vector of positions are picked from two vectors of each row, unless they may lie
+// further apart.
+#pragma once
+
+#include "bitmaptools/sampling_inl.h"
+
+namespace ks_bitmaptools {
+namespace {
+
+// Returns the words of two vectors, one behind the other, that `indices` name.
+KS_INLINE Words Pick(const Words& low, const Words& high, const Words& indices) {
+#if defined(__AVX512BW__)
+    return reinterpret_cast<Words>(_mm512_permutex2var_epi32(
+        reinterpret_cast<__m512i>(low), reinterpret_cast<__m512i>(indices), reinterpret_cast<__m512i>(high)));
+#elif defined(__AVX2__)
+    const auto permuted = [&](const Words& from) {
+        return reinterpret_cast<Words>(
+            _mm256_permutevar8x32_epi32(reinterpret_cast<__m256i>(from), reinterpret_cast<__m256i>(indices)));
+    };
+    return indices < kLanes ? permuted(low) : permuted(high);
+#else
+    static_cast<void>(high);
+    return low ^ indices;  // never called
+#endif
+}
+
+// Whether Pick is faster than to load the words one by one.
+#if defined(__AVX2__)
+constexpr bool kPicks = true;
+#else
+constexpr bool kPicks = false;
+#endif
+
+// The positions along a row whose source columns are picked a vector at a time. Those of one vector lie close
+// together unless an image is made much smaller.
+class PickedRow {
+public:
+    // Of `width` columns; `beyond` more of them are picked with each position.
+    PickedRow(std::int64_t width, std::int64_t step, std::int64_t beyond)
+        : _last_base(width - 2 * kLanes),
+          _steps(PositionsFrom(0, step)),
+          _can_pick(kPicks && _last_base >= 0 &&
+                    (((kLanes - 1) * step + kOne - 1) >> kFractionBits) + beyond < 2 * kLanes) {}
+
+    bool CanPick() const { return _can_pick; }
+
+    // Two vectors of columns from `base` on hold those of the positions, which are at `columns` in them.
+    struct Place {
+        std::int64_t base;
+        Words columns;
+        Words fractions;
+    };
+    KS_INLINE Place At(std::int64_t position) const {
+        const std::int64_t column = position >> kFractionBits, base = least(column, _last_base);
+        const Words positions = _steps + static_cast<std::uint32_t>(position & (kOne - 1));
+        return {base, (positions >> kFractionBits) + static_cast<std::uint32_t>(column - base),
+                positions & (kOne - 1)};
+    }
+
+private:
+    std::int64_t _last_base;
+    Words _steps;
+    bool _can_pick;
+};
+
+// Scales a row; the position of its first pixel is 0.
+void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t* to, std::int64_t count,
+              std::int64_t step) {
+    std::int64_t k = 0;
+    if (picked.CanPick())
+        for (; k + kLanes <= count; k += kLanes) {
+            const PickedRow::Place place = picked.At(k * step);
+            store(to + k, Pick(load<Words>(from + place.base), load<Words>(from + place.base + kLanes),
+                               place.columns));
+        }
+    for (; k + 8 <= count; k += 8)  // a loop of one would wait for its branch
+        for (int n = 0; n < 8; ++n)
+            to[k + n] = from[((k + n) * step) >> kFractionBits];
+    for (; k < count; ++k)
+        to[k] = from[(k * step) >> kFractionBits];
+}
+
+void ScalePlain(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                const Axis& y) {
+    const PickedRow picked(source.width, x.column, 0);
+    const std::size_t bytes = static_cast<std::size_t>(destination.width) * 4;
+    std::int64_t last_row = -1;
+    for (std::int64_t j = 0; j < destination.height; ++j) {
+        const std::int64_t row = (y.start + j * y.row) >> kFractionBits;
+        std::uint32_t* to = destination.words + j * destination.row_length;
+        const std::uint32_t* from = source.words + row * source.row_length;
+        if (row == last_row)
+            __builtin_memmove(to, to - destination.row_length, bytes);  // rows may overlap if too short
+        else if (x.column == kOne)
+            __builtin_memcpy(to, from, bytes);
+        else
+            ScaleRow(picked, from, to, destination.width, x.column);
+        last_row = row;
+    }
+}
+
+// Collects the neighbours in row `y` of `count` positions start + k * step.
+void CollectRow(const SourcePixels& source, std::uint32_t* pairs, std::int64_t count, std::int64_t start,
+                std::int64_t step, std::int64_t y) {
+    if (y < 0 || y >= source.height) {
+        __builtin_memset(pairs, 0, static_cast<std::size_t>(count) * 8);
+        return;
+    }
+    const std::uint32_t* row = source.words + y * source.row_length;
+    const Interval inner = Clip({0, count}, start, step, 0, (source.width - 1) * kOne);
+    for (std::int64_t k = 0; k < inner.first; ++k)
+        CollectTested(source, pairs, k, (start + k * step) >> kFractionBits, y);
+    for (std::int64_t k = inner.first; k < inner.last; ++k)
+        CollectPair(row + ((start + k * step) >> kFractionBits), pairs, k);
+    for (std::int64_t k = inner.last; k < count; ++k)
+        CollectTested(source, pairs, k, (start + k * step) >> kFractionBits, y);
+}
+
+// Scales a part of a row of the destination; position k is start + k * step.
+void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t* to, std::int64_t start,
+                         std::int64_t step, std::int64_t y, Interval interval) {
+    FillFractions(block.fy, y, 0);
+    const std::int64_t row = y >> kFractionBits;
+    for (std::int64_t first = interval.first; first < interval.last; first += kBlock) {
+        const std::int64_t count = least(kBlock, interval.last - first), from = start + first * step;
+        FillFractions(block.fx, from, step);
+        CollectRow(source, block.top, count, from, step, row);
+        CollectRow(source, block.bottom, count, from, step, row + 1);
+        StoreSamples(block, to + first, count);
+    }
+}
+
+// Scales the whole vectors of an interval of a row whose neighbours all lie in the source; returns its end.
+std::int64_t ScaleBilinearPicked(const SourcePixels& source, const PickedRow& picked, std::uint32_t* to,
+                                 std::int64_t start, std::int64_t step, std::int64_t y, Interval interval) {
+    const std::uint32_t* const top = source.words + (y >> kFractionBits) * source.row_length;
+    const std::uint32_t* const bottom = top + source.row_length;
+    const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
+    std::int64_t k = interval.first;
+    for (; k + kLanes <= interval.last; k += kLanes) {
+        const PickedRow::Place place = picked.At(start + k * step);
+        const Words left = place.columns, right = left + 1;
+        const Words top_low = load<Words>(top + place.base);
+        const Words top_high = load<Words>(top + place.base + kLanes);
+        const Words bottom_low = load<Words>(bottom + place.base);
+        const Words bottom_high = load<Words>(bottom + place.base + kLanes);
+        const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
+                                    Pick(bottom_low, bottom_high, left),
+                                    Pick(bottom_low, bottom_high, right)};
+        const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
+        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, place.fractions, fy)
+                                                : Sample<true>(neighbours, place.fractions, fy));
+    }
+    return k;
+}
+
+void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
+                   const Axis& y) {
+    Block block;
+    const PickedRow picked(source.width, x.column, 1);
+    const Interval inner = Clip({0, destination.width}, x.start, x.column, 0, (source.width - 1) * kOne);
+    for (std::int64_t j = 0; j < destination.height; ++j) {
+        const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
+        std::uint32_t* to = destination.words + j * destination.row_length;
+        std::int64_t done = 0;
+        if (picked.CanPick() && row >= 0 && row + 1 < source.height) {
+            ScaleBilinearTested(source, block, to, x.start, x.column, position, {0, inner.first});
+            done = ScaleBilinearPicked(source, picked, to, x.start, x.column, position, inner);
+        }
+        ScaleBilinearTested(source, block, to, x.start, x.column, position, {done, destination.width});
+    }
+}
+
+}  // namespace
+}  // namespace ks_bitmaptools
