@@ -220,6 +220,7 @@ NCListView* BuildCategories() {
          {kStringPensCategory, kStringBackgroundsCategory, kStringFontsCategory, kStringOptionsCategory})
         list->AddItem(new NCListView::NCListItem(LocalString(label)), -1, true);
     list->SetName("NCListView");
+    list->SetLabel(LocalString(kStringCategories), true);  // for assistive tools
     list->SetWeight({30, 100});
     return list;
 }

@@ -9,6 +9,7 @@
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLabel.h"
 
+#include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPointer>
@@ -21,7 +22,9 @@
 
 class WindowMirror::Top : public QWidget {
 public:
-    explicit Top(BWindow& window) : _window(window) {}
+    explicit Top(BWindow& window) : _window(window) {
+        QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
+    }
 
     void SetDefaultButton(QPushButton* button) {
         if (_default_button)
@@ -46,9 +49,17 @@ protected:
     }
 
 private:
+    static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
+
     BWindow& _window;
     QPointer<QPushButton> _default_button;
 };
+
+// To Qt, a plain widget is no window, wherever it stands.
+QAccessibleInterface* WindowMirror::Top::MakeAccessible(const QString&, QObject* object) {
+    auto* top = dynamic_cast<Top*>(object);
+    return top ? new QAccessibleWidget(top, QAccessible::Window) : nullptr;
+}
 
 WindowMirror::WindowMirror(BWindow& window, PostQueue& queue)
     : _window(window), _queue(queue), _top(std::make_unique<Top>(window)) {

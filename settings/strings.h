@@ -56,7 +56,8 @@ namespace config {
     ROW(OptionsCategory, 48, "Options")                                                                      \
     ROW(BeOSConform, 49, "BeOS conform")                                                                     \
     ROW(Look, 50, "Look")                                                                                    \
-    ROW(ResetColors, 51, "Reset colors")
+    ROW(ResetColors, 51, "Reset colors")                                                                     \
+    ROW(Categories, 52, "Categories")
 
 enum string_id : std::uint32_t {
 #define NC_STRING_ID(name, id, text) kString##name = id,

@@ -102,7 +102,7 @@ std::string tree_of(const KSControl& control, const std::string& indent = "") {
 
 constexpr const char* kTree = R"(group border 4,4,4,4 down | <> | separator | <>
   group #settings | <> | <>
-    group down | picture NymbrelConfig.tga | categories #NCListView weight 30,100
+    group down | picture NymbrelConfig.tga | categories #NCListView 'Categories' weight 30,100
     group #MainTab forced 2 | <> | <> | <> | <>
       group 'Pens' frame 7,1 border 6,6,6,6 | <> | <>
         titled 'Text' | . | <> | .

@@ -20,7 +20,7 @@ std::string ValueOf(QAccessibleInterface& found) {
         return found.state().checked ? "on" : "off";
     if (QAccessibleValueInterface* value = found.valueInterface())
         return std::to_string(std::lround(value->currentValue().toDouble()));
-    const bool has_value = found.role() != QAccessible::List;
+    const bool has_value = found.role() != QAccessible::List && found.role() != QAccessible::Window;
     return has_value ? found.text(QAccessible::Value).toStdString() : std::string();
 }
 
@@ -35,6 +35,7 @@ void Collect(QAccessibleInterface* from, Editors& editors) {
     case QAccessible::CheckBox:
     case QAccessible::ComboBox:
     case QAccessible::List:
+    case QAccessible::Window:
     case QAccessible::Grouping:
     case QAccessible::Button:
         editors[{from->text(QAccessible::Name).toStdString(), from->role()}] = ValueOf(*from);
@@ -82,8 +83,9 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
         expect("Use Bubblehelp", QAccessible::CheckBox, "on");
         expect("BeOS conform", QAccessible::CheckBox, "on");
         expect("Look", QAccessible::ComboBox, "BeOS");
-        for (const char* list : {"Language", "Nymbrel Config"})
+        for (const char* list : {"Language", "Categories"})
             expect(list, QAccessible::List, "");
+        expect("Nymbrel Config", QAccessible::Window, "");
         for (const char* group : {"Pens", "Text", "System", "Options", "Language", "Advanced", "Look"})
             expect(group, QAccessible::Grouping, "");
         for (const char* button : {"OK", "Apply", "Revert", "Reset colors"})

@@ -116,7 +116,7 @@ public:
         const char* const sample[] = {"Disabled Text", "Low level", "Normal", "Look"};
         ASSERT_TRUE(Eventually([=, this] { return Named<QWidget>(sample[category])->isVisible(); }));
     }
-    QListWidget* Categories() const { return Named<QListWidget>("Nymbrel Config"); }
+    QListWidget* Categories() const { return Named<QListWidget>("Categories"); }
 
     // Waits until the application has handled `count` messages of this code.
     bool WaitForMessage(std::uint32_t code, long count = 1) {
