@@ -119,6 +119,21 @@ TEST_F(Commands, RevertPutsBackWhatWasLastStored) {
     });
 }
 
+TEST_F(Commands, RevertPutsTheLanguageBackBeforeTheDisplayTellsIt) {
+    std::filesystem::create_directories(home.CatalogsDirectory() / "deutsch");
+    RunningProgram::Run([&](RunningProgram& program) {
+        {
+            const BAutolock lock(program.Window());
+            program.Container()->SetChangeListener([] {});  // a display that is busy
+        }
+        config::_llist->EditSelection(1);
+        program.Do(NCApplication::kRevert);
+        program.Do(NCApplication::kApply);
+        EXPECT_NE(File().find("\nLANGUAGE = english\n"), std::string::npos);
+        program.Quit();
+    });
+}
+
 TEST_F(Commands, LanguageFollowsTheListAndFallsBackToEnglish) {
     std::filesystem::create_directories(home.CatalogsDirectory() / "deutsch");
     RunningProgram::Run([&](RunningProgram& program) {
@@ -135,7 +150,7 @@ TEST_F(Commands, LanguageFollowsTheListAndFallsBackToEnglish) {
 
 TEST_F(Commands, UnknownMessagesDoNothing) {
     RunningProgram::Run([&](RunningProgram& program) {
-        program.Do(ks_message_code("XXXX"));
+        program.Do(ks_message_code("what"));
         program.Do(NCApplication::kSettingsChanged);
         EXPECT_EQ(editor_values(), Defaults());
         program.Quit();

@@ -44,7 +44,8 @@ public:
 
     long Count(std::uint32_t code) const { return std::ranges::count(_handled.Entries(), code); }
     BWindow* Window() const { return Windows().at(0); }
-    KSControl* Root() const { return static_cast<KSContainer*>(Window()->Children().at(0).get())->Content(); }
+    KSContainer* Container() const { return static_cast<KSContainer*>(Window()->Children().at(0).get()); }
+    KSControl* Root() const { return Container()->Content(); }
     NCListView* Categories() const {
         NCListView* found = nullptr;
         Root()->ForEach([&](KSControl& control) {
