@@ -24,7 +24,9 @@ public:
         _label->setText(editor ? MarkedLabel(position) : Label());
         const bool is_long = Label().size() > look::kLongestLabel;
         _label->setWordWrap(is_long);
-        _label->setMinimumWidth(is_long ? _label->fontMetrics().averageCharWidth() * look::kLongestLabel : 0);
+        const int width = is_long ? _label->fontMetrics().averageCharWidth() * look::kLongestLabel : 0;
+        // Else a window of the least size takes the second line's height from what is above it.
+        _label->setMinimumSize(width, is_long ? _label->heightForWidth(width) : 0);
     }
 
 private:

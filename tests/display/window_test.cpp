@@ -72,6 +72,9 @@ void ExpectNothingIsCutOff(QWidget* top) {
         if (!widget->isVisible() || widget->isWindow() || !widget->parentWidget()->isVisible())
             continue;
         int least = 0;
+        if (auto* list = dynamic_cast<QListWidget*>(widget)) {
+            EXPECT_GE(list->height(), list->minimumSizeHint().height());
+        }
         if (auto* label = dynamic_cast<QLabel*>(widget))
             least = label->wordWrap() ? 0 : label->sizeHint().width();
         else if (dynamic_cast<QAbstractButton*>(widget))
@@ -108,7 +111,10 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
                           std::filesystem::copy_options::recursive);
     ScopedHome::Write(home.SettingsFile(), std::string("LANGUAGE = ") + GetParam() + "\n");
     ShownProgram::Run([](ShownProgram& program) {
-        program.OnScreen([&] { program.Top()->resize(1, 1); });
+        const QSize size = program.OnScreen([&] {
+            program.Top()->resize(1, 1);
+            return program.Top()->size();
+        });
         for (int category = 0; category < 4; ++category) {
             program.OnScreen([&] {
                 auto* list = program.Top()->findChildren<QListWidget*>().front();
@@ -120,6 +126,7 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
             program.OnScreen([&] {
                 ExpectNothingIsCutOff(program.Top());
                 ExpectMnemonicsDiffer(program.Top());
+                EXPECT_EQ(program.Top()->size(), size);
             });
         }
     });
