@@ -263,7 +263,7 @@ private:
             _dialog->selectFile(present.fileName());
         }
         QObject::connect(_dialog, &QFileDialog::fileSelected, _edit,
-                         [this](const QString& path) { Edit(path); });
+                         [this](const QString& path) { Choose(path); });
         _dialog->open();
     }
 

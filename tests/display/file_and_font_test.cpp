@@ -119,6 +119,8 @@ TEST_F(FilePopUp, BrowsesWithAPreview) {
             QTest::keyClick(name, Qt::Key_Return);
         });
         EXPECT_TRUE(program.Eventually([&] { return _backgrounds[0]->Path() == picture; }));
+        EXPECT_EQ(program.OnScreen([&] { return program.Named<QLineEdit>("Low level")->text(); }),
+                  QString::fromStdString(picture));
     });
 }
 
