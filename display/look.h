@@ -21,7 +21,8 @@ constexpr int kGap = 8;             // between neighbours
 constexpr int kRowGap = 6;          // between the rows of a grid
 constexpr int kLeastRows = 4;       // of a list
 constexpr int kLongestLabel = 60;   // characters; longer labels are broken into lines
-constexpr int kLargestPoints = 24;  // of a font's own name; larger fonts are shown at this size
+constexpr int kSmallestPoints = 6;  // of a font's own name; smaller fonts are shown at this size
+constexpr int kLargestPoints = 24;  // and larger ones at this
 
 // Chooses the style, before the application object is made: the user's where one is asked for.
 void ChooseStyle();

@@ -188,6 +188,12 @@ TEST_F(FontPopUp, TakesFamilyStyleAndAFractionalSize) {
             const QFont shown = program.Named<QAbstractButton>("Normal")->font();
             return shown.family().toStdString() == family && shown.pointSizeF() == 11.25;
         }));
+        want.SetSize(0.5f);
+        _fonts[0]->SetValue(&want, false);
+        EXPECT_TRUE(program.Eventually(
+            [&] { return program.Named<QAbstractButton>("Normal")->font().pointSizeF() == 6; }))
+            << "its name cannot be read";
+        EXPECT_EQ(_fonts[0]->Font().Size(), 0.5f);
     });
 }
 
