@@ -77,7 +77,11 @@ KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
     uint32_t* const last = dst + count - kLanes;
     store(dst, pixel);
     const uintptr_t past_boundary = reinterpret_cast<uintptr_t>(dst) % kVectorBytes;
-    for (dst += kLanes - past_boundary / 4; dst < last; dst += kLanes)
+    dst += kLanes - past_boundary / 4;
+    for (; last - dst >= 4 * kLanes; dst += 4 * kLanes)
+        for (int32_t k = 0; k < 4; k++)
+            store(dst + k * kLanes, pixel);
+    for (; dst < last; dst += kLanes)
         store(dst, pixel);
     store(last, pixel);
 }
