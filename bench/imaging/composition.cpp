@@ -101,7 +101,7 @@ void add_memory(Contest& contest, const Composition& task) {
                          }),
                 restore);
     // The least that a mode does whose result depends on the destination.
-    contest.Add("read, change and write", Picture::kUnrelated,
+    contest.Add("read change write", Picture::kUnrelated,
                 each_row(scene,
                          [run = task.family == Family::kRun](std::uint32_t* destination,
                                                              const std::uint32_t* source, int count) {

@@ -53,7 +53,7 @@ std::vector<Goal> goals() {
         {"Erase in memory, memcpy", "Erase/.*/4096", "memcpy", 0.95},
         {"Alpha Mask array in memory, memcpy", "Alpha Mask/array/.*/4096", "memcpy", 0.95},
         {"Normal on opaque, Erase and Alpha Mask array in memory, the memory's limit",
-         "(Normal/.*/opaque|Erase/.*|Alpha Mask/array/.*)/4096", "read, change and write", 0.95},
+         "(Normal/.*/opaque|Erase/.*|Alpha Mask/array/.*)/4096", "read change write", 0.95},
         {"ScalePlain, pixman", "ScalePlain/.*", "pixman", 1.5},
         {"ScaleBiLin, peers that weight straight colour by alpha", "ScaleBiLin/.*", "Qt straight|stb", 2},
         {"ScaleBiLin, pixman", "ScaleBiLin/.*", "pixman", 0.65},

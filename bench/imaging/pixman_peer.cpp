@@ -170,7 +170,7 @@ void add_pixman(Contest& contest, const Drawing& task) {
     std::function<void()> pass;
     switch (task.kind) {
     case Drawing::Kind::kRectangles:
-        contest.Add("pixman, a union of all", Picture::kPremultiplied, boxes_pass(task, destination, true),
+        contest.Add("pixman at once", Picture::kPremultiplied, boxes_pass(task, destination, true),
                     task.scene->RestorePremultiplied());
         pass = boxes_pass(task, destination, false);
         break;
