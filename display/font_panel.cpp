@@ -11,6 +11,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <algorithm>
 
 namespace {
 
@@ -55,7 +56,7 @@ QString CurrentText(const QListWidget* list) {
 QFont ToQFont(const BFont& font) {
     QFont result(QString::fromStdString(font.Family()));
     result.setStyleName(QString::fromStdString(font.Style()));
-    result.setPointSizeF(font.Size());
+    result.setPointSizeF(std::clamp<double>(font.Size(), kSmallest, kLargest));
     return result;
 }
 
@@ -71,6 +72,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent) : QDialog(parent), _sta
     _size->setRange(kSmallest, kLargest);
     _size->setSingleStep(kStep);
     _size->setValue(font.Size());
+    _size_at_start = _size->value();
     _size->setAccessibleName(size_label->text().remove(u'&'));
     size_label->setBuddy(_size);
     grid->addWidget(size_label, 0, 2);
@@ -146,8 +148,8 @@ BFont FontPanel::Font() const {
     BFont font = _start;
     font.SetFamilyAndStyle(CurrentText(_families).toUtf8().constData(),
                            CurrentText(_styles).toUtf8().constData());
-    // A size that was not touched is not rounded either.
-    if (_size->value() != _size->valueFromText(_size->textFromValue(_start.Size())))
+    // A size that was not touched is neither rounded nor held to the bounds.
+    if (_size->value() != _size_at_start)
         font.SetSize(static_cast<float>(_size->value()));
     return font;
 }

@@ -32,5 +32,6 @@ private:
     QListWidget* _families;
     QListWidget* _styles;
     QDoubleSpinBox* _size;
+    double _size_at_start;
     QLabel* _sample;
 };

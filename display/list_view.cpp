@@ -166,6 +166,9 @@ private:
             width = std::max(width, _list->fontMetrics().horizontalAdvance(row.text));
             height = std::max(height, row.height);
         }
+        // A text that is longer than any reasonable one is cut off rather than widen the window beyond the
+        // screen.
+        width = std::min(width, 40 * _list->fontMetrics().averageCharWidth());
         width += 2 * look::kGap + _list->verticalScrollBar()->sizeHint().width();
         _list->SetLeastSize(QSize(width, height * look::kLeastRows).expandedTo(_least));
     }

@@ -190,29 +190,32 @@ TEST_F(FontPopUp, TakesFamilyStyleAndAFractionalSize) {
         }));
         want.SetSize(0.5f);
         _fonts[0]->SetValue(&want, false);
-        EXPECT_TRUE(program.Eventually(
-            [&] { return program.Named<QAbstractButton>("Normal")->font().pointSizeF() == 6; }))
-            << "its name cannot be read";
+        EXPECT_TRUE(program.Eventually([&] {
+            return program.Named<QAbstractButton>("Normal")->font().pointSizeF() == 6;
+        })) << "its name cannot be read";
         EXPECT_EQ(_fonts[0]->Font().Size(), 0.5f);
     });
 }
 
 TEST_F(FontPopUp, KeepsAFontThatIsNotInstalled) {
     BFont odd;
-    odd.SetFamilyAndStyle("No Such Family", "Quite Odd");
-    odd.SetSize(12.123f);
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(2);
-        _fonts[0]->SetValue(&odd, false);
-        EXPECT_TRUE(program.Eventually([&] {
-            const QString shown = program.Named<QAbstractButton>("Normal")->accessibleDescription();
-            return shown.contains(QStringLiteral("No Such Family Quite Odd"));
-        }));
-        QDialog* panel = OpenPanel(program);
-        ASSERT_TRUE(panel);
-        program.OnScreen([&] { QTest::keyClick(panel, Qt::Key_Return); });
-        ASSERT_TRUE(program.Eventually([&] { return !program.Top()->findChild<QDialog*>(); }));
-        EXPECT_EQ(_fonts[0]->Font(), odd);
+        for (const float size : {12.123f, 1000.5f, 1e30f, 0.5f}) {
+            const std::string style = "Odd " + std::to_string(size);
+            odd.SetFamilyAndStyle("No Such Family", style.c_str());
+            odd.SetSize(size);
+            _fonts[0]->SetValue(&odd, false);
+            EXPECT_TRUE(program.Eventually([&] {
+                const QString shown = program.Named<QAbstractButton>("Normal")->accessibleDescription();
+                return shown.contains(QString::fromStdString("No Such Family " + style));
+            }));
+            QDialog* panel = OpenPanel(program);
+            ASSERT_TRUE(panel);
+            program.OnScreen([&] { QTest::keyClick(panel, Qt::Key_Return); });
+            ASSERT_TRUE(program.Eventually([&] { return !program.Top()->findChild<QDialog*>(); }));
+            EXPECT_EQ(_fonts[0]->Font(), odd) << size;
+        }
     });
 }
 
