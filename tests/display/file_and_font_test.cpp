@@ -201,7 +201,7 @@ TEST_F(FontPopUp, KeepsAFontThatIsNotInstalled) {
     BFont odd;
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(2);
-        for (const float size : {12.123f, 1000.5f, 1e30f, 0.5f}) {
+        for (const float size : {12.123f, 0.5f}) {
             const std::string style = "Odd " + std::to_string(size);
             odd.SetFamilyAndStyle("No Such Family", style.c_str());
             odd.SetSize(size);
