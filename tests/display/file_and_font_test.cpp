@@ -201,7 +201,12 @@ TEST_F(FontPopUp, KeepsAFontThatIsNotInstalled) {
     BFont odd;
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(2);
-        for (const float size : {12.123f, 0.5f}) {
+        for (const float size : {12.123f, 0.5f, 1e30f}) {
+#if defined(__SANITIZE_THREAD__)
+            if (size >
+                100)  // Qt draws large letters in threads of its own, whose locks this sanitizer does not see
+                continue;
+#endif
             const std::string style = "Odd " + std::to_string(size);
             odd.SetFamilyAndStyle("No Such Family", style.c_str());
             odd.SetSize(size);
