@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <vector>
 
 using namespace ks_bitmaptools;
@@ -78,6 +79,17 @@ public:
           _lonely(static_cast<std::size_t>(width)) {}
 
     void Run() {
+        if (const auto places = FewLonely())
+            CleanByComparing(*places);
+        else if (2 * _radius + 1 <= 255)
+            CleanByHistograms<std::uint8_t>();
+        else
+            CleanByHistograms<std::uint16_t>();
+    }
+
+private:
+    // Returns the places of the lonely pixels, or nothing if they are so many that histograms take less time.
+    std::optional<std::vector<std::int64_t>> FewLonely() {
         // What comparing a square takes beyond looking it up in histograms, and what these take, in cycles
         // per lonely pixel and per pixel. At least so much that the list of the former is half an image at
         // most.
@@ -88,15 +100,13 @@ public:
         for (std::int64_t y = 0; y < _height; ++y) {
             const std::int64_t count = FindLonely(y, 0, _width);
             if (static_cast<std::int64_t>(places.size()) + count > most)
-                return 2 * _radius + 1 <= 255 ? CleanByHistograms<std::uint8_t>()
-                                              : CleanByHistograms<std::uint16_t>();
+                return std::nullopt;
             for (std::int64_t k = 0; k < count; ++k)
                 places.push_back(y * _width + _lonely[static_cast<std::size_t>(k)]);
         }
-        CleanByComparing(places);
+        return places;
     }
 
-private:
     // The columns around `x` that the square reaches.
     struct Span {
         std::int64_t first, count;
