@@ -5,19 +5,15 @@
 #include <array>
 #include <cmath>
 
-namespace {
-
-double Linear(double c) {
-    return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+double LinearLight(double component) {
+    return component <= 0.03928 ? component / 12.92 : std::pow((component + 0.055) / 1.055, 2.4);
 }
-
-}  // namespace
 
 double Luminance(const QColor& color) {
     static const auto kLinear = [] {
         std::array<double, 256> table;
         for (std::size_t i = 0; i < table.size(); ++i)
-            table[i] = Linear(static_cast<double>(i) / 255);
+            table[i] = LinearLight(static_cast<double>(i) / 255);
         return table;
     }();
     const auto linear = [](int c) { return kLinear[static_cast<std::size_t>(c)]; };

@@ -4,6 +4,9 @@
 
 #include <QColor>
 
+// The light of a component of sRGB; both 0 to 1.
+double LinearLight(double component);
+
 // The share of white light that the colour gives, 0 to 1, without its alpha.
 // WCAG 2.1, "relative luminance".
 double Luminance(const QColor& color);
