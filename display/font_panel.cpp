@@ -11,7 +11,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <algorithm>
 
 namespace {
 
@@ -56,7 +55,7 @@ QString CurrentText(const QListWidget* list) {
 QFont ToQFont(const BFont& font) {
     QFont result(QString::fromStdString(font.Family()));
     result.setStyleName(QString::fromStdString(font.Style()));
-    result.setPointSizeF(std::clamp<double>(font.Size(), kSmallest, kLargest));
+    result.setPointSizeF(look::BoundedPoints(font.Size(), kSmallest, kLargest));
     return result;
 }
 
@@ -71,7 +70,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent) : QDialog(parent), _sta
     _size->setDecimals(2);
     _size->setRange(kSmallest, kLargest);
     _size->setSingleStep(kStep);
-    _size->setValue(font.Size());
+    _size->setValue(look::BoundedPoints(font.Size(), kSmallest, kLargest));
     _size_at_start = _size->value();
     _size->setAccessibleName(size_label->text().remove(u'&'));
     size_label->setBuddy(_size);

@@ -63,13 +63,12 @@ ks_color ParseColor(const std::string& text) {
     return {low_bits(0), low_bits(1), low_bits(2), low_bits(3)};
 }
 
-// Reads a size in points, written with a decimal point whatever the locale; nothing if it is no usable size.
-std::optional<float> ParseSize(const char* text) {
+// Reads a size in points as strtod() does in the "C" locale. A finite one beyond float's range becomes the
+// nearest float.
+float ParseSize(const char* text) {
     static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
     const double size = strtod_l(text, nullptr, plain);
-    if (!(size >= FLT_TRUE_MIN && size <= FLT_MAX))
-        return std::nullopt;
-    return static_cast<float>(size);
+    return static_cast<float>(std::isfinite(size) ? std::clamp<double>(size, -FLT_MAX, FLT_MAX) : size);
 }
 
 long WholeNumber(float value) {
@@ -115,7 +114,7 @@ void ReadBitmap(std::int32_t pen, const std::string& path) {
         _backgrounds[pen]->SetText(path.c_str(), false);
 }
 
-// `fields` is "family,style,size". An empty field is no field, as strtok has it.
+// `fields` is "family,style,size". Empty fields are skipped, as strtok() skips them.
 void ReadFont(KSPopFont* editor, std::string fields) {
     char* rest = nullptr;
     const char* family = strtok_r(fields.data(), ",\n", &rest);
@@ -123,13 +122,9 @@ void ReadFont(KSPopFont* editor, std::string fields) {
     const char* size_text = strtok_r(nullptr, ",\n", &rest);
     if (!size_text)
         return;
-    family += std::strspn(family, " =");
-    const std::optional<float> size = ParseSize(size_text);
-    if (!*family || !size)
-        return;
     BFont font;
-    font.SetFamilyAndStyle(family, style);
-    font.SetSize(*size);
+    font.SetFamilyAndStyle(family + std::strspn(family, " ="), style);
+    font.SetSize(ParseSize(size_text));
     editor->SetValue(&font, false);
 }
 
