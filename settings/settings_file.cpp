@@ -19,10 +19,8 @@
 #include <charconv>
 #include <climits>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <locale.h>
 #include <optional>
 #include <string>
@@ -236,18 +234,8 @@ void ReadSettings() {
         shown_in->Content()->RedrawSelf();
 }
 
-void WriteSettings() {
-    const std::string text = FormatSettings();
-    // As fopen() does for "w", but a pipe in the file's place is not waited for.
-    const int descriptor = open(ks_resolve_path(kSettingsPath).c_str(),
-                                O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
-    std::FILE* file = descriptor < 0 ? nullptr : fdopen(descriptor, "w");
-    if (!file)
-        return;
-    // Unbuffered, so that the whole text goes out in one call: readers see the file short for a moment only.
-    std::setvbuf(file, nullptr, _IONBF, 0);
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
+bool WriteSettings() {
+    return ks_write_settings_file(FormatSettings());
 }
 
 }  // namespace config
