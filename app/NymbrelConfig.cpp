@@ -299,9 +299,14 @@ void NCApplication::MessageReceived(BMessage* message) {
 
 // The change is announced even if the file could not be written.
 void NCApplication::StoreSettings() {
-    WriteSettings();
+    _is_stored = WriteSettings();
     const BMessage changed(kSettingsChanged);
     be_roster->Broadcast(&changed);
+}
+
+void NCApplication::BroadcastStarting(const BMessage& message) {
+    if (_is_stored)
+        KSApplication::BroadcastStarting(message);
 }
 
 bool NCApplication::QuitRequested() {

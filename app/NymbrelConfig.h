@@ -64,6 +64,8 @@ public:
     void MessageReceived(BMessage* message) override;
     // Always agrees: what was not applied is dropped.
     bool QuitRequested() override;
+    // Settles nothing after a write that failed: Revert still comes back to what the file holds.
+    void BroadcastStarting(const BMessage& message) override;
 
 private:
     void BuildContents();
@@ -73,4 +75,6 @@ private:
     KSContainer* _container = nullptr;
     KSControl* _root = nullptr;
     NCListView* _categories = nullptr;
+
+    bool _is_stored = false;  // whether the last write succeeded
 };
