@@ -283,11 +283,6 @@ void NCApplication::MessageReceived(BMessage* message) {
         StoreSettings();
         be_app->PostMessage(B_QUIT_REQUESTED);
         break;
-    case kRevert:
-        KSApplication::MessageReceived(message);
-        // A command that follows does not wait until the display has told of the list.
-        TakeSelectedLanguage();
-        break;
     case kResetColors:
         ApplyPalette(_beos_size->Value() ? kBeOSConformPalette : kDefaultPalette);
         StoreSettings();

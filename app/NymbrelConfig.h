@@ -49,13 +49,10 @@ public:
 
 class NCApplication : public KSApplication {
 public:
-    // What the window's buttons send.
+    // What the window's buttons send, besides kRevert.
     static constexpr std::uint32_t kApply = ks_message_code("APPL");
     static constexpr std::uint32_t kOk = ks_message_code("OKAY");
-    static constexpr std::uint32_t kRevert = ks_message_code("REVE");
     static constexpr std::uint32_t kResetColors = ks_message_code("RSCO");
-    // What is broadcast when the settings have been stored.
-    static constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
 
     NCApplication();
 

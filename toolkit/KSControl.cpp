@@ -14,6 +14,8 @@ bool KSControl::Revert() {
     return false;
 }
 
+void KSControl::SendReverted(BLooper&) {}
+
 void KSControl::Settle() {}
 
 void KSControl::Hide(bool hide) {
