@@ -4,6 +4,7 @@
 
 #include "display/look.h"
 #include "display/texts.h"
+#include "toolkit/settings_values.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -23,8 +24,7 @@ QString FamilyName(const QString& listed) {
 }
 
 bool CanBeStored(const QString& name) {
-    return !name.isEmpty() && !name.contains(u',') && !name.contains(u'\n') &&
-           name.toUtf8().size() < qsizetype{sizeof(font_family)};
+    return ks_fits_font_field(name.toStdString());
 }
 
 QListWidget* AddList(QGridLayout* grid, int column, const char* title, QWidget* parent) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The settings file: a line "KEY = value" for every value of the model.
+// Carries the values of the settings file to the editors and back.
 //
 // A file that cannot be opened is skipped without a message. Both operations belong to the application's
 // thread, which must not hold the window's lock.
