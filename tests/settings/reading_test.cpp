@@ -253,10 +253,10 @@ private:
             key = Pick(options);
             break;
         case 1:
-            key = config::font_settings[Number(4)].key;
+            key = font_settings[Number(4)].key;
             break;
         default:
-            key = config::color_settings[Number(23)].key + std::string(Number(1) ? "_BMP" : "");
+            key = color_settings[Number(23)].key + std::string(Number(1) ? "_BMP" : "");
         }
         if (Number(3) == 0)
             for (char& c : key)
