@@ -102,13 +102,9 @@ std::optional<font> font_of(const std::string& rest) {
     static const std::regex size_pattern(
         "^[ \\t\\n\\v\\f\\r]*([-+]?([0-9]+\\.?[0-9]*|\\.[0-9]+)([eE][-+]?[0-9]+)?)");
     std::smatch size;
-    if (!std::regex_search(fields[2], size, size_pattern))
-        return std::nullopt;
-    const font result{name_of(std::regex_replace(fields[0], std::regex("^[ =]+"), "")), name_of(fields[1]),
-                      std::stof(size[1])};
-    if (result.family.empty() || result.size <= 0)
-        return std::nullopt;
-    return result;
+    const bool has_size = std::regex_search(fields[2], size, size_pattern);
+    return font{name_of(std::regex_replace(fields[0], std::regex("^[ =]+"), "")), name_of(fields[1]),
+                has_size ? std::stof(size[1]) : 0};
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "settings/settings_file.h"
 #include "tests/settings/editors.h"
 
+#include <cfloat>
 #include <functional>
 #include <random>
 
@@ -139,14 +140,12 @@ TEST_F(Reading, AppliesSingleLines) {
         {"FontSizeComma", "KS_FONT_TITLE = A,B,12,5\n", title_font("A", "B", 12)},
         {"FontTwoFields", "KS_FONT_TITLE = Family Name,Bold\n", nothing},
         {"FontEmptyStyle", "KS_FONT_TITLE = A,,9\n", nothing},
-        {"FontEmptyFamily", "KS_FONT_TITLE = ,B,9\n", nothing},
-        {"FontNoSize", "KS_FONT_TITLE = A,B,big\n", nothing},
-        {"FontSizeZero", "KS_FONT_TITLE = A,B,0\n", nothing},
-        {"FontSizeNegative", "KS_FONT_TITLE = A,B,-9\n", nothing},
-        {"FontSizeInfinite", "KS_FONT_TITLE = A,B,inf\n", nothing},
-        {"FontSizeNotANumber", "KS_FONT_TITLE = A,B,nan\n", nothing},
-        {"FontSizeTooLarge", "KS_FONT_TITLE = A,B,1e39\n", nothing},
-        {"FontSizeTooSmall", "KS_FONT_TITLE = A,B,1e-60\n", nothing},
+        {"FontNoFamilyField", "KS_FONT_TITLE=,B,9\n", nothing},
+        {"FontEmptyFamily", "KS_FONT_TITLE = ,B,9\n", title_font("", "B", 9)},
+        {"FontNoSize", "KS_FONT_TITLE = A,B,big\n", title_font("A", "B", 0)},
+        {"FontSizeNegative", "KS_FONT_TITLE = A,B,-9\n", title_font("A", "B", -9)},
+        {"FontSizeTooLarge", "KS_FONT_TITLE = A,B,-1e39\n", title_font("A", "B", -FLT_MAX)},
+        {"FontSizeTooSmall", "KS_FONT_TITLE = A,B,1e-60\n", title_font("A", "B", 0)},
         {"FontLongNames", "KS_FONT_TITLE = " + long_name + "," + umlauts + ",9\n",
          title_font(long_name.substr(0, 63), umlauts.substr(0, 62), 9)},
 
@@ -164,6 +163,16 @@ TEST_F(Reading, AppliesSingleLines) {
         ReadBytes(row.line);
         EXPECT_EQ(reference::write(editor_values()), reference::write(wanted));
         EXPECT_EQ(editor_values(), wanted);
+    }
+}
+
+TEST_F(Reading, KeepsFontSizesThatCannotBeDrawn) {
+    for (const char* size : {"0", "-0", "-9", "inf", "-inf", "nan"}) {
+        const std::string line = std::string("KS_FONT_TITLE = A,B,") + size + "\n";
+        ReadBytes(line);
+        EXPECT_FALSE(config::_fonts[2]->Revert()) << size;
+        config::WriteSettings();
+        EXPECT_NE(ScopedHome::Read(home.SettingsFile()).find(line), std::string::npos) << size;
     }
 }
 
@@ -244,10 +253,10 @@ private:
             key = Pick(options);
             break;
         case 1:
-            key = config::font_settings[Number(4)].key;
+            key = font_settings[Number(4)].key;
             break;
         default:
-            key = config::color_settings[Number(23)].key + std::string(Number(1) ? "_BMP" : "");
+            key = color_settings[Number(23)].key + std::string(Number(1) ? "_BMP" : "");
         }
         if (Number(3) == 0)
             for (char& c : key)

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <clocale>
+#include <csignal>
+#include <sys/resource.h>
 
 namespace {
 
@@ -121,6 +123,23 @@ TEST_F(Writing, SkipsWhatCannotBeWritten) {
     config::WriteSettings();
     config::ReadSettings();
     EXPECT_EQ(editor_values(), Defaults());
+}
+
+TEST_F(Writing, LeavesTheOldFileWhenThereIsNoRoom) {
+    const std::string before = Written() + "# more than what is written next\n";
+    ScopedHome::Write(home.SettingsFile(), before);
+    rlimit limit;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit none = {0, limit.rlim_max};
+    const auto signal_before = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
+    const bool is_written = config::WriteSettings();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, signal_before);
+    EXPECT_FALSE(is_written);
+    EXPECT_EQ(ScopedHome::Read(home.SettingsFile()), before);
+    EXPECT_TRUE(config::WriteSettings());
+    EXPECT_EQ(ScopedHome::Read(home.SettingsFile()), reference::write(Defaults()));
 }
 
 TEST_F(Writing, FollowsTheEnvironmentToTheFile) {

@@ -61,8 +61,11 @@ TEST_F(ListView, KeepsItsItemsAndItsSelectionTogether) {
     EXPECT_EQ(list->CurrentSelection(), -1);
     list->Select(1, false);
     EXPECT_TRUE(list->ItemAt(1)->IsSelected());
+    list->EditSelection(2);
     list->AddItem(new KSStringItem("first"), 0, true);
     list->AddItem(new KSStringItem("last"), 99, true);
+    EXPECT_EQ(list->CurrentSelection(), 3);
+    EXPECT_TRUE(list->Revert()) << "an item that is added settles nothing";
     EXPECT_EQ(list->CurrentSelection(), 2);
     EXPECT_EQ(list->CountItems(), 5);
     std::string names;
@@ -89,18 +92,18 @@ TEST_F(ListView, TellsAtOnceWhereNobodyShowsIt) {
     EXPECT_EQ(looper.codes, std::vector<std::uint32_t>(3, kListed));
 }
 
-TEST_F(ListView, LetsWhoeverShowsItTellTheProgramsChanges) {
+TEST_F(ListView, LetsWhoeverShowsItCallTheHook) {
     ShowIt();
     shown->Select(0, false);
     shown->Select(1, false);
     EXPECT_EQ(shown->selections, selection_list{});
     EXPECT_EQ(container->TakeChanges().controls, std::vector<KSControl*>{shown});
-    shown->TellSelection();
-    shown->TellSelection();
+    shown->CallSelectionHook();
+    shown->CallSelectionHook();
     EXPECT_EQ(shown->selections, selection_list{1});
     shown->EditSelection(2);
     EXPECT_EQ(shown->selections, (selection_list{1, 2}));
-    EXPECT_EQ(looper.codes.size(), 2u);
+    EXPECT_EQ(looper.codes.size(), 3u);
 }
 
 TEST_F(ListView, ReportsWhatRevertPutsBack) {
@@ -109,6 +112,9 @@ TEST_F(ListView, ReportsWhatRevertPutsBack) {
     EXPECT_TRUE(list->Revert());
     EXPECT_FALSE(list->Revert());
     EXPECT_EQ(list->selections, (selection_list{0, 1, 0}));
+    EXPECT_EQ(looper.codes.size(), 2u);
+    RecordingLooper reverting;
+    list->SendReverted(reverting);
     EXPECT_EQ(looper.codes.size(), 3u);
     list->EditSelection(2);
     list->Settle();
