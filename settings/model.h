@@ -8,6 +8,7 @@
 
 #include "hdr/ks_color.h"
 #include "settings/strings.h"
+#include "toolkit/ks_palettes.h"
 #include "toolkit/settings_values.h"
 
 class KSCheckBox;
@@ -21,16 +22,8 @@ class KSSpinBox;
 
 namespace config {
 
-enum palette : int { kDefaultPalette, kBeOSConformPalette };
-
-struct pen_row {
-    ks_pen pen;
-    text label;
-    ks_color palettes[2];  // indexed by `palette`
-};
-
 // Indexed by the pen; KS_PEN_NONE has no editor.
-extern const pen_row pen_rows[KS_PEN_NONE];
+extern const text pen_labels[KS_PEN_NONE];
 extern const text font_labels[kFontCount];
 
 extern KSColorField* _colors[kPenCount + 1];
@@ -57,6 +50,6 @@ extern const char* _language;
 void ApplyDefaults();
 
 // Sets every colour field from a palette.
-void ApplyPalette(palette which);
+void ApplyPalette(ks_palette which);
 
 }  // namespace config

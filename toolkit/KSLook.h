@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+// The look that the running application wears.
+//
+// It is what the settings file says, except where an editor is tied to a value: there it is what the editor
+// holds, applied or not. So there is one store for each value.
+#pragma once
+
+#include "toolkit/ks_look.h"
+#include "toolkit/ks_pen.h"
+
+#include <array>
+#include <mutex>
+#include <optional>
+
+class KSCheckBox;
+class KSColorField;
+class KSCycle;
+class KSPopFile;
+class KSPopFont;
+class KSSpinBox;
+struct ks_settings_line;
+
+class KSLook {
+public:
+    // Takes what the settings file says; values that it lacks are the toolkit's. From any thread.
+    void Read();
+
+    // Lets the editor stand in the file's place from now on, and gives it the toolkit's value. The editor
+    // has to live as long as it is asked for. Called while no window shows the editor.
+    void Tie(ks_pen pen, KSColorField* editor);
+    void TieBitmap(ks_pen level, KSPopFile* editor);
+    void Tie(ks_font font, KSPopFont* editor);
+    // The second label stands for the Nymbrel look.
+    void TieLook(KSCycle* editor);
+    void TieBubbleHelp(KSCheckBox* is_used, KSSpinBox* wait);
+    void TieMouseHold(KSSpinBox* editor);
+    // Forgets all editors.
+    void Untie();
+
+    // Returns what is worn at this moment. To have the values of one moment, hold the editors' lock.
+    ks_look Copy() const;
+
+private:
+    // The toolkit's values, and what a settings file puts in their place.
+    struct file_values {
+        file_values();
+        void Take(const ks_settings_line& line);
+
+        ks_look look;
+        // The toolkit's own fonts are looked up when somebody first asks for them.
+        std::array<std::optional<BFont>, ks_look::kFonts> fonts;
+    };
+
+    mutable std::mutex _mutex;
+    file_values _file;
+    std::array<KSColorField*, ks_look::kPens> _pens{};
+    std::array<KSPopFile*, ks_look::kLevels> _bitmaps{};
+    std::array<KSPopFont*, ks_look::kFonts> _fonts{};
+    KSCycle* _look = nullptr;
+    KSCheckBox* _bubble_help = nullptr;
+    KSSpinBox* _bubble_wait = nullptr;
+    KSSpinBox* _mouse_hold = nullptr;
+};
+
+// The process's look.
+extern KSLook* const ks_current_look;

@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#include "toolkit/default_fonts.h"
+
+#include "toolkit/settings_values.h"
+
+#include <fontconfig/fontconfig.h>
+#include <memory>
+
+namespace {
+
+struct wish {
+    const char* pattern;  // as fontconfig names fonts
+    const char* family;   // where fontconfig finds nothing
+    const char* style;
+    float size;
+};
+
+// By ks_font.
+constexpr wish kWishes[ks_look::kFonts] = {
+    {"sans-serif", "Sans", "Regular", 10}, {"monospace", "Monospace", "Regular", 10},
+    {"sans-serif:bold", "Sans", "Bold", 10}, {"sans-serif", "Sans", "Regular", 8},
+    {"sans-serif", "Sans", "Regular", 14},
+};
+
+// Returns the first of a pattern's names of one kind that fits the settings file, or `otherwise`.
+std::string FirstFittingName(const FcPattern* pattern, const char* kind, const char* otherwise) {
+    FcChar8* text = nullptr;
+    for (int i = 0; FcPatternGetString(pattern, kind, i, &text) == FcResultMatch; ++i) {
+        const std::string name(reinterpret_cast<const char*>(text));
+        if (ks_fits_font_field(name))
+            return name;
+    }
+    return otherwise;
+}
+
+BFont Find(const wish& wish) {
+    const auto destroy = [](FcPattern* pattern) {
+        if (pattern)
+            FcPatternDestroy(pattern);
+    };
+    using pattern_ptr = std::unique_ptr<FcPattern, decltype(destroy)>;
+
+    BFont font;
+    font.SetFamilyAndStyle(wish.family, wish.style);
+    font.SetSize(wish.size);
+    const pattern_ptr wanted(FcNameParse(reinterpret_cast<const FcChar8*>(wish.pattern)), destroy);
+    if (!wanted || !FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern))
+        return font;
+    FcDefaultSubstitute(wanted.get());
+    FcResult result = FcResultNoMatch;
+    const pattern_ptr found(FcFontMatch(nullptr, wanted.get(), &result), destroy);
+    if (found && result == FcResultMatch)
+        font.SetFamilyAndStyle(FirstFittingName(found.get(), FC_FAMILY, wish.family).c_str(),
+                               FirstFittingName(found.get(), FC_STYLE, wish.style).c_str());
+    return font;
+}
+
+}  // namespace
+
+const BFont& ks_default_font(ks_font font) {
+    static const std::array<BFont, ks_look::kFonts> fonts = [] {
+        std::array<BFont, ks_look::kFonts> found;
+        for (std::size_t i = 0; i < found.size(); ++i)
+            found[i] = Find(kWishes[i]);
+        return found;
+    }();
+    return fonts[font];
+}
