@@ -16,7 +16,7 @@
 
 namespace {
 
-// The share of spare room of a child without a weight of its own, beside one that has one, and of a spacer.
+// The share of spare room of a spacer, and of a child without a weight that can use spare room.
 constexpr int kShare = 100;
 
 bool IsSpacer(const KSControl& control) {
@@ -129,23 +129,30 @@ private:
     }
 
     void Box() {
-        const bool vertical = Control().Orientation() == KS_ORIENTATION_VERTICAL;
-        auto* box = new QBoxLayout(vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, Widget());
+        const Qt::Orientation along =
+            Control().Orientation() == KS_ORIENTATION_VERTICAL ? Qt::Vertical : Qt::Horizontal;
+        auto* box = new QBoxLayout(along == Qt::Vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight,
+                                   Widget());
         box->setSpacing(look::kGap);
-        const auto weight = [&](const KSControl& child) {
-            return static_cast<int>(vertical ? WeightOf(child).y : WeightOf(child).x);
+        const auto weight = [along](const auto& child) {
+            const KSPoint<long> both = WeightOf(*child);
+            return static_cast<int>(along == Qt::Vertical ? both.y : both.x);
         };
         const auto& children = Control().Children();
         const bool weighted =
-            std::ranges::any_of(children, [&](const auto& child) { return weight(*child) > 0; });
+            std::ranges::any_of(children, [&](const auto& child) { return weight(child) > 0; });
         for (const auto& child : children) {
             ControlMirror& mirror = Window().Make(*child, Widget());
-            if (!mirror.Widget())
+            if (!mirror.Widget()) {
                 box->addStretch(kShare);
-            else if (weighted)
-                box->addWidget(mirror.Widget(), weight(*child) > 0 ? weight(*child) : kShare);
-            else
-                box->addWidget(mirror.Widget());
+                continue;
+            }
+            box->addWidget(mirror.Widget());
+            const int last = box->count() - 1;
+            if (weight(child) > 0)
+                box->setStretch(last, weight(child));
+            else if (weighted && box->itemAt(last)->expandingDirections().testFlag(along))
+                box->setStretch(last, kShare);
         }
     }
 
