@@ -3,6 +3,7 @@
 #pragma once
 
 #include <deque>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -22,17 +23,21 @@ public:
     // From any thread; never waits for the function to run.
     void Post(std::function<void()> function);
 
-    // Has the GUI library's event loop run what is posted. Main thread, with the application made.
+    // The rest is for the main thread, while the GUI library's application object is there.
+
+    // Has the event loop run what is posted. A function that throws ends the event loop.
     void Listen();
     // Ends that; what is posted stays.
     void Unlisten();
+    // Throws what a function has thrown, if one has.
+    void RethrowFailure();
 
 private:
-    void Wake();
     void RunPosted();
 
     std::mutex _mutex;
     std::deque<std::function<void()>> _posted;
     std::unique_ptr<QSocketNotifier> _notifier;
+    std::exception_ptr _failure;
     int _event;
 };

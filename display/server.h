@@ -28,7 +28,8 @@ public:
     void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
 
 private:
-    void NoteShown(BWindow* window);
+    void PutOnScreen(BWindow* window);
+    void TakeAllOffScreen();
 
     PostQueue _queue;
     std::unique_ptr<QApplication> _application;
@@ -36,6 +37,6 @@ private:
 
     std::mutex _mutex;  // guards what follows; taken after a window's lock or without one
     std::condition_variable _progress;
-    std::vector<BWindow*> _shown;
+    std::vector<BWindow*> _shown;  // written by the main thread only
     bool _ended = false;
 };
