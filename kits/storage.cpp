@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Files and directories, and where the platform's fixed paths lie here.
 #include "kits/storage.h"
 
 #include <cstdlib>

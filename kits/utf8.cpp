@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// UTF-8 text: where it may be cut, and whether it is any.
 #include "kits/utf8.h"
 
 #include <cstdint>

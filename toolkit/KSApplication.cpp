@@ -44,3 +44,7 @@ void KSApplication::BroadcastStarting(const BMessage& message) {
     if (message.what == kSettingsChanged)
         ForEachControl(*this, [](KSControl& control) { control.Settle(); });
 }
+
+bool KSApplication::AcceptsBroadcast(std::uint32_t code) const {
+    return code == kSettingsChanged;
+}

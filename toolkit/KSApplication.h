@@ -14,4 +14,6 @@ public:
     void MessageReceived(BMessage* message) override;
     // 'fAPL' settles every editor of the windows.
     void BroadcastStarting(const BMessage& message) override;
+    // Only 'fAPL': no other program can send commands.
+    bool AcceptsBroadcast(std::uint32_t code) const override;
 };
