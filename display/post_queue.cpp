@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The queue's wake-up is an eventfd, so that the posting thread needs nothing of the GUI library.
+// An eventfd wakes the main thread, so that the posting thread does not use Qt.
 #include "display/post_queue.h"
 
 #include <QCoreApplication>

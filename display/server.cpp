@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Everything of Qt happens on the thread that calls Prepare and Run; the other members only post to it.
+// Qt is used only on the thread that calls Prepare and Run; the other members post to that thread.
 #include "display/server.h"
 
 #include "display/display.h"
@@ -30,12 +30,12 @@ void DisplayServer::Prepare(bool bus_answers) {
     // Qt's accessibility bridge waits without end on a bus that accepts and never answers.
     if (!bus_answers)
         setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
-    // Keeps Qt from loading GTK, which several desktops' names would make it do: a tenth of a second and
-    // 65 MB for the same window. QT_QPA_PLATFORMTHEME still names a theme where the user wants one.
+    // On several desktops Qt would load GTK, which costs a tenth of a second and 65 MB for the same window.
+    // QT_QPA_PLATFORMTHEME still names a theme where the user wants one.
     QGuiApplication::setDesktopSettingsAware(false);
 
-    // fontconfig takes as long to read its files as all the rest of the start; they are read meanwhile. The
-    // locale is set first: it must not change while another thread runs.
+    // fontconfig reads its files during the rest of the start, which takes about as long. The locale is set
+    // first: it must not change while another thread runs.
     std::setlocale(LC_ALL, "");
     const std::jthread fonts([] { FcInit(); });
     look::ChooseStyle();

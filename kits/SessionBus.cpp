@@ -19,7 +19,7 @@ constexpr const char* kInterface = "org.nymbrel.Roster";
 constexpr const char* kMember = "Broadcast";
 constexpr int kBurst = 64;
 
-// Returns the addresses of Unix sockets among those of a D-Bus address list.
+// Returns the addresses in a D-Bus address list that are Unix sockets.
 std::string UnixAddresses(std::string_view list) {
     std::string kept;
     while (!list.empty()) {
@@ -32,7 +32,7 @@ std::string UnixAddresses(std::string_view list) {
     return kept;
 }
 
-// Starts to connect without waiting; null when there is no bus to connect to.
+// Starts to connect without waiting. Returns null where there is no bus to connect to.
 sd_bus* StartConnecting() {
     sd_bus* bus = nullptr;
     const char* list = std::getenv("DBUS_SESSION_BUS_ADDRESS");
@@ -112,7 +112,7 @@ void SessionBus::Broadcast(std::uint32_t code) {
         GiveUp();
 }
 
-// sd_bus_flush() would wait without end.
+// sd_bus_flush() has no deadline.
 bool SessionBus::Flush(clock_type::time_point deadline) {
     for (;;) {
         std::uint64_t queued = 0;

@@ -38,7 +38,8 @@ bool QuitSignals::HaveCome() {
     return read(_descriptor, &signal, sizeof signal) == static_cast<ssize_t>(sizeof signal);
 }
 
-ApplicationLoop::ApplicationLoop() : _wake(CheckedDescriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC), "eventfd")) {}
+ApplicationLoop::ApplicationLoop()
+    : _wake(CheckedDescriptor(eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC), "eventfd")) {}
 
 ApplicationLoop::~ApplicationLoop() {
     close(_wake);
