@@ -24,9 +24,6 @@ public:
     void Quit() override;
     void Show(BWindow* window) override;
 
-    // Has `function` run on the main thread while Run() runs; from any thread, never waits.
-    void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
-
 protected:
     PostQueue _queue;
 
