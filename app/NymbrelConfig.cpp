@@ -108,7 +108,7 @@ void AddPens(KSControl* parent, const text& title, ks_pen first, ks_pen last) {
     KSControl* grid = AddTitledGrid(parent, title, 2);
     AddSpacers(grid, 2);
     for (int pen = first; pen <= last; ++pen) {
-        AddLabel(grid, pen_rows[pen].label);
+        AddLabel(grid, pen_labels[pen]);
         _colors[pen] = Add(grid, new KSColorField(nullptr, 0));
     }
     AddSpacers(grid, 2);
@@ -128,7 +128,7 @@ KSControl* BuildBackgrounds() {
     MakeEditorGroup(group);
     AddSpacers(group, 2);
     for (int pen = 0; pen < kBackgroundCount; ++pen) {
-        AddLabel(group, pen_rows[pen].label);
+        AddLabel(group, pen_labels[pen]);
         KSControl* row = Add(group, NewGroup());
         _colors[pen] = Add(row, new KSColorField(nullptr, 0));
         _backgrounds[pen] = Add(row, new KSPopFile(nullptr, 0));
@@ -179,8 +179,8 @@ void AddLook(KSControl* parent) {
     AddSpacers(grid, 3);
     _beos_size = AddCheckBox(grid, kStringBeOSConform);
     _look = Add(grid, new KSCycle(nullptr, 0));
-    _look->AddLabel("BeOS");
-    _look->AddLabel("Nymbrel");
+    for (const char* label : kLookLabels)
+        _look->AddLabel(label);
     AddSpacers(grid, 1);
     AddButton(grid, kStringResetColors, BMessage(NCApplication::kResetColors));
     AddSpacers(grid, 3);
@@ -258,6 +258,7 @@ void NCApplication::BuildContents() {
 
     _container = new KSContainer({0, 0, 495, 300}, "view");
     _container->SetContent(_root);
+    TieEditors();
     ok->MakeDefault(true);
 }
 
@@ -302,6 +303,10 @@ void NCApplication::StoreSettings() {
 void NCApplication::BroadcastStarting(const BMessage& message) {
     if (_is_stored)
         KSApplication::BroadcastStarting(message);
+}
+
+void NCApplication::SettingsChanged() {
+    FollowSettings();
 }
 
 bool NCApplication::QuitRequested() {

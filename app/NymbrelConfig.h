@@ -64,6 +64,10 @@ public:
     // Settles nothing after a write that failed: Revert still comes back to what the file holds.
     void BroadcastStarting(const BMessage& message) override;
 
+protected:
+    // Brings what the user has not edited to what another program has stored.
+    void SettingsChanged() override;
+
 private:
     void BuildContents();
     void StoreSettings();

@@ -29,8 +29,11 @@ void BApplication::Run(WindowServer* server) {
     // Before the server starts threads, which must not take these signals either.
     QuitSignals signals;
     const bool bus_answers = _loop->bus.Open([this](std::uint32_t code) {
-        if (AcceptsBroadcast(code))
-            _loop->Post(BMessage(code));
+        if (!AcceptsBroadcast(code))
+            return;
+        BMessage message(code);
+        message._is_remote = true;
+        _loop->Post(message);
     });
     if (server)
         server->Prepare(bus_answers);

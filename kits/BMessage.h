@@ -19,5 +19,13 @@ class BMessage {
 public:
     explicit BMessage(std::uint32_t code = 0) : what(code) {}
 
+    // Whether another application sent the message.
+    bool IsSourceRemote() const { return _is_remote; }
+
     std::uint32_t what;
+
+private:
+    friend class BApplication;
+
+    bool _is_remote = false;
 };

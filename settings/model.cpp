@@ -5,6 +5,7 @@
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
 #include "toolkit/KSListView.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSSpinBox.h"
 
@@ -59,6 +60,18 @@ KSControl* ch_background;
 KSControl* ch_font;
 KSControl* ch_dimen;
 const char* _language = kEnglish;
+
+void TieEditors() {
+    for (int pen = 0; pen < KS_PEN_NONE; ++pen)
+        ks_current_look->Tie(static_cast<ks_pen>(pen), _colors[pen]);
+    for (int level = 0; level < kBackgroundCount; ++level)
+        ks_current_look->TieBitmap(static_cast<ks_pen>(level), _backgrounds[level]);
+    for (int font = 0; font < kFontCount; ++font)
+        ks_current_look->Tie(static_cast<ks_font>(font), _fonts[font]);
+    ks_current_look->TieLook(_look);
+    ks_current_look->TieBubbleHelp(_bubblehelp, _bubbletime);
+    ks_current_look->TieMouseHold(_mousetime);
+}
 
 void ApplyDefaults() {
     const KSAutolock at_once(_llist);

@@ -46,6 +46,10 @@ extern KSControl* ch_dimen;
 inline constexpr char kEnglish[] = "english";
 extern const char* _language;
 
+// Ties the editors to their values of the look, so that the program wears what is edited. Called once, when
+// all editors are there and no window shows them.
+void TieEditors();
+
 // Puts the default of every value into its editor. The look and the fonts stay as they were built.
 void ApplyDefaults();
 

@@ -13,6 +13,7 @@
 #include "toolkit/KSSpinBox.h"
 #include "toolkit/settings_values.h"
 
+#include <bitset>
 #include <climits>
 #include <cmath>
 
@@ -91,6 +92,31 @@ void ReadLine(const ks_settings_line& line) {
     }
 }
 
+// The editor of the setting; null where there is none.
+KSControl* EditorOf(const ks_setting& setting) {
+    switch (setting.kind) {
+    case ks_setting_kind::kLook:
+        return _look;
+    case ks_setting_kind::kBeOSConform:
+        return _beos_size;
+    case ks_setting_kind::kLanguage:
+        return _llist;
+    case ks_setting_kind::kBubblehelpUsed:
+        return _bubblehelp;
+    case ks_setting_kind::kBubblehelpTime:
+        return _bubbletime;
+    case ks_setting_kind::kMouseHoldTime:
+        return _mousetime;
+    case ks_setting_kind::kPen:
+        return _colors[setting.id];
+    case ks_setting_kind::kBitmap:
+        return setting.id < kBackgroundCount ? _backgrounds[setting.id] : nullptr;
+    case ks_setting_kind::kFont:
+        return _fonts[setting.id];
+    }
+    return nullptr;
+}
+
 std::string LookLabel() {
     char label[64];
     _look->GetLabel(_look->CurrentSelection(), label);
@@ -132,6 +158,24 @@ void ReadSettings() {
     KSContainer* shown_in = _llist->Container();
     if (was_read && shown_in)
         shown_in->Content()->RedrawSelf();
+}
+
+void FollowSettings() {
+    std::bitset<kBackgroundCount> has_color, has_bitmap;
+    ks_read_settings_lines([&](const ks_settings_line& line) {
+        const std::optional<ks_setting> setting = ks_find_setting(line);
+        if (!setting)
+            return;
+        if (setting->id < kBackgroundCount && setting->kind == ks_setting_kind::kPen)
+            has_color.set(static_cast<std::size_t>(setting->id));
+        if (setting->id < kBackgroundCount && setting->kind == ks_setting_kind::kBitmap)
+            has_bitmap.set(static_cast<std::size_t>(setting->id));
+        if (const KSControl* editor = EditorOf(*setting); editor && !editor->IsEdited())
+            ReadLine(line);
+    });
+    for (std::size_t level = 0; level < kBackgroundCount; ++level)
+        if (has_color[level] && !has_bitmap[level] && !_backgrounds[level]->IsEdited())
+            _backgrounds[level]->SetText("", false);
 }
 
 bool WriteSettings() {

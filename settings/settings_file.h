@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Carries the values of the settings file to the editors and back.
 //
-// A file that cannot be opened is skipped without a message. Both operations belong to the application's
+// A file that cannot be opened is skipped without a message. All operations belong to the application's
 // thread, which must not hold the window's lock.
 #pragma once
 
@@ -10,6 +10,11 @@ namespace config {
 // Reads the file into the editors: a line that has no known key or no readable value changes nothing, of
 // several lines with one key the last counts. When the file was read, the window's root group is redrawn.
 void ReadSettings();
+
+// Reads the file again after another program has written it: the values that the user has not edited become
+// the file's and are settled, the edited ones stay. A key that the file lacks leaves its value, but a
+// background's line without a bitmap's line takes the bitmap away.
+void FollowSettings();
 
 // Writes every value, all as the editors have them at one moment, over the file; returns whether that
 // succeeded. The window is not locked while the file is written.

@@ -5,13 +5,14 @@
 #include "kits/storage.h"
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLocale.h"
+#include "toolkit/KSLook.h"
 
 #include <vector>
 
 namespace {
 
-// Calls `visit` for every control of every window, under that window's lock.
-template <class Visit> void ForEachControl(const BApplication& application, Visit visit) {
+// Calls `visit` for the content of every window, under that window's lock.
+template <class Visit> void ForEachContent(const BApplication& application, Visit visit) {
     for (BWindow* window : application.Windows()) {
         const BAutolock lock(window);
         if (!lock)
@@ -19,9 +20,14 @@ template <class Visit> void ForEachControl(const BApplication& application, Visi
         for (const auto& view : window->Children()) {
             const auto* container = dynamic_cast<const KSContainer*>(view.get());
             if (container && container->Content())
-                container->Content()->ForEach(visit);
+                visit(*container->Content());
         }
     }
+}
+
+// Calls `visit` for every control of every window, under that window's lock.
+template <class Visit> void ForEachControl(const BApplication& application, Visit visit) {
+    ForEachContent(application, [&](KSControl& content) { content.ForEach(visit); });
 }
 
 }  // namespace
@@ -29,11 +35,19 @@ template <class Visit> void ForEachControl(const BApplication& application, Visi
 KSApplication::KSApplication(const char* signature, const char* catalog) : BApplication(signature) {
     ks_create_settings_directory();
     ks_locale->Open(catalog);
+    ks_current_look->Read();
+}
+
+KSApplication::~KSApplication() {
+    // The windows and their editors go after this.
+    ks_current_look->Untie();
 }
 
 void KSApplication::MessageReceived(BMessage* message) {
     if (message->what == kRevert)
         RevertEditors();
+    else if (message->what == kSettingsChanged && message->IsSourceRemote())
+        WearSettings();
     else
         BApplication::MessageReceived(message);
 }
@@ -51,6 +65,12 @@ void KSApplication::RevertEditors() {
     });
     for (KSControl* control : reverted)
         control->SendReverted(*this);
+}
+
+void KSApplication::WearSettings() {
+    ks_current_look->Read();
+    SettingsChanged();
+    ForEachContent(*this, [](KSControl& content) { content.RedrawSelf(); });
 }
 
 bool KSApplication::AcceptsBroadcast(std::uint32_t code) const {

@@ -18,6 +18,10 @@ void KSControl::SendReverted(BLooper&) {}
 
 void KSControl::Settle() {}
 
+bool KSControl::IsEdited() const {
+    return false;
+}
+
 void KSControl::Hide(bool hide) {
     const KSAutolock lock(this);
     if (_hidden == hide)

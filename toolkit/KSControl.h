@@ -36,6 +36,8 @@ public:
     virtual void SendReverted(BLooper& caller);
     // Makes the control's own present value its settled one.
     virtual void Settle();
+    // Whether the control's own value is not its settled one: the user has changed it.
+    virtual bool IsEdited() const;
 
     void Hide(bool hide);
     bool IsHidden() const;

@@ -19,6 +19,11 @@ public:
         _value.Settle();
     }
 
+    bool IsEdited() const override {
+        const KSAutolock lock(this);
+        return _value.IsEdited();
+    }
+
 protected:
     using KSControl::KSControl;
 

@@ -131,6 +131,11 @@ void KSListView::Settle() {
     _selection.Settle();
 }
 
+bool KSListView::IsEdited() const {
+    const KSAutolock lock(this);
+    return _selection_message && _selection.IsEdited();
+}
+
 void KSListView::SelectionMoved() {
     for (const auto& item : _items)
         item->_selected = false;

@@ -16,6 +16,7 @@ public:
     }
     bool Revert() { return Replace(_settled); }
     void Settle() { _settled = _value; }
+    bool IsEdited() const { return !(_value == _settled); }
     // Replaces the value and the settled one by what `change` makes of each.
     template <class Change> void Transform(Change change) {
         _value = change(_value);

@@ -16,6 +16,9 @@ enum ks_font : int {
     KS_FONT_LARGE,
 };
 
+// What the settings file calls the two looks.
+inline constexpr const char* kLookLabels[] = {"BeOS", "Nymbrel"};
+
 struct ks_look {
     static constexpr std::size_t kPens = 23;   // KS_PEN_NONE has no colour
     static constexpr std::size_t kLevels = 9;  // the background pens: those with a bitmap
