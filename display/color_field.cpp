@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A colour field: shows its colour, opens a colour dialog, takes and gives colours by drag and drop.
 #include "display/control_mirror.h"
+#include "display/draw.h"
 #include "display/look.h"
+#include "display/pen_style.h"
 #include "display/pop_up_button.h"
 #include "toolkit/KSColorField.h"
 
@@ -48,7 +50,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        look::PaintSample(painter, rect(), _color, *this);
+        draw::Sample(painter, rect(), _color);
+        if (hasFocus())
+            draw::Focus(painter, PenStyle::Instance().Wearing(), rect(), _color);
     }
 
     void mousePressEvent(QMouseEvent* event) override {
@@ -101,7 +105,7 @@ private:
         sample.fill(Qt::transparent);
         {
             QPainter painter(&sample);
-            look::PaintSample(painter, QRect(QPoint(), look::SampleSize(*this)), _color, *this);
+            draw::Sample(painter, QRect(QPoint(), look::SampleSize(*this)), _color);
         }
         auto* drag = new QDrag(this);
         drag->setMimeData(mime);

@@ -13,6 +13,8 @@
 namespace draw {
 namespace {
 
+constexpr int kTitleInset = 8;  // of a group's title
+
 // The four edge pens as they are seen on one ground.
 struct edge_inks {
     edge_inks(const Worn& worn, const QColor& ground)
@@ -136,6 +138,59 @@ void EtchedLine(QPainter& painter, const Worn& worn, const QRect& rect, const QC
         canvas.Fill(line, ink.half_dark);
         canvas.Fill(line.translated(one, 0), ink.shine);
     }
+}
+
+namespace {
+
+// In the Nymbrel look a group stands out of what is below it; on the High level its title has a plate.
+void NymbrelGroup(QPainter& painter, const Worn& worn, const QRect& rect, ks_pen level, const QString& title,
+                  int title_height) {
+    const QColor ground = worn.Ground(level);
+    Level(painter, worn, rect, level, rect.topLeft());
+    Edges(painter, worn, rect, Edge::kRaised, Weight::kThin, ground);
+    if (title.isEmpty())
+        return;
+    QRect bar(rect.left() + 2, rect.top() + 2, rect.width() - 4, title_height - 2);
+    const bool has_plate = level == KS_PEN_BG_HIGH;
+    if (has_plate)
+        Paint(painter, worn, bar);
+    painter.setPen(worn.On(KS_PEN_TEXT, has_plate ? worn.Ground(KS_PEN_PAINT) : ground));
+    painter.drawText(bar.adjusted(kTitleInset, 0, -kTitleInset, 0), Qt::AlignVCenter | Qt::AlignLeading,
+                     title);
+}
+
+// In the BeOS look a group is an etched box, and its title is cut into the line.
+void BeOSGroup(QPainter& painter, const Worn& worn, const QRect& rect, ks_pen level, const QString& title,
+               int title_height) {
+    const QColor ground = worn.Ground(level);
+    const QRect box = rect.adjusted(0, title.isEmpty() ? 0 : title_height / 2, 0, 0);
+    Level(painter, worn, box, level, box.topLeft());
+    if (title.isEmpty()) {
+        EtchedBox(painter, worn, box, ground);
+        return;
+    }
+    const int width = painter.fontMetrics().horizontalAdvance(title);
+    const QRect bar(rect.left(), rect.top(), rect.width(), title_height);
+    const QRect label = bar.adjusted(kTitleInset + 4, 0, -kTitleInset - 4, 0);
+    QRect text(label.left(), label.top(), std::min(width, label.width()), label.height());
+    if (painter.layoutDirection() == Qt::RightToLeft)
+        text.moveRight(label.right());
+    painter.save();
+    painter.setClipRegion(QRegion(rect) - text.adjusted(-4, 0, 4, 0));
+    EtchedBox(painter, worn, box, ground);
+    painter.restore();
+    painter.setPen(worn.On(KS_PEN_TEXT, ground));
+    painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading, title);
+}
+
+}  // namespace
+
+void Group(QPainter& painter, const Worn& worn, const QRect& rect, ks_pen level, const QString& title,
+           int title_height) {
+    if (worn.IsNymbrel())
+        NymbrelGroup(painter, worn, rect, level, title, title_height);
+    else
+        BeOSGroup(painter, worn, rect, level, title, title_height);
 }
 
 void Button(QPainter& painter, const Worn& worn, const QRect& rect, ButtonState state) {

@@ -34,6 +34,11 @@ void EtchedBox(QPainter& painter, const Worn& worn, const QRect& rect, const QCo
 // A line pressed into `ground`, along the middle of the longer side.
 void EtchedLine(QPainter& painter, const Worn& worn, const QRect& rect, const QColor& ground);
 
+// A group on its level, with its title, which may be empty, in the painter's font. The title has
+// `title_height` pixels at the top.
+void Group(QPainter& painter, const Worn& worn, const QRect& rect, ks_pen level, const QString& title,
+           int title_height);
+
 void Button(QPainter& painter, const Worn& worn, const QRect& rect, ButtonState state);
 // The colour that a button's text stands on.
 QColor ButtonGround(const Worn& worn, ButtonState state);

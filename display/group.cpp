@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 // A group: a box, a grid or a stack as its layout numbers say; a group box where it has a frame or a title.
 #include "display/control_mirror.h"
+#include "display/draw.h"
 #include "display/look.h"
+#include "display/pen_style.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSTitleGroup.h"
 
@@ -10,7 +12,6 @@
 #include <QGroupBox>
 #include <QPainter>
 #include <QStackedLayout>
-#include <QStyleOptionGroupBox>
 
 #include <algorithm>
 
@@ -36,20 +37,19 @@ KSPoint<long> WeightOf(const KSControl& control) {
 
 class Frame : public QGroupBox {
 public:
-    explicit Frame(QWidget* parent) : QGroupBox(parent) {}
+    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) {}
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QStyleOptionGroupBox option;
-        initStyleOption(&option);
-        const auto part = [&](QStyle::SubControl control) {
-            return style()->subControlRect(QStyle::CC_GroupBox, &option, control, this);
-        };
-        const QRect label = title().isEmpty() ? QRect() : part(QStyle::SC_GroupBoxLabel);
-        const QRect frame = rect().adjusted(0, label.isEmpty() ? 0 : label.bottom() + 3, 0, 0);
+        const Worn& worn = PenStyle::Instance().Wearing();
+        const int title_height = title().isEmpty() ? 0 : PenStyle::Instance().TitleHeight();
         QPainter painter(this);
-        look::PaintGroup(painter, frame, label, title(), *this);
+        painter.setFont(worn.Font(KS_FONT_TITLE));
+        draw::Group(painter, worn, rect(), _level, title(), title_height);
     }
+
+private:
+    ks_pen _level;
 };
 
 class GroupMirror : public ControlMirror {
@@ -57,8 +57,10 @@ public:
     GroupMirror(KSControl& control, WindowMirror& window, QWidget* parent) : ControlMirror(control, window) {
         if (IsSpacer(control))
             return;
-        if (control.FrameType() == KS_FRAME_GROUP || dynamic_cast<KSTitleGroup*>(&control))
-            SetWidget(_box = new Frame(parent));
+        if (dynamic_cast<KSTitleGroup*>(&control))
+            SetWidget(_box = new Frame(KS_PEN_BG_HIGH, parent));
+        else if (control.FrameType() == KS_FRAME_GROUP)
+            SetWidget(_box = new Frame(KS_PEN_BG_MED, parent));
         else
             SetWidget(new QWidget(parent));
 

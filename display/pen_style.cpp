@@ -119,7 +119,10 @@ static QPalette ListPalette(const Worn& w, QPalette palette) {
 }
 
 void PenStyle::Wear(Worn worn) {
+    const bool is_laid_out_anew =
+        worn.Look().fonts != _worn.Look().fonts || worn.IsNymbrel() != _worn.IsNymbrel();
     _worn = std::move(worn);
+    _title_height = QFontMetrics(_worn.Font(KS_FONT_TITLE)).height() + 6;
     const QPalette palette = standardPalette();
     if (palette != QApplication::palette()) {
         QApplication::setPalette(palette);
@@ -140,8 +143,13 @@ void PenStyle::Wear(Worn worn) {
         QToolTip::setFont(small);
     for (QWidget* top : QApplication::topLevelWidgets())
         if (top->isVisible())
-            for (QWidget* widget : top->findChildren<QWidget*>() << top)
+            for (QWidget* widget : top->findChildren<QWidget*>() << top) {
+                if (is_laid_out_anew) {
+                    QEvent change(QEvent::StyleChange);
+                    QApplication::sendEvent(widget, &change);
+                }
                 widget->update();
+            }
 }
 
 void PenStyle::polish(QWidget* widget) {
@@ -294,6 +302,11 @@ QRect PenStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
         default:
             return box;
         }
+    }
+    if (control == CC_GroupBox) {
+        const auto* group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+        const int title = group && !group->text.isEmpty() ? _title_height : 0;
+        return part == SC_GroupBoxContents ? box.adjusted(0, title, 0, 0) : box;
     }
     if (control == CC_ComboBox && part == SC_ComboBoxArrow)
         return mirrored(QRect(inside.right() - 19, inside.top(), 20, inside.height()));

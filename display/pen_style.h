@@ -18,6 +18,8 @@ public:
     static void Install();
 
     const Worn& Wearing() const { return _worn; }
+    // The height of a group's title.
+    int TitleHeight() const { return _title_height; }
     // Sets palette and fonts and draws every window again.
     void Wear(Worn worn);
 
@@ -55,4 +57,5 @@ private:
     void DrawToolButton(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const;
 
     Worn _worn;
+    int _title_height = 0;
 };

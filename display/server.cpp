@@ -3,7 +3,8 @@
 #include "display/server.h"
 
 #include "display/display.h"
-#include "display/look.h"
+#include "display/pen_style.h"
+#include "display/wardrobe.h"
 #include "display/window_mirror.h"
 #include "hdr/ks_assert.h"
 #include "kits/BWindow.h"
@@ -38,12 +39,13 @@ void DisplayServer::Prepare(bool bus_answers) {
     // first: it must not change while another thread runs.
     std::setlocale(LC_ALL, "");
     const std::jthread fonts([] { FcInit(); });
-    look::ChooseStyle();
+    PenStyle::Install();
 
     static int count = 1;
     static char name[] = "NymbrelConfig";
     static char* arguments[] = {name, nullptr};
     _application = std::make_unique<QApplication>(count, arguments);
+    _wardrobe = std::make_unique<Wardrobe>();
     QApplication::setQuitOnLastWindowClosed(false);
     _queue.Listen();
 }
@@ -82,7 +84,7 @@ void DisplayServer::Show(BWindow* window) {
 // sets next.
 void DisplayServer::PutOnScreen(BWindow* window) {
     KS_ASSERT(std::ranges::find(_shown, window) == _shown.end());
-    _windows.push_back(std::make_unique<WindowMirror>(*window, _queue));
+    _windows.push_back(std::make_unique<WindowMirror>(*window, _queue, *_wardrobe));
     const std::scoped_lock lock(_mutex);
     _shown.push_back(window);
     _progress.notify_all();

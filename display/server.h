@@ -11,6 +11,7 @@
 #include <vector>
 
 class QApplication;
+class Wardrobe;
 class WindowMirror;
 
 class DisplayServer : public WindowServer {
@@ -32,6 +33,7 @@ private:
     void TakeAllOffScreen();
 
     std::unique_ptr<QApplication> _application;
+    std::unique_ptr<Wardrobe> _wardrobe;
     std::vector<std::unique_ptr<WindowMirror>> _windows;
 
     std::mutex _mutex;  // guards what follows; taken after a window's lock or without one

@@ -4,7 +4,6 @@
 
 #include "toolkit/KSToolKit.h"
 
-#include <QColor>
 #include <QFontMetrics>
 
 class QPainter;
@@ -12,7 +11,7 @@ class QWidget;
 
 class Surface : public KSSurface {
 public:
-    // Draws with `painter` in its coordinates; without one it only measures. Font and palette are `widget`'s.
+    // Draws with `painter` in its coordinates; without one it only measures. The font is `widget`'s.
     explicit Surface(const QWidget& widget, QPainter* painter = nullptr);
 
     void SetHighPen(ks_pen pen) override;
@@ -21,10 +20,10 @@ public:
     void FillRect(KSRect<long> rect) override;
 
 private:
-    const QWidget& _widget;
     QPainter* _painter;
     QFontMetrics _metrics;
-    QColor _color;
+    ks_pen _pen = KS_PEN_TEXT;
+    ks_pen _level = KS_PEN_BG_LIST;  // what was filled last
 };
 
 // Sets a control's surface for a scope, under the window's lock.

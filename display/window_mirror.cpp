@@ -3,15 +3,20 @@
 // whole: its close box, its default button and the names of its editors.
 #include "display/window_mirror.h"
 
+#include "display/draw.h"
 #include "display/mnemonics.h"
+#include "display/pen_style.h"
 #include "display/post_queue.h"
+#include "display/wardrobe.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLabel.h"
+#include "toolkit/KSLook.h"
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QSignalBlocker>
@@ -35,6 +40,11 @@ public:
     }
 
 protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
+    }
+
     void closeEvent(QCloseEvent* event) override {
         BAutolock lock(&_window);
         event->setAccepted(!lock || _window.QuitRequested());
@@ -61,8 +71,17 @@ QAccessibleInterface* WindowMirror::Top::MakeAccessible(const QString&, QObject*
     return top ? new QAccessibleWidget(top, QAccessible::Window) : nullptr;
 }
 
-WindowMirror::WindowMirror(BWindow& window, PostQueue& queue)
-    : _window(window), _queue(queue), _top(std::make_unique<Top>(window)) {
+WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe)
+    : _window(window), _queue(queue), _wardrobe(wardrobe), _top(std::make_unique<Top>(window)) {
+    ks_look look;
+    {
+        BAutolock lock(&window);
+        if (!lock)
+            return;
+        look = ks_current_look->Copy();
+    }
+    wardrobe.Wear(look);
+
     auto* layout = new QVBoxLayout(_top.get());
     layout->setContentsMargins({});
     {
@@ -127,6 +146,7 @@ void WindowMirror::SetDefaultButton(QPushButton* button) {
 void WindowMirror::Sync() {
     std::vector<ControlMirror*> changed;
     bool layout = false, redraw = false, labels = false;
+    ks_look look;
     {
         BAutolock lock(&_window);
         if (!lock)
@@ -150,6 +170,7 @@ void WindowMirror::Sync() {
             mirror->Fetch();
             labels |= label != mirror->Label();
         }
+        look = ks_current_look->Copy();
     }
     for (ControlMirror* mirror : changed) {
         const QSignalBlocker blocker(mirror->Widget());
@@ -159,6 +180,7 @@ void WindowMirror::Sync() {
         ShowLabels();
     if (layout)
         _top->layout()->activate();
+    _wardrobe.Wear(look);
     // A new layout has drawn everything.
     if (redraw && !layout)
         _top->update();

@@ -13,11 +13,12 @@ class KSContainer;
 class PostQueue;
 class QPushButton;
 class QWidget;
+class Wardrobe;
 
 class WindowMirror {
 public:
     // Makes the widgets and shows them.
-    WindowMirror(BWindow& window, PostQueue& queue);
+    WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe);
     // Takes the window off the screen; the controls stay.
     ~WindowMirror();
     WindowMirror(const WindowMirror&) = delete;
@@ -31,6 +32,8 @@ public:
     void Commit();
     // The window's own lock, for hooks.
     BWindow& Window() const { return _window; }
+    // What the process wears, for mirrors that try something on.
+    Wardrobe& Worn() const { return _wardrobe; }
     // Sets the button that Enter presses, wherever the keyboard's focus is.
     void SetDefaultButton(QPushButton* button);
 
@@ -51,6 +54,7 @@ private:
 
     BWindow& _window;
     PostQueue& _queue;
+    Wardrobe& _wardrobe;
     std::vector<KSContainer*> _containers;
     std::vector<std::unique_ptr<ControlMirror>> _mirrors;  // children before their parents
     std::unordered_map<const KSControl*, ControlMirror*> _by_control;

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "display/wardrobe.h"
+
+#include "display/pen_style.h"
+#include "display/picture_file.h"
+#include "toolkit/default_fonts.h"
+#include "toolkit/ks_palettes.h"
+
+#include <QFileInfo>
+
+#include <utility>
+
+namespace {
+
+constexpr int kFrame = 16;  // milliseconds
+constexpr QSize kLargestBitmap(512, 512);
+
+ks_look PlainLook(const ks_look& timing) {
+    ks_look plain;
+    plain.pens = ks_palettes[kBeOSConformPalette];
+    for (std::size_t i = 0; i < plain.fonts.size(); ++i)
+        plain.fonts[i] = ks_default_font(static_cast<ks_font>(i));
+    plain.bubble_help = timing.bubble_help;
+    plain.bubble_wait = timing.bubble_wait;
+    plain.mouse_hold = timing.mouse_hold;
+    return plain;
+}
+
+}  // namespace
+
+Wardrobe::Wardrobe() {
+    _next_trial.setSingleShot(true);
+    connect(&_next_trial, &QTimer::timeout, this, &Wardrobe::Refresh);
+}
+
+void Wardrobe::Wear(const ks_look& look) {
+    _look = look;
+    Refresh();
+}
+
+void Wardrobe::TryOn(std::function<void(ks_look&)> change) {
+    _trial = std::move(change);
+    if (_next_trial.isActive())
+        return;
+    const qint64 left = _since_trial.isValid() ? kFrame - _since_trial.elapsed() : 0;
+    _next_trial.start(static_cast<int>(std::max<qint64>(left, 0)));
+}
+
+void Wardrobe::TakeOff() {
+    _trial = nullptr;
+    _next_trial.stop();
+    Refresh();
+}
+
+void Wardrobe::ReadBitmaps() {
+    if (std::exchange(_reads_bitmaps, true))
+        return;
+    _is_shown = false;
+    Refresh();
+}
+
+void Wardrobe::WearPlain(bool plain) {
+    _plain = plain;
+    Refresh();
+}
+
+void Wardrobe::Refresh() {
+    _since_trial.start();
+    ks_look look = _look;
+    if (_trial)
+        _trial(look);
+    if (_plain)
+        look = PlainLook(look);
+    if (_is_shown && look == _shown)
+        return;
+    _shown = look;
+    _is_shown = true;
+    PenStyle::Instance().Wear(Worn(look, BitmapsOf(look), Worn::Ink::kReadable));
+}
+
+std::array<QPixmap, ks_look::kLevels> Wardrobe::BitmapsOf(const ks_look& look) {
+    std::array<QPixmap, ks_look::kLevels> bitmaps;
+    if (_reads_bitmaps)
+        for (std::size_t i = 0; i < bitmaps.size(); ++i)
+            if (!look.bitmaps[i].empty())
+                bitmaps[i] = Bitmap(look.bitmaps[i]);
+    std::erase_if(_bitmaps, [&](const auto& known) {
+        return std::ranges::find(look.bitmaps, known.first) == look.bitmaps.end();
+    });
+    return bitmaps;
+}
+
+// A picture is read again when its file has changed.
+const QPixmap& Wardrobe::Bitmap(const std::string& path) {
+    const QString name = QString::fromStdString(path);
+    const QDateTime changed = QFileInfo(name).lastModified();
+    const auto [known, is_new] = _bitmaps.try_emplace(path);
+    if (is_new || known->second.changed != changed)
+        known->second = {changed, QPixmap::fromImage(ReadPicture(name, kLargestBitmap))};
+    return known->second.pixmap;
+}
