@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of family, style and size that a font pop-up opens.
+// The dialog that a font pop-up opens, with family, style and size.
 #pragma once
 
 #include "kits/BFont.h"
@@ -12,7 +12,7 @@ class QLabel;
 class QListWidget;
 class QListWidgetItem;
 
-// Returns the installed font that comes nearest.
+// Returns the nearest installed font.
 QFont ToQFont(const BFont& font);
 
 class FontPanel : public QDialog {

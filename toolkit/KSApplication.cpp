@@ -52,3 +52,7 @@ void KSApplication::RevertEditors() {
     for (KSControl* control : reverted)
         control->SendReverted(*this);
 }
+
+bool KSApplication::AcceptsBroadcast(std::uint32_t code) const {
+    return code == kSettingsChanged;
+}

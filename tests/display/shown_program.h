@@ -30,6 +30,12 @@
 #include <stdexcept>
 #include <thread>
 
+// Has a test's functions run on the main thread, in order with the program's own.
+class TestDisplay : public DisplayServer {
+public:
+    void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
+};
+
 class ShownProgram : public NCApplication {
 public:
     // Starts the program and calls `use` on a thread of its own once the window is on the screen and has its
@@ -37,7 +43,7 @@ public:
     static void Run(const std::function<void(ShownProgram&)>& use) {
         const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
         const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
-        DisplayServer server;
+        TestDisplay server;
         ShownProgram program(server, use);
         program.NCApplication::Run(&server);
         program._user.join();
@@ -142,10 +148,10 @@ public:
 private:
     static constexpr std::chrono::seconds kPatience{20};
 
-    ShownProgram(DisplayServer& server, std::function<void(ShownProgram&)> use)
+    ShownProgram(TestDisplay& server, std::function<void(ShownProgram&)> use)
         : _server(server), _use(std::move(use)) {}
 
-    DisplayServer& _server;
+    TestDisplay& _server;
     std::function<void(ShownProgram&)> _use;
     std::thread _user;
     Journal<std::uint32_t> _handled;
