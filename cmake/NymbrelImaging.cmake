@@ -11,6 +11,7 @@ set(imaging_headers
     hdr/KSList.h
     hdr/KSPoint.h
     hdr/KSRect.h
+    hdr/ks_assert.h
     hdr/ks_color.h
     hdr/ks_export.h
     hdr/ks_math.h

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The kernels of one instruction set: each mode's formula applied to a pixel, a run of one colour, two runs.
+// The kernels of one level: each mode's formula applied to a pixel, a run of one colour, two runs.
 #pragma once
 
 #include "merge/levels.h"
@@ -156,13 +156,9 @@ inline void array_kernel<dissolve>(uint32_t* dst, const uint32_t* src, uint32_t 
         dst[i] = dissolved(dst[i], src[i], opacity);
 }
 
-#define KS_COLOR(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) color_kernel<run_mode>,
-#define KS_ARRAY(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) array_kernel<array_mode>,
-
-constexpr level_kernels kKernels = {{KS_MERGE_MODES(KS_COLOR)}, {KS_MERGE_MODES(KS_ARRAY)}};
-
-#undef KS_COLOR
-#undef KS_ARRAY
+// A row of the table of a level.
+#define KS_LEVEL_ROW(mode, label, destructive, pixel_mode, run_mode, array_mode)                             \
+    {color_kernel<run_mode>, array_kernel<array_mode>},
 
 }  // namespace
 }  // namespace ks_merge
