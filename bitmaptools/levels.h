@@ -45,7 +45,7 @@ struct InverseMap {
     double ax, ay, bx, by, cx, cy;
     double x3, y3;
     double curvature;
-    double least, most;  // the accepted range of both source fractions
+    double least, most;  // the range of both source fractions
 };
 
 // What count_equal and sum_counts may read behind their arguments.

@@ -193,8 +193,8 @@ KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const I
 template <class Int> struct Positions {
     alignas(64) Int x[kBlock];  // in 1/4096 of a pixel, or whole
     alignas(64) Int y[kBlock];
-    alignas(64) Int offset[kBlock];    // of the source word that holds the position, if there is one
-    alignas(64) Int accepted[kBlock];  // by transforms: 0 for pixels without position
+    alignas(64) Int offset[kBlock];  // of the source word that holds the position, if there is one
+    alignas(64) Int mapped[kBlock];  // 0 for pixels without a position; only transforms use it
 };
 
 // Sets the offsets and fractions of a vector of positions.

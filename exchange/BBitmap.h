@@ -2,9 +2,9 @@
 // The platform's bitmap: a block of 32-bit pixels with bounds.
 #pragma once
 
+#include "exchange/BRect.h"
 #include "hdr/KSRect.h"
 #include "hdr/ks_export.h"
-#include "exchange/BRect.h"
 
 #include <cstdint>
 #include <memory>
