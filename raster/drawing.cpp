@@ -87,6 +87,8 @@ template <class Put> struct outline {
     void Turn(long) const {}
     void SecondPart(long x, long y) const { FirstPart(x, y); }
 };
+// Clang before 17 does not deduce the argument of an aggregate by itself.
+template <class Put> outline(const ks_painter&, const ellipse&, const Put&) -> outline<Put>;
 
 // The filled ellipse as it is defined: spans from the axes outwards, in each quadrant.
 struct spans {
