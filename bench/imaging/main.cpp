@@ -121,7 +121,7 @@ void write_markdown(std::ostream& out, const Record& record) {
     out << "\n## Modes\n\n"
            "How many times as fast as the fastest peer the library composes a colour (run) and an image "
            "(array), in the\n"
-           "second-level cache. Where it says none, no peer has the mode.\n\n";
+           "second-level cache. Where it says none, no peer takes part.\n\n";
     write_modes(out, record.results);
     out << "\n## Contests\n\n";
     write_contests(out, record.results);
