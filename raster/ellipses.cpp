@@ -78,6 +78,8 @@ template <class Put> struct outline {
     void Turn(long) const {}
     void SecondPart(long x, long y) const { FirstPart(x, y); }
 };
+// Clang 14 does not deduce it by itself.
+template <class Put> outline(const ks_painter&, const ellipse&, const Put&) -> outline<Put>;
 
 // The filled ellipse as defined: spans from the axes outwards in each quadrant.
 struct spans {

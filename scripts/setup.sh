@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sourced by ./run and ./test: Debian packages, the build, and the user's catalogs.
+# Sourced by ./run, ./test and the scripts of bench/ and tests/: Debian packages, the build, and the user's catalogs.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
