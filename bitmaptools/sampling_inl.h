@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Sampling of source pixels at many positions at once; included once for each instruction set.
+// Sampling of source pixels at many positions at once; included once for each level.
 //
 // Work is done in blocks of 64 destination pixels of one row: the neighbours are collected one by one (faster
 // than the processors' gather instructions), then mixed a vector at a time. Rotations and transforms go
 // through bands of 64 rows block by block, which keeps the part of the source that they touch in the cache.
 #pragma once
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/vectors.h"
+#include "bitmaptools/levels.h"
+#include "simd/vectors.h"
 
 #include <utility>
 

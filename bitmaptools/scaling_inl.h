@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scaling; included once for each instruction set.
+// Scaling; included once for each level.
 //
 // The neighbours of a vector of positions are picked from two vectors of each row, unless they may lie
 // further apart.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Transformation onto a quadrilateral; included once for each instruction set.
+// Transformation onto a quadrilateral; included once for each level.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The kernels of one instruction set: each mode's formula applied to a pixel, a run of one colour, two runs.
+// The kernels of one level: each mode's formula applied to a pixel, a run of one colour, two runs.
 #pragma once
 
 #include "merge/levels.h"
@@ -103,12 +103,12 @@ void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count
     if (count <= 0 || Mode::keeps(s))
         return;
     if (replaces<Mode>(s)) {
-        for (; rows > 0; rows--, dst += stride)
-            replace_run(dst, s.pixel, count);
+        for (int32_t row = 0; row < rows; row++)
+            replace_run(dst + row * stride, s.pixel, count);
         return;
     }
-    for (; rows > 0; rows--, dst += stride)
-        compose_run<Mode>(dst, s, count);
+    for (int32_t row = 0; row < rows; row++)
+        compose_run<Mode>(dst + row * stride, s, count);
 }
 
 template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
@@ -144,9 +144,9 @@ template <>
 inline void color_kernel<dissolve>(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count,
                                    int32_t rows, ptrdiff_t stride) {
     opacity = clamped(opacity);
-    for (; rows > 0; rows--, dst += stride)
+    for (int32_t row = 0; row < rows; row++)
         for (int32_t i = 0; i < count; i++)
-            dst[i] = dissolved(dst[i], color, opacity);
+            dst[row * stride + i] = dissolved(dst[row * stride + i], color, opacity);
 }
 
 template <>
@@ -156,13 +156,9 @@ inline void array_kernel<dissolve>(uint32_t* dst, const uint32_t* src, uint32_t 
         dst[i] = dissolved(dst[i], src[i], opacity);
 }
 
-#define KS_COLOR(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) color_kernel<run_mode>,
-#define KS_ARRAY(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) array_kernel<array_mode>,
-
-constexpr level_kernels kKernels = {{KS_MERGE_MODES(KS_COLOR)}, {KS_MERGE_MODES(KS_ARRAY)}};
-
-#undef KS_COLOR
-#undef KS_ARRAY
+// A row of the table of a level.
+#define KS_LEVEL_ROW(mode, label, destructive, pixel_mode, run_mode, array_mode)                             \
+    {color_kernel<run_mode>, array_kernel<array_mode>},
 
 }  // namespace
 }  // namespace ks_merge

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for. What
-// hdr/vectors.h says of its including units holds here too.
+// simd/vectors.h says of its including units holds here too.
 #pragma once
 
-#include "hdr/vectors.h"
+#include "simd/vectors.h"
 
 namespace ks_merge {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "hdr/ks_assert.h"
 #include "hdr/ks_math.h"
-#include "kits/BBitmap.h"
+#include "exchange/BBitmap.h"
 #include "raster/raster_lock.h"
-#include "toolkit/KSMessage.h"
+#include "exchange/KSMessage.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -59,6 +59,12 @@ bool Move(KSRect<long>& rect, long dx, long dy) {
            !__builtin_add_overflow(rect.top, dy, &rect.top) &&
            !__builtin_add_overflow(rect.bottom, dy, &rect.bottom);
 }
+
+// A bitmap of exactly the pixels of a frame.
+class frame_bitmap : public BBitmap {
+public:
+    explicit frame_bitmap(const KSRect<long>& frame) : BBitmap(B_RGB32, frame) {}
+};
 
 // Converts a bitmap's bound, which lies where its memory ends.
 long TruncatedBound(float bound) {
@@ -160,7 +166,7 @@ void KSRaster::AllocateBitmap() {
         if (StorageSize(_frame, _bytes_per_pixel) < 0)
             throw std::bad_alloc();
         _owns_data = false;
-        _bitmap = new BBitmap(B_RGB32, _frame);
+        _bitmap = new frame_bitmap(_frame);
     } catch (...) {
         _valid = false;
         throw;

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Scaled, transformed and rotated copies of a raster.
 #include "bitmaptools/KSBitmapTools.h"
+#include "bitmaptools/turn.h"
 #include "hdr/ks_math.h"
-#include "hdr/ks_turn.h"
 #include "raster/KSRaster.h"
 #include "raster/raster_lock.h"
 

@@ -93,7 +93,7 @@ ks_painter::ks_painter(const KSRaster& raster)
       _low(raster._low_color),
       _mode(raster._drawing_mode) {
     KS_ASSERT(_mode >= 0 && _mode < kMergeCount);
-    _compose_rows = ks_merge::used_kernels().color[_mode];
+    _compose_rows = ks_merge::color_rows(_mode);
 }
 
 bool ks_painter::Takes(long x1, long y1, long x2, long y2) {

@@ -4,7 +4,7 @@
 
 #include "hdr/KSRect.h"
 #include "merge/KSMerge.h"
-#include "merge/levels.h"
+#include "merge/rows.h"
 #include "raster/KSRaster.h"
 
 #include <cstddef>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // How many rows and columns a bitmap holds, and their memory.
-#include "kits/BBitmap.h"
+#include "exchange/BBitmap.h"
 
 #include <algorithm>
 #include <cmath>

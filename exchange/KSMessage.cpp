@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A message's fields and their flattened form; values are kept as they are flattened.
-#include "toolkit/KSMessage.h"
+#include "exchange/KSMessage.h"
 
 #include <algorithm>
 #include <cstring>
