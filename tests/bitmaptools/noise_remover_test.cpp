@@ -19,9 +19,9 @@ void ExpectCleaned(std::uint32_t seed, const Picture& picture, long radius, long
     };
     Bytes want = picture.bytes;
     clean(reference::BitmapTools::NoiseRemover, want.data());
-    for (const InstructionSet set : RunnableInstructionSets())
+    for (const Level level : Levels())
         for (const Against end : {Against::kFront, Against::kBack}) {
-            const ScopedInstructionSet forced(set);
+            const ScopedLevel held(level);
             GuardedArray<Byte> array(want.size(), end);
             const auto got = array.Items();
             std::ranges::copy(picture.bytes, got.begin());
@@ -31,7 +31,7 @@ void ExpectCleaned(std::uint32_t seed, const Picture& picture, long radius, long
                 FAIL() << int{got[i]} << ", not " << int{want[i]} << ", was " << int{picture.bytes[i]}
                        << " at (" << i % picture.width << ", " << i / picture.width << ") of "
                        << picture.width << " x " << picture.height << ", radius " << radius << ", threshold "
-                       << threshold << ", seed " << seed << ", " << NameOf(set);
+                       << threshold << ", seed " << seed << ", " << NameOf(level);
         }
 }
 

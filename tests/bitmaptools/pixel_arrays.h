@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Images in guarded arrays, and the comparison of an operation with its reference on every instruction set.
+// Images in guarded arrays, and the comparison of an operation with its reference at every level.
 #pragma once
 
 #include "bitmaptools/KSBitmapTools.h"
-#include "tests/instruction_sets.h"
 #include "tests/reference/sampling.h"
 #include "tests/support/guarded_array.h"
+#include "tests/support/levels.h"
 #include "tests/support/noise.h"
 
 #include <gtest/gtest.h>
@@ -46,7 +46,7 @@ struct TestImage {
 };
 
 // Expects `call(ours, source, destination)` to store what `call(oracle, source, destination)` stores, on
-// every instruction set and throughout the destination's array.
+// every level and throughout the destination's array.
 template <class Function, class Call>
 void ExpectLikeReference(Noise& noise, TestImage& source, TestImage& destination, Function* ours,
                          Function* oracle, Call call) {
@@ -56,14 +56,14 @@ void ExpectLikeReference(Noise& noise, TestImage& source, TestImage& destination
     std::vector<Word> want = before;
     call(oracle, source.array.Items().data(), want.data());
     source.array.SetWritable(false);
-    for (const InstructionSet set : RunnableInstructionSets()) {
-        const ScopedInstructionSet forced(set);
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
         std::ranges::copy(before, items.begin());
         call(ours, source.array.Items().data(), items.data());
         const long at = std::ranges::mismatch(items, want).in1 - items.begin();
         if (at != std::ssize(want))
             ADD_FAILURE() << std::hex << "want " << want[at] << ", got " << items[at] << ", was "
-                          << before[at] << std::dec << ", seed " << noise.Seed() << ", " << NameOf(set)
+                          << before[at] << std::dec << ", seed " << noise.Seed() << ", " << NameOf(level)
                           << ", pixel (" << at % destination.row_length << ", " << at / destination.row_length
                           << ") of " << destination.width << " x " << destination.height << ", source "
                           << source.width << " x " << source.height;

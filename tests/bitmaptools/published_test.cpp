@@ -9,7 +9,7 @@ constexpr long kWidth = 97, kHeight = 61, kRow = 101;          // of the source
 constexpr long kToWidth = 150, kToHeight = 130, kToRow = 151;  // of what is drawn into
 
 // Expects `published` as the hash of what `call(function, argument, result)` makes of copies of `canvas`, for
-// each argument in turn, with the definition and with each instruction set.
+// each argument in turn, with the definition and at each level.
 template <class Function, class Item, class Arguments, class Call>
 void ExpectHash(std::uint64_t published, Function* ours, Function* oracle, const std::vector<Item>& canvas,
                 const Arguments& arguments, Call call) {
@@ -23,14 +23,14 @@ void ExpectHash(std::uint64_t published, Function* ours, Function* oracle, const
         return hash;
     };
     EXPECT_EQ(hash_of(oracle), published) << "the definition";
-    for (const InstructionSet set : RunnableInstructionSets()) {
-        const ScopedInstructionSet forced(set);
-        EXPECT_EQ(hash_of(ours), published) << NameOf(set);
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
+        EXPECT_EQ(hash_of(ours), published) << NameOf(level);
     }
 }
 
 // A promise to keep: what these operations make is the same on every processor and in every release.
-TEST(PublishedHashes, HoldOnEveryInstructionSet) {
+TEST(PublishedHashes, HoldAtEveryLevel) {
     Sequence sequence;
     std::vector<Word> source(kRow * kHeight), canvas(kToRow * kToHeight);
     for (Word& pixel : source)

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rotation equals its definition on every instruction set, within the bounds of its arrays.
+// Rotation equals its definition at every level, within the bounds of its arrays.
 #include "tests/bitmaptools/pixel_arrays.h"
 
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scaling equals its definition on every instruction set, within the bounds of its arrays.
+// Scaling equals its definition at every level, within the bounds of its arrays.
 #include "tests/bitmaptools/pixel_arrays.h"
 
 #include <climits>

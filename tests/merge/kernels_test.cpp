@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The kernels of every mode with every instruction set: what they make of pixels, against the modes computed
+// The kernels of every mode at every level: what they make of pixels, against the modes computed
 // one channel at a time, and which memory they touch.
-#include "tests/instruction_sets.h"
 #include "tests/reference/composition.h"
 #include "tests/support/guarded_array.h"
+#include "tests/support/levels.h"
 #include "tests/support/noise.h"
 
 #include <gtest/gtest.h>
@@ -52,9 +52,9 @@ void Check(ks_composition_mode mode, const Row& dst, const Row& src, Word opacit
         if (got == want)
             return;
         const auto i = static_cast<std::size_t>(std::ranges::mismatch(got, want).in1 - got.begin());
-        FAIL() << family << " on " << NameOf(ActiveInstructionSet()) << ", pixel " << i << " of "
-               << dst.size() << ", opacity " << opacity << std::hex << ": got " << got[i] << ", want "
-               << want[i] << ", dst " << dst[i % dst.size()] << ", src " << src[i % src.size()];
+        FAIL() << family << " on " << NameOf(ActiveLevel()) << ", pixel " << i << " of " << dst.size()
+               << ", opacity " << opacity << std::hex << ": got " << got[i] << ", want " << want[i]
+               << ", dst " << dst[i % dst.size()] << ", src " << src[i % src.size()];
     };
     const auto wanted = [&](auto oracle) {
         return composed([&](Word* row) {
@@ -71,8 +71,8 @@ void Check(ks_composition_mode mode, const Row& dst, const Row& src, Word opacit
         for (std::size_t i = 0; i < dst.size(); i++)
             row[i] = KSMerge::hash_pixel_func[mode](row[i], src[i], opacity);
     });
-    for (const InstructionSet set : RunnableInstructionSets()) {
-        const ScopedInstructionSet forced(set);
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
         expect("array", array,
                [&](Word* row) { KSMerge::hash_array_func[mode](row, src.data(), opacity, count); });
         if (src == Row(src.size(), src[0]))
@@ -170,10 +170,10 @@ TEST_P(EveryMode, ComposesAnyLengthAtAnyAlignment) {
         else
             KSMerge::hash_array_func[GetParam()](row, from, kOpacity, count);
     };
-    for (const InstructionSet set : RunnableInstructionSets())
+    for (const Level level : Levels())
         for (const Against end : {Against::kFront, Against::kBack})
             for (const bool as_run : {false, true}) {
-                const ScopedInstructionSet forced(set);
+                const ScopedLevel held(level);
                 Restart(GetParam());
                 const Row composed = Made(kLongest, [&](Word i) {
                     return as_run ? reference::ComposeInRun(GetParam(), dst[i], kColor, kOpacity)
@@ -195,7 +195,7 @@ TEST_P(EveryMode, ComposesAnyLengthAtAnyAlignment) {
                         compose(as_run, &all[start], from.data(), static_cast<std::int32_t>(count));
                         ASSERT_TRUE(std::ranges::equal(all, want))
                             << (as_run ? "run" : "array") << " of " << length << " pixels, offset " << offset
-                            << ", " << NameOf(set);
+                            << ", " << NameOf(level);
                     }
             }
 }
@@ -213,8 +213,8 @@ TEST_P(EveryMode, TouchesNothingUnderClearSources) {
     Row src(64, kDrawn);
     src.resize(64 + kLongest, kClear);
     const Row opaque(kLongest, kOpaque);
-    for (const InstructionSet set : RunnableInstructionSets()) {
-        const ScopedInstructionSet forced(set);
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
         for (std::int32_t count = 0; count <= kLongest; count++) {
             if (mode != kMergeCopy)
                 KSMerge::hash_color_func[mode](nowhere, kClear, 255, count);

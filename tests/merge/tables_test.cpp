@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The tables themselves, worked values, and the pixels promised on every processor.
-#include "tests/instruction_sets.h"
 #include "tests/published.h"
 #include "tests/reference/composition.h"
+#include "tests/support/levels.h"
 
 #include <gtest/gtest.h>
 
@@ -130,17 +130,17 @@ constexpr PublishedHash kPublished[] = {
     {kMergeOverlay, 0xBAF002C873A8340F, 0xC6FA01C088620C61},
 };
 
-TEST(PublishedHashes, HoldOnEveryInstructionSet) {
+TEST(PublishedHashes, HoldAtEveryLevel) {
     Sequence sequence;
     Row dst(4096), src(4096);
     for (std::size_t i = 0; i < dst.size(); i++) {
         dst[i] = sequence.NextPixel();
         src[i] = sequence.NextPixel();
     }
-    for (const InstructionSet set : RunnableInstructionSets())
+    for (const Level level : Levels())
         for (const PublishedHash& published : kPublished) {
-            const ScopedInstructionSet forced(set);
-            SCOPED_TRACE(std::string(KSMerge::composition_label[published.mode]) + " on " + NameOf(set));
+            const ScopedLevel held(level);
+            SCOPED_TRACE(std::string(KSMerge::composition_label[published.mode]) + " on " + NameOf(level));
             Row runs = dst, arrays = dst;
             for (std::size_t i = 0; i < dst.size(); i += 61) {
                 const Word opacity = i % 2 ? 255 : src[i] & 255;
