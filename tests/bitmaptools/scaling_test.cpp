@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr Word kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
-
 void ExpectScaled(Noise& noise, TestImage& source, long width, long height) {
     TestImage destination(noise, width, height);
     const auto scale = [&](auto function, const Word* from, Word* to) {
@@ -50,53 +48,6 @@ TEST(Scaling, EqualsItsDefinitionAtExtremeRatios) {
             TestImage source(noise, row.width, row.height, row.row_length);
             ExpectScaled(noise, source, row.to_width, row.to_height);
         }
-}
-
-TEST(Scaling, WorkedValues) {
-    const struct {
-        const char* name;
-        decltype(&KSBitmapTools::ScalePlain) scale;
-        int size, to_size;
-        std::vector<Word> source, want;
-    } rows[] = {
-        {"PlainTwoToThree",
-         KSBitmapTools::ScalePlain,
-         2,
-         3,
-         {kRed, kBlue, kGreen, kWhite},
-         {kRed, kRed, kBlue, kRed, kRed, kBlue, kGreen, kGreen, kWhite}},
-        {"BilinearOneToTwo",
-         KSBitmapTools::ScaleBiLin,
-         1,
-         2,
-         {kWhite},
-         {0x40FFFFFF, 0x80FFFFFF, 0x80FFFFFF, 0xFFFFFFFF}},
-        {"BilinearSameSize",
-         KSBitmapTools::ScaleBiLin,
-         2,
-         2,
-         {kRed, kBlue, kGreen, kWhite},
-         {0x40FF0000, 0x807F007F, 0x807F7F00, 0xFF7F7F7F}},
-        {"BilinearClearIsTheWordZero", KSBitmapTools::ScaleBiLin, 1, 2, {0x00FFFFFF}, {0, 0, 0, 0}},
-    };
-    for (const auto& row : rows) {
-        std::vector<Word> got(row.want.size(), 0x12345678);
-        row.scale(row.size, row.size, row.to_size, row.to_size, row.source.data(), got.data(), row.size,
-                  row.to_size);
-        EXPECT_EQ(got, row.want) << row.name;
-    }
-}
-
-TEST(Scaling, SizesOfZeroOrLessWriteNothing) {
-    Word pixel = 7;
-    for (const auto scale : {KSBitmapTools::ScalePlain, KSBitmapTools::ScaleBiLin})
-        for (const int size : {0, -1, INT_MIN}) {
-            scale(size, 1, 1, 1, nullptr, &pixel, 1, 1);
-            scale(1, size, 1, 1, nullptr, &pixel, 1, 1);
-            scale(1, 1, size, 1, &pixel, nullptr, 1, 1);
-            scale(1, 1, 1, size, &pixel, nullptr, 1, 1);
-        }
-    EXPECT_EQ(pixel, 7u);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <array>
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -90,48 +89,6 @@ TEST(Transform, EqualsItsDefinitionAtTheEndsOfItsRange) {
             SCOPED_TRACE(row.name);
             Noise noise(seed);
             ExpectTransformed(noise, row.from, row.p, row.to, row.row_length);
-        }
-}
-
-TEST(Transform, WorkedValues) {
-    const Word source[] = {1, 2, 3, 4, 5, 6, 7, 8, 9};
-    Word got[16] = {99};
-    KSBitmapTools::TransformPlain({0, 0, 2, 2}, {0, 0}, {3, 0}, {3, 3}, {0, 3}, {0, 0, 3, 3}, source, got, 3,
-                                  4);
-    EXPECT_EQ(got[0], 99u) << "outside the quadrilateral whose corner moved to (0.1, 0.1)";
-    EXPECT_EQ(got[5], 1u);
-    EXPECT_EQ(got[10], 5u);
-    KSBitmapTools::TransformPlain({0, 0, 1, 1}, {0, 0}, {3.5, 0.5}, {2, 2}, {0, 2}, {2, 2, 2, 2}, source, got,
-                                  2, 1);
-    EXPECT_EQ(got[0], 4u) << "the far sides belong to the last column and row";
-}
-
-TEST(Transform, DegenerateAndHostileArgumentsWriteNothing) {
-    constexpr double infinity = std::numeric_limits<double>::infinity();
-    constexpr double nan = std::numeric_limits<double>::quiet_NaN();
-    constexpr long least = std::numeric_limits<long>::min(), most = std::numeric_limits<long>::max();
-    const KSRect<long> rect(0, 0, 0, 0);
-    const struct {
-        KSRect<long> from;
-        Corners p;
-        KSRect<long> to;
-    } rows[] = {
-        {rect, {{{0, 0}, {4, 1}, {9, 3}, {0, 3}}}, {0, 1, 0, 0}},
-        {{5, 0, 4, 0}, {{{-5, -5}, {5, -4}, {5, 5}, {-5, 5}}}, rect},
-        {{least, 0, most, 0}, {{{-5, -5}, {5, -4}, {5, 5}, {-5, 5}}}, rect},
-        {rect, {{{-5, -5}, {5, -4}, {5, 5}, {-5, 5}}}, {most, most, most, most}},
-        {rect, {{{nan, -5}, {5, -4}, {5, 5}, {-5, 5}}}, rect},
-        {rect, {{{-5, -5}, {infinity, -4}, {5, 5}, {-5, 5}}}, rect},
-        {rect, {{{-1e300, -1e300}, {1e300, -1e300}, {1e300, 1e300}, {-1e300, 1e300}}}, rect},
-        {rect, {{{8, 8}, {8, 8}, {8, 8}, {8, 8}}}, rect},
-        {rect, {{{0, 0}, {5, -4}, {0, 0}, {0, 0}}}, rect},
-    };
-    for (const auto transform : {KSBitmapTools::TransformPlain, KSBitmapTools::TransformBiLin})
-        for (const auto& row : rows) {
-            const Word source = 1;
-            Word pixel = 7;
-            transform(row.from, row.p[0], row.p[1], row.p[2], row.p[3], row.to, &source, &pixel, 1, 1);
-            EXPECT_EQ(pixel, 7u) << "row " << &row - rows;
         }
 }
 
