@@ -21,80 +21,51 @@ using Corners = std::array<KSPoint<double>, 4>;
 
 constexpr double kPi = std::numbers::pi;
 
-void Turned(long last, KSPoint<double> centre, double angle, const Word* from, Word* to) {
-    const Rect rect(0, 0, last, last);
-    const auto length = static_cast<Word>(last + 1);
-    Tools::RotatePlain(rect, rect, centre, angle, from, to, length, length);
+constexpr Word kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
+const Row kNumbers = {1, 2, 3, 4, 5, 6, 7, 8, 9};
+
+// Each returns square images, filled with 99 before.
+Row Scaled(decltype(Tools::ScalePlain) scale, int size, const Row& from, int to_size) {
+    Row to(static_cast<std::size_t>(to_size * to_size), 99);
+    scale(size, size, to_size, to_size, from.data(), to.data(), size, to_size);
+    return to;
+}
+Row Turned(int size, KSPoint<double> centre, double angle) {
+    const Rect rect(0, 0, size - 1, size - 1);
+    const auto length = static_cast<Word>(size);
+    Row to(length * length, 99);
+    Tools::RotatePlain(rect, rect, centre, angle, kNumbers.data(), to.data(), length, length);
+    return to;
+}
+Row Transformed(int size, const Corners& p, const Rect& rect) {
+    const auto length = static_cast<Word>(rect.PixelWidth());
+    Row to(length * length, 99);
+    Tools::TransformPlain({0, 0, size - 1, size - 1}, p[0], p[1], p[2], p[3], rect, kNumbers.data(),
+                          to.data(), static_cast<Word>(size), length);
+    return to;
 }
 
-TEST(WorkedValues, OfScalingRotationAndTransformation) {
-    constexpr Word kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
-    const Row numbers = {1, 2, 3, 4, 5, 6, 7, 8, 9}, colors = {kRed, kBlue, kGreen, kWhite};
-    const struct {
-        const char* name;
-        void (*operation)(const Word* from, Word* to);
-        Row from, want;
-    } rows[] = {
-        {"PlainTwoToThree",
-         [](auto from, auto to) { Tools::ScalePlain(2, 2, 3, 3, from, to, 2, 3); },
-         colors,
-         {kRed, kRed, kBlue, kRed, kRed, kBlue, kGreen, kGreen, kWhite}},
-        {"BilinearOneToTwo",
-         [](auto from, auto to) { Tools::ScaleBiLin(1, 1, 2, 2, from, to, 1, 2); },
-         {kWhite},
-         {0x40FFFFFF, 0x80FFFFFF, 0x80FFFFFF, 0xFFFFFFFF}},
-        {"BilinearSameSize",
-         [](auto from, auto to) { Tools::ScaleBiLin(2, 2, 2, 2, from, to, 2, 2); },
-         colors,
-         {0x40FF0000, 0x807F007F, 0x807F7F00, 0xFF7F7F7F}},
-        {"BilinearClearIsZero",
-         [](auto from, auto to) { Tools::ScaleBiLin(1, 1, 2, 2, from, to, 1, 2); },
-         {0x00FFFFFF},
-         {0, 0, 0, 0}},
-        {"NoTurn",
-         [](auto from, auto to) {
-             Turned(1, {7.25, -3}, 0, from, to);
-         },
-         numbers,
-         {1, 2, 3, 4}},
-        {"HalfTurn",
-         [](auto from, auto to) {
-             Turned(1, {0.5, 0.5}, kPi, from, to);
-         },
-         numbers,
-         {4, 3, 2, 1}},
-        {"QuarterTurn",
-         [](auto from, auto to) {
-             Turned(2, {1, 1}, kPi / 2, from, to);
-         },
-         numbers,
-         {3, 6, 9, 2, 5, 8, 1, 4, 7}},
-        {"TurnedAway",
-         [](auto from, auto to) {
-             Turned(1, {50, 50}, kPi, from, to);
-         },
-         numbers,
-         {99, 99, 99, 99}},
-        {"MovedCorner",  // to (0.1, 0.1), which leaves the first pixel outside
-         [](auto from, auto to) {
-             Tools::TransformPlain({0, 0, 2, 2}, {0, 0}, {3, 0}, {3, 3}, {0, 3}, {0, 0, 1, 1}, from, to, 3,
-                                   2);
-         },
-         numbers,
-         {99, 99, 99, 1}},
-        {"FarSidesAreInTheLastColumnAndRow",
-         [](auto from, auto to) {
-             Tools::TransformPlain({0, 0, 1, 1}, {0, 0}, {3.5, 0.5}, {2, 2}, {0, 2}, {2, 2, 2, 2}, from, to,
-                                   2, 1);
-         },
-         numbers,
-         {4}},
-    };
-    for (const auto& row : rows) {
-        Row got(row.want.size(), 99);
-        row.operation(row.from.data(), got.data());
-        EXPECT_EQ(got, row.want) << row.name;
-    }
+TEST(WorkedValues, OfScaling) {
+    const Row colors = {kRed, kBlue, kGreen, kWhite};
+    EXPECT_EQ(Scaled(Tools::ScalePlain, 2, colors, 3),
+              Row({kRed, kRed, kBlue, kRed, kRed, kBlue, kGreen, kGreen, kWhite}));
+    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 1, {kWhite}, 2), Row({0x40FFFFFF, 0x80FFFFFF, 0x80FFFFFF, kWhite}));
+    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 2, colors, 2), Row({0x40FF0000, 0x807F007F, 0x807F7F00, 0xFF7F7F7F}));
+    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 1, {0x00FFFFFF}, 2), Row({0, 0, 0, 0})) << "clear pixels become 0";
+}
+
+TEST(WorkedValues, OfRotation) {
+    EXPECT_EQ(Turned(2, {7.25, -3}, 0), Row({1, 2, 3, 4}));
+    EXPECT_EQ(Turned(2, {0.5, 0.5}, kPi), Row({4, 3, 2, 1}));
+    EXPECT_EQ(Turned(3, {1, 1}, kPi / 2), Row({3, 6, 9, 2, 5, 8, 1, 4, 7}));
+    EXPECT_EQ(Turned(2, {50, 50}, kPi), Row({99, 99, 99, 99})) << "all lies outside";
+}
+
+TEST(WorkedValues, OfTransformation) {
+    EXPECT_EQ(Transformed(3, {{{0, 0}, {3, 0}, {3, 3}, {0, 3}}}, {0, 0, 1, 1}), Row({99, 99, 99, 1}))
+        << "the first corner moves to (0.1, 0.1)";
+    EXPECT_EQ(Transformed(2, {{{0, 0}, {3.5, 0.5}, {2, 2}, {0, 2}}}, {2, 2, 2, 2}), Row({4}))
+        << "the far sides belong to the last column and row";
 }
 
 TEST(Arguments, OutsideTheirRangeWriteNothing) {

@@ -50,7 +50,6 @@ TEST(Transform, EqualsItsDefinitionAtTheEndsOfItsRange) {
     constexpr long kRows = 9000, kWide = 1 << 18, kLeast = -(1L << 31), kMost = (1L << 31) - 1;
     const Corners tilted = {{{0, 0}, {37.5, 1}, {34, 36}, {1, 33}}};
     const struct {
-        const char* name;
         KSRect<long> from;
         Corners p;
         KSRect<long> to;
@@ -59,34 +58,26 @@ TEST(Transform, EqualsItsDefinitionAtTheEndsOfItsRange) {
         // Over the rows the last position of a block moves across the source's last column, and the rows
         // across its last row, in steps of less than 1/4096 of a pixel: a position exactly there has no
         // neighbour beyond.
-        {"LastColumnAndRow",
-         {0, 0, 65, 1},
-         {{{0, 0}, {65.4, 0}, {65.6, kRows}, {0, kRows}}},
-         {2, 0, 65, kRows - 1}},
+        {{0, 0, 65, 1}, {{{0, 0}, {65.4, 0}, {65.6, kRows}, {0, kRows}}}, {2, 0, 65, kRows - 1}},
         // b = (2, 0), c = (0, -2), a = (1, 0): exact positions with t = 1 and v = 0
-        {"FarSides", {0, 0, 1, 1}, {{{0, 0}, {3, 0}, {2, 2}, {0, 2}}}, {-1, -1, 4, 4}},
-        // spread out, and all seen at once
-        {"Positions32",
-         {0, 0, kWide - 2, 3},
+        {{0, 0, 1, 1}, {{{0, 0}, {3, 0}, {2, 2}, {0, 2}}}, {-1, -1, 4, 4}},
+        // positions that do and do not fit 32 bits, spread out and all seen at once
+        {{0, 0, kWide - 2, 3},
          {{{0, 0}, {kWide, 5}, {kWide + 9, 40}, {3, 44}}},
          {kWide - 80, -5, kWide + 20, 60}},
-        {"Positions64",
-         {0, 0, kWide + 7, 3},
+        {{0, 0, kWide + 7, 3},
          {{{0, 0}, {kWide, 5}, {kWide + 9, 40}, {3, 44}}},
          {kWide - 80, -5, kWide + 20, 60}},
-        {"Shrunk64", {0, 0, kWide + 7, 3}, {{{0, 0}, {90, 5}, {80, 60}, {3, 44}}}, {-5, -5, 95, 66}},
-        {"Offsets32", {0, 0, 0, 500000}, tilted, {0, 0, 39, 39}, 0},
-        {"Rows64", {0, 0, 0, 1 << 19}, tilted, {0, 0, 39, 39}, 0},
-        {"MostRows", {0, kLeast, 0, kMost}, tilted, {0, 0, 39, 39}, 0},
-        {"ManyWords",
-         {0, 0, 3, 5},
-         {{{-0.5, -0.2}, {4.1, -1}, {4.6, 6.2}, {-0.9, 6.4}}},
-         {0, 0, 3, 5},
-         1 << 29},
+        {{0, 0, kWide + 7, 3}, {{{0, 0}, {90, 5}, {80, 60}, {3, 44}}}, {-5, -5, 95, 66}},
+        // rows that are all the same, and offsets of more than 2^31 words
+        {{0, 0, 0, 500000}, tilted, {0, 0, 39, 39}, 0},
+        {{0, 0, 0, 1 << 19}, tilted, {0, 0, 39, 39}, 0},
+        {{0, kLeast, 0, kMost}, tilted, {0, 0, 39, 39}, 0},
+        {{0, 0, 3, 5}, {{{-0.5, -0.2}, {4.1, -1}, {4.6, 6.2}, {-0.9, 6.4}}}, {0, 0, 3, 5}, 1 << 29},
     };
     for (const auto& row : rows)
         for (std::uint32_t seed = 0; seed < 2; ++seed) {
-            SCOPED_TRACE(row.name);
+            SCOPED_TRACE(&row - rows);
             Noise noise(seed);
             ExpectTransformed(noise, row.from, row.p, row.to, row.row_length);
         }
