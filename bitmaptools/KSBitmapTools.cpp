@@ -76,20 +76,20 @@ KSPoint<std::int64_t> FixedPoint(KSPoint<double> point) {
             static_cast<std::int64_t>(std::floor(point.y * kOne))};
 }
 
-void Rotate(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre, double angle,
+void Rotate(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center, double angle,
             const std::uint32_t* source, std::uint32_t* destination, std::uint32_t source_row_length,
             std::uint32_t destination_row_length, AxisFunction rotate) {
-    if (!FitsPlane(source_rect) || !FitsPlane(destination_rect) || !FitsPlane(centre) ||
+    if (!FitsPlane(source_rect) || !FitsPlane(destination_rect) || !FitsPlane(center) ||
         !std::isfinite(angle))
         return;
     source_rect = Shifted(source_rect);
     destination_rect = Shifted(destination_rect);
-    centre = Shifted(centre);
+    center = Shifted(center);
     const ks_turn turn = ks_turn::By(angle);
     const auto rotated = [&](long x, long y, const ks_turn& by) {
-        const double dx = static_cast<double>(x) - centre.x, dy = static_cast<double>(y) - centre.y;
-        return KSPoint<double>(centre.x + dx * by.cosine + dy * by.sine,
-                               centre.y + dy * by.cosine - dx * by.sine);
+        const double dx = static_cast<double>(x) - center.x, dy = static_cast<double>(y) - center.y;
+        return KSPoint<double>(center.x + dx * by.cosine + dy * by.sine,
+                               center.y + dy * by.cosine - dx * by.sine);
     };
     const long width = source_rect.PixelWidth(), height = source_rect.PixelHeight();
     const auto top_left = FixedPoint(rotated(source_rect.left, source_rect.top, turn));
@@ -170,18 +170,18 @@ void KSBitmapTools::ScaleBiLin(std::int32_t source_width, std::int32_t source_he
 }
 
 void KSBitmapTools::RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect,
-                                KSPoint<double> centre, double angle, const std::uint32_t* source,
+                                KSPoint<double> center, double angle, const std::uint32_t* source,
                                 std::uint32_t* destination, std::uint32_t source_row_length,
                                 std::uint32_t destination_row_length) {
-    Rotate(source_rect, destination_rect, centre, angle, source, destination, source_row_length,
+    Rotate(source_rect, destination_rect, center, angle, source, destination, source_row_length,
            destination_row_length, ActiveFunctions().rotate_plain);
 }
 
 void KSBitmapTools::RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect,
-                                KSPoint<double> centre, double angle, const std::uint32_t* source,
+                                KSPoint<double> center, double angle, const std::uint32_t* source,
                                 std::uint32_t* destination, std::uint32_t source_row_length,
                                 std::uint32_t destination_row_length) {
-    Rotate(source_rect, destination_rect, centre, angle, source, destination, source_row_length,
+    Rotate(source_rect, destination_rect, center, angle, source, destination, source_row_length,
            destination_row_length, ActiveFunctions().rotate_bilinear);
 }
 

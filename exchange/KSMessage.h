@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-// What Unflatten has to say about the bytes it was given.
+// What Unflatten found.
 enum ks_unflatten_result : std::int32_t {
     kUnflattenOk,
     kUnflattenNotAMessage,     // the bytes do not start as a flattened message does
@@ -20,12 +20,13 @@ enum ks_unflatten_result : std::int32_t {
     kUnflattenDamaged,         // lengths or values contradict each other
 };
 
-// A message keeps its fields in the order in which they were added. Several fields may have one name; the
-// first of the type asked for is found. Names and texts are bytes that end at their first NUL.
+// A message keeps its fields in the order in which they were added. Several fields may have the same name;
+// the Find operations take the first of the type that they look for. Names and texts are bytes that end at
+// their first NUL.
 //
-// The Find operations return whether there is such a field, and leave their targets as they were if not.
-// The Add operations return false, with nothing added, for a null name or text, or null data with a size;
-// they throw std::bad_alloc with the message as it was.
+// The Find operations return whether there is such a field. If there is none, they leave their targets alone.
+// The Add operations add nothing and return false for a null name, a null text, or null data with a size
+// above 0. They throw std::bad_alloc with the message as it was.
 class KS_EXPORT KSMessage {
 public:
     KSMessage();
@@ -39,29 +40,29 @@ public:
     bool AddString(const char* name, const char* text);
     bool AddRect(const char* name, const KSRect<long>& rect);
     bool AddInt32(const char* name, std::int32_t value);
-    // Adds a copy of `size` bytes under a type code of the caller's, which must not be one of those of the
-    // other Add operations ('CSTR', 'KRCT', 'LONG').
+    // Adds a copy of `size` bytes under a type code of the caller's. Returns false for the codes of the other
+    // Add operations ('CSTR', 'KRCT', 'LONG').
     bool AddData(const char* name, std::uint32_t type, const void* data, std::size_t size);
 
-    // Sets `text` to memory of the message, valid until the message changes or is destroyed.
+    // Sets `text` to memory of the message, which is valid until the message changes or is destroyed.
     bool FindString(const char* name, const char** text) const;
     bool FindRect(const char* name, KSRect<long>* rect) const;
     bool FindInt32(const char* name, std::int32_t* value) const;
-    // Sets `data` and `size` to the bytes of the field, in memory of the message as for FindString. The
-    // bytes start at an address that is a multiple of four.
+    // Sets `data` and `size` to the bytes of the field. They are memory of the message, as for FindString,
+    // and start at a multiple of four.
     bool FindData(const char* name, std::uint32_t type, const void** data, std::size_t* size) const;
 
-    // Returns how many fields there are.
+    // Returns the number of fields.
     std::size_t CountFields() const { return _fields.size(); }
     void MakeEmpty() { _fields.clear(); }
 
-    // Returns the message as bytes that Unflatten takes on any processor (docs/archive-format.md). Data
-    // fields are kept byte for byte.
+    // Returns the message as bytes that Unflatten reads on any processor; docs/archive-format.md describes
+    // them. Data fields are kept byte for byte.
     std::vector<std::uint8_t> Flatten() const;
 
-    // Replaces all fields by those of a flattened message, which may come from anywhere: nothing outside
-    // `bytes` is read, and memory in proportion to it is used. Bytes behind the message are ignored. With
-    // any result but kUnflattenOk the message stays as it was. Throws std::bad_alloc.
+    // Replaces all fields by those of a flattened message, and ignores bytes behind it. The bytes may come
+    // from anywhere: nothing outside of them is read, and the memory used is in proportion to their number.
+    // With any result but kUnflattenOk the message stays as it was. Throws std::bad_alloc.
     ks_unflatten_result Unflatten(std::span<const std::uint8_t> bytes);
 
 private:

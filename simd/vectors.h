@@ -2,7 +2,8 @@
 // Vectors as wide as those of the processor that the including unit is compiled for.
 //
 // Only the units of the levels include this header. Everything here has internal linkage and is inlined, and
-// calls nothing of the standard library, so that code for a newer processor cannot be linked into another unit.
+// calls nothing of the standard library, so that code for a newer processor cannot be linked into another
+// unit.
 #pragma once
 
 #include <stdint.h>
