@@ -3,7 +3,7 @@
 #include "bitmaptools/KSBitmapTools.h"
 #include "merge/KSMerge.h"
 #include "raster/KSRaster.h"
-#include "tests/instruction_sets.h"
+#include "tests/support/levels.h"
 #include "tests/raster/pixels.h"
 
 #include <gtest/gtest.h>
@@ -70,7 +70,7 @@ TEST(FirstUse, OfSeveralThreadsAtOnce) {
         });
     threads.clear();
 
-    const ScopedInstructionSet forced(InstructionSet::kBaseline);
+    const ScopedLevel held(Level::kBaseline);
     const std::vector<Pixels> want = AllUses(0);
     for (const auto& pixels : made)
         EXPECT_EQ(pixels, want);
