@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The drawing primitives in their plainest form: step by step, a pixel at a time, clipped last.
+// The drawing primitives in their plainest form: a pixel at a time, clipped last.
 //
 // A canvas is a plain array with a frame. It paints by the kernels of the modes, which have an oracle of
 // their own, and takes time in proportion to the shapes.
@@ -61,18 +61,19 @@ public:
     void StrokeLine(long x1, long y1, long x2, long y2) {
         if (x1 == x2 || y1 == y2)
             return FillRect(std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2));
-        // Before step i, the minor coordinate has moved round(i * minor / major) times, halves up.
-        const wide dx = std::abs(x2 - x1), dy = std::abs(y2 - y1), major = std::max(dx, dy),
-                   minor = std::min(dx, dy);
+        const wide dx = std::abs(x2 - x1), dy = std::abs(y2 - y1);
         const bool steep = dy > dx;
+        const wide major = steep ? dy : dx, minor = steep ? dx : dy;
+        // The steps at which the major coordinate lies in the frame.
         const long start = steep ? y1 : x1, end = steep ? y2 : x2;
-        const long first = steep ? _frame.top : _frame.left, last = steep ? _frame.bottom : _frame.right;
-        const long from = start < end ? std::max(start, first) : std::min(start, last);
-        const long count = (start < end ? std::min(end, last) - from : from - std::max(end, first)) + 1;
-        for (long k = 0; k < count; k++) {
-            const long i = std::abs(from - start) + k,
-                       moved = static_cast<long>((2 * minor * i + major) / (2 * major));
-            const long along = steep ? moved : i, down = steep ? i : moved;
+        const long least = steep ? _frame.top : _frame.left, most = steep ? _frame.bottom : _frame.right;
+        const wide first = start < end ? least - start : start - most;
+        const wide last = start < end ? most - start : start - least;
+        for (wide i = std::max<wide>(first, 0); i <= std::min(last, major); i++) {
+            // Before step i, the minor coordinate has moved round(i * minor / major) times, halves up.
+            const wide moved = (2 * minor * i + major) / (2 * major);
+            const auto along = static_cast<long>(steep ? moved : i),
+                       down = static_cast<long>(steep ? i : moved);
             PutPixel(x2 > x1 ? x1 + along : x1 - along, y2 > y1 ? y1 + down : y1 - down);
         }
     }
