@@ -50,19 +50,19 @@ public:
                            const std::uint32_t* source, std::uint32_t* destination,
                            std::int32_t source_row_length, std::int32_t destination_row_length);
 
-    // Rotates about `centre` by `angle` radians and copies the source pixel at the position rounded down: for
+    // Rotates about `center` by `angle` radians and copies the source pixel at the position rounded down: for
     // pi / 2 the content to the right of the centre moves to above the centre. Both rectangles (inclusive)
     // and the centre lie in one plane of pixel coordinates, whose x is to the right and whose y is downwards.
     //
     // Positions are stepped in 1/4096 of a pixel from the destination rectangle's top left on, and drift by
     // up to 1/4096 for each column and row. So a part that is rotated by itself differs a little from that
     // part of the whole; transforms have no drift.
-    static void RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre,
+    static void RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center,
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 
     // RotatePlain, sampled bilinearly. There is no half-pixel offset.
-    static void RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre,
+    static void RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center,
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 

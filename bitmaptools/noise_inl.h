@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Comparing and counting bytes for the noise remover; included once for each instruction set.
+// Comparing and counting bytes for the noise remover; included once for each level.
 #pragma once
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/vectors.h"
+#include "bitmaptools/levels.h"
+#include "simd/vectors.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Removal of isolated specks from images of one byte per pixel.
 #include "bitmaptools/KSBitmapTools.h"
-#include "bitmaptools/pixel_functions.h"
+#include "bitmaptools/levels.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -221,7 +221,7 @@ private:
     std::int64_t _width, _height, _radius, _threshold;
     std::vector<std::uint32_t> _lonely;    // found last
     const std::uint8_t* _before = _image;  // the image as it was
-    const PixelFunctions& _functions = ActivePixelFunctions();
+    const LevelFunctions& _functions = ActiveFunctions();
 };
 
 }  // namespace

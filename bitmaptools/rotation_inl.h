@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rotation; included once for each instruction set.
+// Rotation; included once for each level.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"

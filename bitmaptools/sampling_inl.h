@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-// Sampling of source pixels at many positions at once; included once for each instruction set.
+// Sampling of source pixels at many positions at once; included once for each level.
 //
 // Work is done in blocks of 64 destination pixels of one row: the neighbours are collected one by one (faster
 // than the processors' gather instructions), then mixed a vector at a time. Rotations and transforms go
 // through bands of 64 rows block by block, which keeps the part of the source that they touch in the cache.
 #pragma once
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/vectors.h"
+#include "bitmaptools/levels.h"
+#include "simd/vectors.h"
 
 #include <utility>
 
@@ -193,8 +193,8 @@ KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const I
 template <class Int> struct Positions {
     alignas(64) Int x[kBlock];  // in 1/4096 of a pixel, or whole
     alignas(64) Int y[kBlock];
-    alignas(64) Int offset[kBlock];    // of the source word that holds the position, if there is one
-    alignas(64) Int accepted[kBlock];  // by transforms: 0 for pixels without position
+    alignas(64) Int offset[kBlock];  // of the source word that holds the position, if there is one
+    alignas(64) Int mapped[kBlock];  // 0 for pixels without a position; only transforms use it
 };
 
 // Sets the offsets and fractions of a vector of positions.

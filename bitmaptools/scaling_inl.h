@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Scaling; included once for each instruction set.
+// Scaling; included once for each level.
 //
 // The neighbours of a vector of positions are picked from two vectors of each row, unless they may lie
 // further apart.
@@ -48,12 +48,12 @@ public:
     bool CanPick() const { return _can_pick; }
 
     // Two vectors of columns from `base` on hold those of the positions, which are at `columns` in them.
-    struct Place {
+    struct Window {
         std::int64_t base;
         Words columns;
         Words fractions;
     };
-    KS_INLINE Place At(std::int64_t position) const {
+    KS_INLINE Window At(std::int64_t position) const {
         const std::int64_t column = position >> kFractionBits, base = least(column, _last_base);
         const Words positions = _steps + static_cast<std::uint32_t>(position & (kOne - 1));
         return {base, (positions >> kFractionBits) + static_cast<std::uint32_t>(column - base),
@@ -72,9 +72,9 @@ void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t*
     std::int64_t k = 0;
     if (picked.CanPick())
         for (; k + kLanes <= count; k += kLanes) {
-            const PickedRow::Place place = picked.At(k * step);
-            store(to + k, Pick(load<Words>(from + place.base), load<Words>(from + place.base + kLanes),
-                               place.columns));
+            const PickedRow::Window window = picked.At(k * step);
+            store(to + k, Pick(load<Words>(from + window.base), load<Words>(from + window.base + kLanes),
+                               window.columns));
         }
     for (; k + 8 <= count; k += 8)  // a loop of one would wait for its branch
         for (int n = 0; n < 8; ++n)
@@ -141,18 +141,18 @@ std::int64_t ScaleBilinearPicked(const SourcePixels& source, const PickedRow& pi
     const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
     std::int64_t k = interval.first;
     for (; k + kLanes <= interval.last; k += kLanes) {
-        const PickedRow::Place place = picked.At(start + k * step);
-        const Words left = place.columns, right = left + 1;
-        const Words top_low = load<Words>(top + place.base);
-        const Words top_high = load<Words>(top + place.base + kLanes);
-        const Words bottom_low = load<Words>(bottom + place.base);
-        const Words bottom_high = load<Words>(bottom + place.base + kLanes);
+        const PickedRow::Window window = picked.At(start + k * step);
+        const Words left = window.columns, right = left + 1;
+        const Words top_low = load<Words>(top + window.base);
+        const Words top_high = load<Words>(top + window.base + kLanes);
+        const Words bottom_low = load<Words>(bottom + window.base);
+        const Words bottom_high = load<Words>(bottom + window.base + kLanes);
         const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
                                     Pick(bottom_low, bottom_high, left),
                                     Pick(bottom_low, bottom_high, right)};
         const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
-        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, place.fractions, fy)
-                                                : Sample<true>(neighbours, place.fractions, fy));
+        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, window.fractions, fy)
+                                                : Sample<true>(neighbours, window.fractions, fy));
     }
     return k;
 }

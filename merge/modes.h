@@ -18,12 +18,12 @@ namespace {
 constexpr uint32_t kAlpha = 0xFF000000u;
 
 // What is drawn: pixels, and their alpha scaled by the opacity, 0 to 255.
-struct Drawn {
+struct Source {
     Words pixel;
     uint32_t opacity;
     Words alpha;
 
-    KS_INLINE Drawn(Words pixel_, uint32_t opacity_)
+    KS_INLINE Source(Words pixel_, uint32_t opacity_)
         : pixel(pixel_), opacity(opacity_), alpha(scaled(pixel_ >> 24)) {}
 
     // Returns alphas, 0 to 255, scaled by the opacity.
@@ -66,7 +66,7 @@ KS_INLINE Words over_any(Words d, Words x, Words alpha) {
 }
 
 // Draws the colour of `x` as `s` would be drawn.
-KS_INLINE Words over(Words d, Words x, const Drawn& s) {
+KS_INLINE Words over(Words d, Words x, const Source& s) {
     if (s.solid())
         return x | kAlpha;
     if (all_opaque(d))
@@ -75,17 +75,17 @@ KS_INLINE Words over(Words d, Words x, const Drawn& s) {
 }
 
 struct alpha_compose {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) { return over(d, s.pixel, s); }
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
+    static KS_INLINE Words compose(Words d, const Source& s) { return over(d, s.pixel, s); }
 };
 
 // The frame of the modes that blend the colours first. The blended colour is mixed with the source's own as
 // far as the destination is not opaque, then drawn over it; on a clear destination that leaves the source's
 // colour, which is stored even where the opacity makes its alpha 0.
 template <class Mode> struct blending {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Words blended = Mode::blend(d, s.pixel);
         if (all_opaque(d))
             return s.solid() ? blended | kAlpha : over_opaque(d, blended, s.alpha);
@@ -173,9 +173,9 @@ struct Channels {
     KS_INLINE Words hue() const {
         const SignedWords by_red = red == value, by_green = green == value;
         const Words difference = by_red ? green - blue : by_green ? blue - red : red - green;
-        const Words centre = by_red ? splat(0) : by_green ? splat(510) : splat(1020);
+        const Words center = by_red ? splat(0) : by_green ? splat(510) : splat(1020);
         const SignedWords offset = quotient(floats(difference) * 255.0f, floats(delta - words(delta == 0)));
-        const SignedWords h = offset + reinterpret_cast<SignedWords>(centre);
+        const SignedWords h = offset + reinterpret_cast<SignedWords>(center);
         return delta == 0 ? splat(1275) : words(h < 0 ? h + 1530 : h);
     }
 };
@@ -228,8 +228,8 @@ struct replace_color : blending<replace_color> {
 
 // Erase on one pixel takes the alpha of the source, whatever the opacity, off that of the destination.
 struct erase_by_difference {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Bytes taken = bytes(s.pixel & kAlpha);
         return words(greatest(bytes(d), taken) - taken);
     }
@@ -237,8 +237,8 @@ struct erase_by_difference {
 
 // Erase on a run scales the alpha of the destination by the complement of the source's.
 struct erase_by_scaling {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Floats kept = 65025.0f - floats(s.coverage());
         return (d & ~kAlpha) | words(quotient(floats(d >> 24) * kept, Floats{} + 65025.0f)) << 24;
     }
@@ -246,8 +246,8 @@ struct erase_by_scaling {
 
 // The mask proper: the destination's alpha times the source's, and nothing at all where either is 0.
 struct mask_alpha {
-    static KS_INLINE bool keeps(const Drawn&) { return false; }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source&) { return false; }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Words covered = div255(product(s.pixel >> 24, d >> 24));
         const Words masked = (d & ~kAlpha) | s.scaled(covered) << 24;
         return (d & kAlpha) == 0 || (s.pixel & kAlpha) == 0 ? Words{} : masked;
@@ -255,22 +255,22 @@ struct mask_alpha {
 };
 
 struct copy {
-    static KS_INLINE bool keeps(const Drawn&) { return false; }
-    static KS_INLINE bool replaces(const Drawn&) { return true; }
-    static KS_INLINE Words compose(Words, const Drawn& s) { return s.pixel; }
+    static KS_INLINE bool keeps(const Source&) { return false; }
+    static KS_INLINE bool replaces(const Source&) { return true; }
+    static KS_INLINE Words compose(Words, const Source& s) { return s.pixel; }
 };
 
 struct over_clear {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE bool replaces(const Drawn& s) { return none_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) { return (s.pixel & kAlpha) == 0 ? d : s.pixel; }
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE bool replaces(const Source& s) { return none_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) { return (s.pixel & kAlpha) == 0 ? d : s.pixel; }
 };
 
 // Draws on the destination as if it were opaque, with a true division by 255.
 struct alpha_overlay {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Halves a = both(s.alpha), rest = 255 - a;
         const Words mixed = join(div255(red_blue(d) * rest + red_blue(s.pixel) * a),
                                  div255(alpha_green(d) * rest + alpha_green(s.pixel) * a));

@@ -236,16 +236,9 @@ public:
 private:
     friend class ks_painter;
 
-    void SetName(const char* name);
     void MakeStorage();
     void AllocateBitmap();
     void AllocateMemory();
-    bool HasWords() const { return _data != nullptr && _bytes_per_pixel == 4; }
-    unsigned char* Row(long index) const;
-    std::unique_ptr<KSRaster> NewLike(KSRect<long> frame, ks_raster_native native) const;
-    void ResizeInto(KSRaster& result, bool bilinear) const;
-    void MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) const;
-    void RotateInto(KSRaster& result, KSPoint<double> center, double angle, bool bilinear);
 
     std::unique_ptr<char[]> _name;
     unsigned char* _data = nullptr;

@@ -2,16 +2,17 @@
 // Tests that run once with each instruction set that this processor has.
 #pragma once
 
-#include "hdr/instruction_set.h"
+#include "simd/level.h"
 
 #include <vector>
 
 using namespace ks_simd;
+using InstructionSet = Level;
 
 inline std::vector<InstructionSet> RunnableInstructionSets() {
     std::vector<InstructionSet> sets = {InstructionSet::kBaseline};
     for (const InstructionSet set : {InstructionSet::kAvx2, InstructionSet::kAvx512})
-        if (set <= DetectedInstructionSet())
+        if (set <= DetectedLevel())
             sets.push_back(set);
     return sets;
 }
@@ -23,8 +24,8 @@ inline const char* NameOf(InstructionSet set) {
 // Uses one instruction set while it lives.
 class ScopedInstructionSet {
 public:
-    explicit ScopedInstructionSet(InstructionSet set) { UseInstructionSet(set); }
-    ~ScopedInstructionSet() { UseInstructionSet(DetectedInstructionSet()); }
+    explicit ScopedInstructionSet(InstructionSet set) { UseLevel(set); }
+    ~ScopedInstructionSet() { UseLevel(DetectedLevel()); }
     ScopedInstructionSet(const ScopedInstructionSet&) = delete;
     ScopedInstructionSet& operator=(const ScopedInstructionSet&) = delete;
 };

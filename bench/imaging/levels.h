@@ -2,36 +2,34 @@
 // The library held to each of its instruction sets.
 #pragma once
 
-#include "hdr/instruction_set.h"
+#include "simd/level.h"
 
 #include <functional>
 #include <string>
 #include <vector>
 
-using namespace ks_simd;
-
 struct Level {
     std::string name;  // of the contender
-    InstructionSet set;
+    ks_simd::Level set;
 };
 
 // Returns the levels of this processor: "ksimaging" for the highest, the one that the library chooses itself,
 // then those below it.
 inline std::vector<Level> levels() {
-    const InstructionSet detected = DetectedInstructionSet();
+    const ks_simd::Level detected = ks_simd::DetectedLevel();
     std::vector<Level> result = {{"ksimaging", detected}};
-    if (detected > InstructionSet::kAvx2)
-        result.push_back({"ksimaging AVX2", InstructionSet::kAvx2});
-    if (detected > InstructionSet::kBaseline)
-        result.push_back({"ksimaging baseline", InstructionSet::kBaseline});
+    if (detected > ks_simd::Level::kAvx2)
+        result.push_back({"ksimaging AVX2", ks_simd::Level::kAvx2});
+    if (detected > ks_simd::Level::kBaseline)
+        result.push_back({"ksimaging baseline", ks_simd::Level::kBaseline});
     return result;
 }
 
 // Returns `pass`, held to the level.
 inline std::function<void()> at_level(const Level& level, std::function<void()> pass) {
     return [set = level.set, pass = std::move(pass)] {
-        UseInstructionSet(set);
+        ks_simd::UseLevel(set);
         pass();
-        UseInstructionSet(InstructionSet::kAvx512);
+        ks_simd::UseLevel(ks_simd::Level::kAvx512);
     };
 }

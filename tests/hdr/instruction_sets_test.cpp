@@ -16,7 +16,7 @@ TEST(InstructionSets, AllRunInTheTests) {
     std::string names;
     for (const InstructionSet set : runnable) {
         const ScopedInstructionSet forced(set);
-        EXPECT_EQ(ActiveInstructionSet(), set);
+        EXPECT_EQ(ActiveLevel(), set);
         names += (names.empty() ? "" : ", ") + std::string(NameOf(set));
     }
     RecordProperty("instruction_sets", names);

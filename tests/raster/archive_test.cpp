@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Archives: their fields, and what is made of those that come from outside.
+#include "exchange/KSMessage.h"
 #include "raster/KSRaster.h"
 #include "tests/raster/pixels.h"
-#include "toolkit/KSMessage.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Scaled, transformed and rotated copies: their frames, names and storage, and the tools' pixels in them.
 #include "bitmaptools/KSBitmapTools.h"
-#include "kits/BBitmap.h"
+#include "exchange/BBitmap.h"
 #include "raster/KSRaster.h"
 #include "tests/raster/pixels.h"
 

@@ -2,10 +2,10 @@
 // Calls that a raster takes whatever its pixels and its frame are.
 #pragma once
 
-#include "kits/BBitmap.h"
+#include "exchange/BBitmap.h"
+#include "exchange/KSMessage.h"
 #include "raster/KSRaster.h"
 #include "tests/raster/shapes.h"
-#include "toolkit/KSMessage.h"
 
 #include <memory>
 

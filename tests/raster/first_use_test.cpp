@@ -53,7 +53,7 @@ std::vector<Pixels> AllUses(std::size_t first) {
 // A program of its own, so that nothing has been chosen or set up before.
 TEST(FirstUse, OfSeveralThreadsAtOnce) {
     constexpr std::size_t kThreads = 4;
-    ASSERT_EQ(instruction_set_in_use.load(), kInstructionSetUnknown) << "something was used before";
+    ASSERT_EQ(level_in_use.load(), kLevelUnknown) << "something was used before";
     std::vector<Pixels> made[kThreads];
     std::latch start(kThreads);
     std::vector<std::jthread> threads;

@@ -62,12 +62,9 @@ struct side_by_side {
 
     void SetState(ks_composition_mode mode, std::uint32_t high, std::uint32_t low,
                   const unsigned char* pattern) {
-        const auto color = [](std::uint32_t word) {
-            return ks_color(word >> 16 & 255, word >> 8 & 255, word & 255, word >> 24 & 255);
-        };
         raster.SetDrawingMode(mode);
-        raster.SetHighColor(color(high));
-        raster.SetLowColor(color(low));
+        raster.SetHighColor(ks_color_of(high));
+        raster.SetLowColor(ks_color_of(low));
         raster.SetPattern(pattern);
         canvas.mode = mode;
         canvas.high = high;

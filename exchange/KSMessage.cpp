@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A message's fields and their flattened form; values are kept as they are flattened.
-#include "toolkit/KSMessage.h"
+// The fields of a message, whose values are kept in their flattened form.
+#include "exchange/KSMessage.h"
 
 #include <algorithm>
 #include <cstring>
@@ -35,12 +35,12 @@ std::uint64_t Get(bytes from, std::size_t size) {
     return value;
 }
 
-// Returns a text's bytes, its final NUL among them.
+// Returns the bytes of a text with its final NUL.
 bytes BytesOf(const char* text) {
     return {reinterpret_cast<const std::uint8_t*>(text), std::strlen(text) + 1};
 }
 
-// Takes numbers and blocks off the front of `rest`; whoever takes has seen that they are there.
+// Takes numbers and blocks off the front of `rest`. The caller has checked that they are there.
 struct reader {
     bytes rest;
 
@@ -52,7 +52,7 @@ struct reader {
     }
 };
 
-// Returns whether a value can be of the type that it is flattened under.
+// Returns whether the bytes can be a value of the type.
 bool IsSound(std::uint32_t type, bytes value) {
     switch (type) {
     case kStringType:
@@ -66,7 +66,7 @@ bool IsSound(std::uint32_t type, bytes value) {
     }
 }
 
-// Returns whether `whole` starts like a flattened message that can be read.
+// Says whether `whole` starts like a flattened message that can be read.
 ks_unflatten_result CheckHeader(bytes whole) {
     if (!std::equal(kSignature, kSignature + std::min(whole.size(), sizeof kSignature), whole.begin()))
         return kUnflattenNotAMessage;

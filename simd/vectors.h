@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Vectors as wide as those of the processor that the including unit is compiled for.
 //
-// Included by one unit per instruction set of each pixel engine. Everything here has internal linkage and is
-// inlined, and nothing of the standard library is called, so that code for a newer processor cannot be linked
-// into another unit.
+// Only the units of the levels include this header. Everything here has internal linkage and is inlined, and
+// calls nothing of the standard library, so that code for a newer processor cannot be linked into another
+// unit.
 #pragma once
 
 #include <stdint.h>

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How many rows and columns a bitmap holds, and their memory.
-#include "kits/BBitmap.h"
+// The size and the memory of a bitmap.
+#include "exchange/BBitmap.h"
 
 #include <algorithm>
 #include <cmath>
@@ -12,10 +12,9 @@ namespace {
 constexpr long kPixelBytes = 4;
 constexpr long kLongestBits = std::numeric_limits<std::int32_t>::max();
 
-// Returns how many columns (rows) lie between `first` and `last`, which is not less, or between 0 and `last`
-// if that is more.
+// Returns the number of columns (or rows) from `first` to `last`, or from 0 to `last` if that is more.
 long Extent(float first, float last) {
-    constexpr float kTooFar = 0x1p32f;  // beyond any bitmap that fits the memory
+    constexpr float kTooFar = 0x1p32f;  // farther than any bitmap reaches
     const long low = static_cast<long>(std::floor(std::clamp(first, -kTooFar, kTooFar)));
     const long high = static_cast<long>(std::floor(std::clamp(last, -kTooFar, kTooFar)));
     const long from_zero = static_cast<long>(std::clamp(last, -kTooFar, kTooFar)) + 1;

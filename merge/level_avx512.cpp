@@ -2,4 +2,4 @@
 // The kernels for x86-64 processors with AVX-512 (F, BW, VL and DQ).
 #include "merge/kernels.h"
 
-const ks_merge::level_kernels ks_merge::kernels_avx512 = kKernels;
+constinit const ks_merge::mode_kernels ks_merge::level_avx512[] = {KS_MERGE_MODES(KS_LEVEL_ROW)};

@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 // The cosine and sine of an angle, the same on every processor.
-//
-// Private to the library.
 #pragma once
 
 #include <cmath>
 
-// Of the functions for double, mathematical libraries have forms with and without fused multiply-adds, whose
-// last bits differ, and take what the processor has. The functions for long double are the same everywhere,
-// and more exact than a double by enough that rounding hides their last bits.
+// The functions of the mathematical library for double give other last bits on processors with fused
+// multiply-adds. Those for long double are the same everywhere, and exact enough to be rounded to double.
 struct ks_turn {
     double cosine;
     double sine;

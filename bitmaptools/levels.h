@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// What the public operations ask of the units compiled for the several instruction sets.
+// The inner functions of the public operations, which every level has.
 //
-// Private. Holds plain data only, so that those units may include it: see nymbrel_instruction_set in
+// Holds plain data only, so that the units of the levels may include it: see nymbrel_level in
 // cmake/NymbrelTargets.cmake.
 #pragma once
 
@@ -45,13 +45,13 @@ struct InverseMap {
     double ax, ay, bx, by, cx, cy;
     double x3, y3;
     double curvature;
-    double least, most;  // the accepted range of both source fractions
+    double least, most;  // the range of both source fractions
 };
 
 // What count_equal and sum_counts may read behind their arguments.
 inline constexpr std::int64_t kReadBeyond = 64;
 
-struct PixelFunctions {
+struct LevelFunctions {
     // Scaling: x.row and y.column are 0, all positions lie in the source or half a pixel outside.
     void (*scale_plain)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
     void (*scale_bilinear)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
@@ -75,12 +75,12 @@ struct PixelFunctions {
     std::uint32_t (*sum_halves)(const std::uint16_t* items, std::int64_t count);
 };
 
-// Each in a unit of its own; on other processors than x86-64 there is only the first.
-extern const PixelFunctions functions_baseline;
-extern const PixelFunctions functions_avx2;
-extern const PixelFunctions functions_avx512;
+// Each in a unit of its own. Other processors than x86-64 have only the first.
+extern const LevelFunctions level_baseline;
+extern const LevelFunctions level_avx2;
+extern const LevelFunctions level_avx512;
 
-// Returns the functions of the instruction set in use.
-const PixelFunctions& ActivePixelFunctions();
+// Returns the functions of the level in use.
+const LevelFunctions& ActiveFunctions();
 
 }  // namespace ks_bitmaptools

@@ -2,4 +2,4 @@
 // The kernels for x86-64 processors with AVX2.
 #include "merge/kernels.h"
 
-const ks_merge::level_kernels ks_merge::kernels_avx2 = kKernels;
+constinit const ks_merge::mode_kernels ks_merge::level_avx2[] = {KS_MERGE_MODES(KS_LEVEL_ROW)};
