@@ -71,4 +71,5 @@ int main(int count, char** arguments) {
             LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
         }
     }
+    std::fprintf(stderr, "\n");
 }
