@@ -38,8 +38,9 @@ const picture kPictures[] = {
     {"PolygonOfTwoPoints", {0, 0, 2, 2}, kFillPolygon, {{0, 0}, {2, 2}}, "000/010/001/"},
     {"PolygonOnOneRow", {0, 0, 2, 0}, kFillPolygon, {{0, 0}, {2, 0}, {1, 0}}, "000/"},
     {"PolygonOfNoPoints", {0, 0, 2, 0}, kFillPolygon, {}, "000/"},
-    // The right edge is recorded first. The left one is beyond column -32000 and counts as none.
-    {"FarLeft", {0, 0, 3, 2}, kFillPolygon, {{-40000, 0}, {3, 0}, {3, 2}, {-40000, 2}}, "0000/0001/0001/"},
+    // The right edge is recorded first. A left one beyond column -32000 counts as none.
+    {"Left", {0, 0, 3, 2}, kFillPolygon, {{-32000, 0}, {3, 0}, {3, 2}, {-32000, 2}}, "0000/1111/1111/"},
+    {"FarLeft", {0, 0, 3, 2}, kFillPolygon, {{-32001, 0}, {3, 0}, {3, 2}, {-32001, 2}}, "0000/0001/0001/"},
     {"ApexAndBase", {0, 0, 4, 4}, kFillTriangle, {{0, 0}, {4, 4}, {0, 4}}, "00000/11000/11100/11110/11111/"},
     {"MiddleTwice", {0, 0, 4, 4}, kFillTriangle, {{0, 4}, {4, 2}, {0, 0}}, "00000/11100/22222/11100/00000/"},
     {"TriangleOnOneRow", {0, 0, 2, 0}, kFillTriangle, {{0, 0}, {2, 0}, {1, 0}}, "000/"},
