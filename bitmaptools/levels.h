@@ -31,8 +31,8 @@ struct DestinationPixels {
 };
 
 // One coordinate of the source positions: destination pixel (i, j) lies at start + i * column + j * row,
-// relative to the source's first pixel. All three are so far from the ends of their type that no sum of a
-// destination's positions overflows.
+// relative to the source's first pixel. All three are small enough that no position of a destination
+// overflows.
 struct Axis {
     std::int64_t start;
     std::int64_t column;
@@ -48,7 +48,7 @@ struct InverseMap {
     double least, most;  // the range of both source fractions
 };
 
-// What count_equal and sum_counts may read behind their arguments.
+// How much count_equal, sum_bytes and sum_halves may read behind their arguments.
 inline constexpr std::int64_t kReadBeyond = 64;
 
 struct LevelFunctions {
@@ -61,9 +61,9 @@ struct LevelFunctions {
     void (*transform_plain)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
     void (*transform_bilinear)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
 
-    // Writes to `lonely` which pixels, first <= x < last, of the middle row equal none of their eight
-    // neighbours, in ascending order; returns how many do. At the top and bottom of an image the one row
-    // beside stands for the missing one too; an image of one row is its own neighbour.
+    // Writes to `lonely`, in ascending order, which pixels first <= x < last of the middle row equal none of
+    // their eight neighbours, and returns their number. At the top and bottom of an image the caller gives
+    // the neighbouring row twice; for an image of one row, that row three times.
     std::int64_t (*find_lonely)(const std::uint8_t* const (&rows)[3], std::int64_t width, std::int64_t first,
                                 std::int64_t last, std::uint32_t* lonely);
     // Returns how many of `rows` rows of `count` <= 511 bytes, `row_length` apart, are equal to `value`. May

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Scaling; included once for each level.
 //
-// The neighbours of a vector of positions are picked from two vectors of each row, unless they may lie
-// further apart.
+// The neighbours of a vector of positions are picked from two vectors of each row, unless they lie too far
+// apart.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"
@@ -10,7 +10,7 @@
 namespace ks_bitmaptools {
 namespace {
 
-// Returns the words of two vectors, one behind the other, that `indices` name.
+// Returns the words at `indices` in two vectors, one behind the other.
 KS_INLINE Words Pick(const Words& low, const Words& high, const Words& indices) {
 #if defined(__AVX512BW__)
     return reinterpret_cast<Words>(_mm512_permutex2var_epi32(
@@ -34,11 +34,11 @@ constexpr bool kPicks = true;
 constexpr bool kPicks = false;
 #endif
 
-// The positions along a row whose source columns are picked a vector at a time. Those of one vector lie close
-// together unless an image is made much smaller.
+// The positions along a row whose source columns are picked a vector at a time. The columns of one vector lie
+// close together unless an image is made much smaller.
 class PickedRow {
 public:
-    // Of `width` columns; `beyond` more of them are picked with each position.
+    // For a source of `width` columns; with the column of each position, `beyond` more are picked.
     PickedRow(std::int64_t width, std::int64_t step, std::int64_t beyond)
         : _last_base(width - 2 * kLanes),
           _steps(PositionsFrom(0, step)),
@@ -47,7 +47,7 @@ public:
 
     bool CanPick() const { return _can_pick; }
 
-    // Two vectors of columns from `base` on hold those of the positions, which are at `columns` in them.
+    // The two vectors of columns from `base` on, in which the positions have the indices `columns`.
     struct Window {
         std::int64_t base;
         Words columns;

@@ -41,8 +41,8 @@ template <class Mode, class Span> KS_INLINE void step(uint32_t* dst, const Sourc
     span.store(dst, replaces<Mode>(s) ? s.pixel : Mode::compose(span.load(dst), s));
 }
 
-// Composes four vectors of `src`. One test tells whether all of them replace the destination, which makes
-// that as fast as a plain copy.
+// Composes four vectors of `src`. One test tells whether all of them replace the destination, so that opaque
+// pixels are copied as fast as by a plain copy.
 template <class Mode> KS_INLINE void four_steps(uint32_t* dst, const uint32_t* src, uint32_t opacity) {
     const Words w0 = load(src), w1 = load(src + kLanes), w2 = load(src + 2 * kLanes),
                 w3 = load(src + 3 * kLanes);
@@ -67,8 +67,8 @@ template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t
     return replaces<Mode>(s) ? src : Mode::compose(splat(dst), s)[0];
 }
 
-// Stores `pixel` throughout the run: vectors at its ends, and between them aligned ones, for a store across
-// two cache lines takes twice as long.
+// Stores `pixel` throughout the run: a vector at each end, and aligned vectors between them, because a store
+// across two cache lines takes twice as long.
 KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
     if (count < kLanes) {
         PartialVector(count).store(dst, pixel);
@@ -127,8 +127,8 @@ template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint
     }
 }
 
-// Dissolve draws from rand() in the order of the pixels, once for each whose threshold is below 255, so that
-// no vector of it is formed.
+// Dissolve asks rand() in the order of the pixels, once for each whose threshold is below 255, so it works
+// pixel by pixel.
 uint32_t dissolved(uint32_t dst, uint32_t src, uint32_t opacity) {
     const uint32_t threshold = (src >> 24) * opacity / 255;
     if (threshold == 255)

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for. What
-// simd/vectors.h says of its including units holds here too.
+// Vectors of pixels and the arithmetic of the composition modes. As simd/vectors.h, only the units of the
+// levels include it.
 #pragma once
 
 #include "simd/vectors.h"
@@ -18,8 +18,8 @@ KS_INLINE Words load(const uint32_t* p) {
     return ks_simd::load<Words>(p);
 }
 
-// A run shorter than a vector, of 1 to kLanes - 1 pixels. Nothing beyond it is read or written; the lanes
-// beyond it repeat its first pixel, so that what holds for all its pixels holds for all lanes.
+// A run shorter than a vector: 1 to kLanes - 1 pixels. Nothing behind it is read or written. The other lanes
+// repeat its first pixel, so that what holds for all its pixels holds for all lanes.
 class PartialVector {
 public:
 #if defined(__AVX512BW__)
@@ -127,8 +127,8 @@ KS_INLINE Words join(Halves rb, Halves ag) {
     return words(rb | ag << 8);
 }
 
-// 255 minus each colour channel, and the alpha as it is. (Of all ones GCC 12 makes an instruction that waits
-// for its target's former value, which chains the iterations of a loop.)
+// 255 minus each colour channel; the alpha stays. (For a constant of all ones GCC 12 makes an instruction
+// that waits for its target's former value, which chains the iterations of a loop.)
 KS_INLINE Words inverse(Words w) {
     return w ^ 0x00FFFFFFu;
 }

@@ -14,8 +14,7 @@ struct mode_kernels {
     ks_array_func array;
 };
 
-// Indexed by ks_composition_mode, each in a unit of its own. Other processors than x86-64 have only the
-// first.
+// Indexed by ks_composition_mode, each in a unit of its own. Only x86-64 has the last two.
 extern const mode_kernels level_baseline[kMergeCount];
 extern const mode_kernels level_avx2[kMergeCount];
 extern const mode_kernels level_avx512[kMergeCount];

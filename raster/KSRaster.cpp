@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The raster as an object: its storage, locks, place and archive, and conversions of its pixels.
+// The raster as an object: its storage, locks, place, colours and archive, and conversions of its pixels.
 #include "raster/KSRaster.h"
 
 #include "exchange/BBitmap.h"
@@ -52,12 +52,12 @@ constexpr std::uint32_t Packed(long red, long green, long blue, long alpha) {
            static_cast<std::uint32_t>(green) << 8 | static_cast<std::uint32_t>(blue);
 }
 
-// Returns a - b. What does not fit a long wraps around: only frames without pixels are so far from valid.
+// Returns a - b. A result that does not fit a long wraps around, which only happens in frames without pixels.
 constexpr long WrappedDifference(long a, long b) {
     return static_cast<long>(static_cast<unsigned long>(a) - static_cast<unsigned long>(b));
 }
 
-// Moves a rectangle; returns whether its coordinates are still in range.
+// Moves a rectangle, and returns whether its coordinates are still in range.
 bool Move(KSRect<long>& rect, long dx, long dy) {
     return !__builtin_add_overflow(rect.left, dx, &rect.left) &&
            !__builtin_add_overflow(rect.right, dx, &rect.right) &&
@@ -83,7 +83,7 @@ public:
     explicit frame_bitmap(const KSRect<long>& frame) : BBitmap(B_RGB32, frame) {}
 };
 
-// Converts a bitmap's bound, which lies where its memory ends.
+// Returns the last column or row of a bitmap's memory, or -1 if there is none.
 long TruncatedBound(float bound) {
     constexpr float kFarthest = 0x1p31f;
     return bound >= -kFarthest ? static_cast<long>(MIN(bound, kFarthest)) : -1;

@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr long kMargin = 16;  // around what does not fill its frame
+constexpr long kMargin = 16;  // around an image that does not fill its frame
 
-// Returns a finite number without its fraction; throws std::bad_alloc for one that no frame reaches.
+// Returns a finite number without its fraction. Throws std::bad_alloc if no frame can reach it.
 long Truncated(double value) {
     constexpr double kFarthest = 0x1p62;
     if (std::fabs(value) > kFarthest)
@@ -41,7 +41,7 @@ KSRect<long> BoundsOf(const KSPoint<double> (&points)[4]) {
 
 // Returns the bounding box of a rotated frame, with the margin around it.
 KSRect<long> RotatedBounds(const KSRect<long>& frame, KSPoint<double> center, double angle) {
-    // A center farther away than this moves everything out of sight.
+    // A centre farther away than this moves everything out of sight.
     constexpr double kFarthest = 0x1p40;
     const double x = std::trunc(std::clamp(center.x, -kFarthest, kFarthest));
     const double y = std::trunc(std::clamp(center.y, -kFarthest, kFarthest));

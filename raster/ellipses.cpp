@@ -50,8 +50,8 @@ template <class Form> void WalkVisible(const ks_painter& painter, const ellipse&
         WalkVisible<__int128>(painter, e, form);
 }
 
-// The outline: the step's pixel in all four quadrants. Two of the four coincide on an axis; those of
-// different steps never do.
+// The outline: the step's pixel in all four quadrants. On an axis two of the four are the same pixel; those
+// of different steps never are.
 template <class Put> struct outline {
     const ks_painter& painter;
     const ellipse& e;
@@ -79,7 +79,7 @@ template <class Put> struct outline {
     void SecondPart(long x, long y) const { FirstPart(x, y); }
 };
 
-// The filled ellipse as it is defined: spans from the axes outwards, in each quadrant.
+// The filled ellipse as defined: spans from the axes outwards in each quadrant.
 struct spans {
     const ks_painter& painter;
     const ellipse& e;
@@ -99,7 +99,7 @@ struct spans {
     }
 };
 
-// The same pixels, painted as often as by `spans` but in another order: in long rows.
+// The same pixels as `spans`, painted as often but in long rows.
 class long_rows {
 public:
     long_rows(const ks_painter& painter, const ellipse& e) : _painter(painter), _e(e) {}
@@ -111,8 +111,8 @@ public:
         if (!_once && y > 0)
             CenterColumn(y - 1);
     }
-    // The upright spans of columns up to x reach over the rows up to y. Where the part starts, all those rows
-    // are as wide; after that a row is as wide as the column in which the outline reached it.
+    // The upright spans of the columns up to x cover the rows up to y. Where the part starts, all those rows
+    // have the same width; a later row is as wide as the column in which the outline reached it.
     void SecondPart(long x, long y) {
         if (_last < 0)
             Block(x, y);

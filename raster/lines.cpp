@@ -44,11 +44,11 @@ struct line_walk {
     axis minor;
 
     wide MinorSteps(wide i) const { return (2 * minor.count * i + major.count) / (2 * wide{major.count}); }
-    // Returns the first i with so many minor steps behind it.
+    // Returns the first i before which the minor axis has moved so many times.
     wide FirstWith(wide minor_steps) const {
         return minor_steps <= 0 ? 0 : RoundedUp((2 * minor_steps - 1) * major.count, 2 * wide{minor.count});
     }
-    // Returns those i at which the point lies in `area`, whose x are those of the major axis.
+    // Returns the steps at which the point lies in `area`, whose x is along the major axis.
     interval Within(const KSRect<long>& area) const {
         const interval along = StepsBetween(major, area.left, area.right);
         const interval across = StepsBetween(minor, area.top, area.bottom);

@@ -79,8 +79,8 @@ void ks_painter::Fill(long left, long top, long right, long bottom) const {
                   static_cast<std::int32_t>(area.PixelHeight()), _words_per_row);
 }
 
-// Lays the pattern's rows out as pixels and composes those. The array kernels compute what the pixel kernels
-// do, but for two modes: Alpha Mask, whose pixel kernel is that of XOR Mask, and Erase.
+// Lays out the pattern's rows as pixels and composes those. The array kernels compute what the pixel kernels
+// do for all modes but two: Alpha Mask, whose pixel kernel is that of XOR Mask, and Erase.
 void ks_painter::FillPattern(const KSRect<long>& area) const {
     constexpr long kRun = 128;  // a multiple of the pattern's period
     if (_mode == kMergeErase) {
@@ -88,7 +88,7 @@ void ks_painter::FillPattern(const KSRect<long>& area) const {
         return;
     }
     std::uint32_t source[8][kRun];
-    // Counted from 0, for the area may end where long does.
+    // Counts from 0, because the area may end where long does.
     const long width = area.PixelWidth(), height = area.PixelHeight(), run = MIN(width, kRun);
     for (long j = 0; j < MIN(height, 8L); j++)
         for (long i = 0; i < run; i++)

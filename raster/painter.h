@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Composes rectangles and pixels onto a raster: what all drawing primitives come down to.
+// Composes rectangles and pixels onto a raster. All drawing primitives use it.
 #pragma once
 
 #include "hdr/KSRect.h"
@@ -36,7 +36,7 @@ private:
     std::uint32_t* _pixels[kBatch];
 };
 
-// Holds what a primitive needs of the raster's drawing state, for the time of one call.
+// Holds what a primitive needs of the raster and its drawing state during one call.
 class ks_painter {
 public:
     // Asserts that the raster's drawing mode is one of the modes.
@@ -50,7 +50,7 @@ public:
 
     // Returns whether the order in which pixels are painted shows.
     bool NeedsOrder() const { return _mode == kMergeDissolve; }
-    // Returns whether to paint a pixel a second time changes nothing.
+    // Returns whether painting a pixel a second time changes nothing.
     bool PaintsOnce() const;
 
     // Returns whether the pixel lies in the frame.
@@ -62,13 +62,13 @@ public:
         return (y - _frame.top) * _words_per_row + (x - _frame.left);
     }
 
-    // Composes the rectangle, as far as it lies in the frame, row by row.
+    // Composes the part of the rectangle that lies in the frame, row by row.
     void Fill(long left, long top, long right, long bottom) const;
     // Composes the pixel if it lies in the frame.
     void Plot(long x, long y) const;
 
-    // Calls `paint(put)`, where `put(place, x, y)` composes the pixel (x, y) of the frame; no pixel may be
-    // put twice. Pixels may be composed later than they are put, but not later than this returns.
+    // Calls `paint(put)`, where `put(place, x, y)` composes the pixel (x, y) of the frame. No pixel may be
+    // put twice. All are composed when this returns, but not always at once.
     template <class Paint> void PaintPixels(const Paint& paint) const;
 
 private:
