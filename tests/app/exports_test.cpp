@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The program's image offers the imaging library to add-ons, and nothing else.
 #include "tests/app/add_on.h"
-#include "tests/settings/home.h"
+#include "tests/support/home.h"
 
 #include <algorithm>
 #include <cstdio>

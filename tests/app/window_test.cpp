@@ -3,6 +3,7 @@
 #include "kits/BWindow.h"
 #include "tests/app/running_program.h"
 #include "tests/settings/editors.h"
+#include "tests/support/recording_surface.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSLabel.h"
 #include "toolkit/KSPicture.h"
@@ -207,37 +208,16 @@ TEST(Categories, ChangeNothingWithoutTheLock) {
     EXPECT_EQ(seen_groups(), "1111");
 }
 
-// Measures every text as a box of fixed size, and keeps what is drawn as text.
-class RecordingSurface : public KSSurface {
-public:
-    explicit RecordingSurface(long text_height) : _text_height(text_height) {}
-
-    void SetHighPen(ks_pen pen) override { drawn << "pen " << pen << "; "; }
-    KSPoint<long> StringSize(const char*, long length, long* ascent) override {
-        *ascent = _text_height - 3;
-        return {7 * length, _text_height};
-    }
-    void DrawString(const char* text, long length, KSPoint<long> where) override {
-        drawn << std::string(text, static_cast<std::size_t>(length)) << " at " << where.x << ',' << where.y;
-    }
-    void FillRect(KSRect<long>) override { drawn << "fill; "; }
-
-    std::ostringstream drawn;
-
-private:
-    long _text_height;
-};
-
 TEST(Categories, MeasureAndDrawTheirItems) {
     struct item_row {
         long text_height, height;
         const char* drawn;
     };
     const item_row rows[] = {
-        {10, 24, "pen 5; fill; pen 9; Pens at 13,54"},  // 40 + (24 - 10) / 2 + 7
-        {11, 24, "pen 5; fill; pen 9; Pens at 13,54"},  // the half pixel is cut
-        {20, 28, "pen 5; fill; pen 9; Pens at 13,61"},
-        {17, 25, "pen 5; fill; pen 9; Pens at 13,58"},
+        {10, 24, "pen 5; fill 5,40,104,63; pen 9; Pens at 13,54; "},  // 40 + (24 - 10) / 2 + 7
+        {11, 24, "pen 5; fill 5,40,104,63; pen 9; Pens at 13,54; "},  // the half pixel is cut
+        {20, 28, "pen 5; fill 5,40,104,67; pen 9; Pens at 13,61; "},
+        {17, 25, "pen 5; fill 5,40,104,64; pen 9; Pens at 13,58; "},
     };
     for (const item_row& row : rows) {
         SCOPED_TRACE(row.text_height);

@@ -2,7 +2,7 @@
 // A session bus of a test's own, its other users and its impostors.
 #pragma once
 
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
 
 #include <cerrno>
 #include <csignal>

@@ -2,7 +2,7 @@
 // Broadcasts to other processes over a session bus, and buses that fail in every way.
 #include "kits/BRoster.h"
 #include "tests/kits/private_bus.h"
-#include "tests/kits/test_application.h"
+#include "tests/support/recorders.h"
 
 #include <algorithm>
 #include <cstdarg>
@@ -16,8 +16,8 @@ using std::chrono::milliseconds;
 
 constexpr std::uint32_t kNotice = ks_message_code("fAPL");
 constexpr std::uint32_t kOther = ks_message_code("OTHR");
-constexpr const char* kNoticeLine = "6641504c";
-constexpr const char* kOtherLine = "4f544852";
+constexpr const char* kNoticeLine = "fAPL";
+constexpr const char* kOtherLine = "OTHR";
 constexpr milliseconds kPatience{500};
 constexpr milliseconds kSlack{400};  // for a busy machine, and less than waiting once more
 
@@ -61,7 +61,7 @@ milliseconds CpuTime() {
 
 TEST(Roster, ReachesEveryApplicationOnce) {
     PrivateBus bus;
-    ChildProcess peer({ROSTER_PEER}), other_peer({ROSTER_PEER});
+    ChildProcess peer({NYMBREL_LISTENER}), other_peer({NYMBREL_LISTENER});
     ASSERT_EQ(peer.ReadLine(), "ready");
     ASSERT_EQ(other_peer.ReadLine(), "ready");
     TestApplication app;
@@ -80,7 +80,7 @@ TEST(Roster, ReachesEveryApplicationOnce) {
     EXPECT_EQ(app.received.Entries(), (std::vector{kNotice, kOther}));
     EXPECT_EQ(server.calls.Entries().front(), "prepare");
     EXPECT_EQ(peer.End(SIGTERM), 0);
-    EXPECT_EQ(peer.ReadLine(), "(end)");
+    EXPECT_EQ(peer.ReadLine(), "end");
 }
 
 TEST(Roster, DeliversWhatIsSentJustBeforeTheEnd) {
@@ -90,7 +90,7 @@ TEST(Roster, DeliversWhatIsSentJustBeforeTheEnd) {
     RunBeside(app, nullptr, [&] {
         bus.Settle();
         for (std::size_t i = 0; i < kSenders; ++i)
-            EXPECT_EQ(ChildProcess({ROSTER_PEER, "fAPL"}).End(), 0);
+            EXPECT_EQ(ChildProcess({NYMBREL_LISTENER, "fAPL"}).End(), 0);
         EXPECT_TRUE(app.received.WaitFor(kSenders));
     });
     EXPECT_EQ(app.received.Entries(), std::vector(kSenders, kNotice));

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Where the platform's paths lie, and files and directories that must not stop the program.
 #include "kits/storage.h"
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -57,6 +57,7 @@ Process::Process(const std::vector<std::string>& command,
             fcntl(ends[1], F_SETFD, 0);
         else
             dup2(ends[1], kLineDescriptor);
+        dup2(kLineDescriptor, STDOUT_FILENO);
         execvpe(arguments[0], arguments.data(), variables.data());
         _exit(127);
     }
