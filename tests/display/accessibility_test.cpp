@@ -50,7 +50,7 @@ void Collect(QAccessibleInterface* from, Editors& editors) {
 
 TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
     const std::string path = home.NewFile("a.png");
-    ScopedHome::Write(home.SettingsFile(), "KS_PEN_BG_LOW_BMP = " + path + "\nKS_PEN_TEXT = 1,2,3,4\n");
+    home.Write(home.SettingsFile(), "KS_PEN_BG_LOW_BMP = " + path + "\nKS_PEN_TEXT = 1,2,3,4\n");
     ShownProgram::Run([&](ShownProgram& program) {
         Editors editors;
         ASSERT_TRUE(program.Eventually([&] {

@@ -66,7 +66,7 @@ TEST_F(FilePopUp, ShowsThePathItKeepsWhenOneCannotBeStored) {
 
 TEST_F(FilePopUp, MarksWhatIsNoReadablePicture) {
     const std::string text = home.NewFile("notes.txt"), picture = home.Path() / "picture.tga";
-    ScopedHome::Write(picture, kTga);
+    home.Write(picture, kTga);
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(1);
         const auto is_marked = [&] { return !PathLine(program)->accessibleDescription().isEmpty(); };
@@ -100,7 +100,7 @@ TEST_F(FilePopUp, BrowsesWithAPreview) {
     GTEST_SKIP() << "Qt's file dialog has threads of its own, whose locks this sanitizer does not see";
 #endif
     const std::string picture = home.Path() / "picture.tga";
-    ScopedHome::Write(picture, kTga);
+    home.Write(picture, kTga);
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(1);
         program.OnScreen(
@@ -128,7 +128,7 @@ TEST_F(FilePopUp, BrowsesWithAPreview) {
 TEST(PictureFile, ReadsEveryTgaAndNothingThatIsNoFile) {
     const ScopedHome home;
     const auto read = [&](const char* name, const std::string& bytes) {
-        ScopedHome::Write(home.Path() / name, bytes);
+        home.Write(name, bytes);
         const QString path = QString::fromStdString(home.Path() / name);
         EXPECT_EQ(IsPicture(path), !ReadPicture(path).isNull()) << name;
         return ReadPicture(path);

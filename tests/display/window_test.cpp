@@ -58,7 +58,7 @@ TEST_F(Window, StartsAtItsFrameWithThePensAndNoCategory) {
 }
 
 TEST_F(Window, ShowsWhatTheFileHolds) {
-    ScopedHome::Write(home.SettingsFile(),
+    home.Write(home.SettingsFile(),
                       "KS_PEN_TEXT = 1,2,3,255\nMOUSEHOLDTIME = 11000\nLOOK = Nymbrel\n");
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(3);
@@ -112,7 +112,7 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
     std::filesystem::create_directories(home.CatalogsDirectory());
     std::filesystem::copy(NYMBREL_CATALOGS, home.CatalogsDirectory(),
                           std::filesystem::copy_options::recursive);
-    ScopedHome::Write(home.SettingsFile(), std::string("LANGUAGE = ") + GetParam() + "\n");
+    home.Write(home.SettingsFile(), std::string("LANGUAGE = ") + GetParam() + "\n");
     ShownProgram::Run([](ShownProgram& program) {
         const QSize size = program.OnScreen([&] {
             program.Top()->resize(1, 1);

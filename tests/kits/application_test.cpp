@@ -3,7 +3,7 @@
 #include "kits/BRoster.h"
 #include "kits/BView.h"
 #include "kits/BWindow.h"
-#include "tests/kits/test_application.h"
+#include "tests/support/recorders.h"
 
 #include <algorithm>
 #include <atomic>

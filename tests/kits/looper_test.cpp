@@ -35,22 +35,6 @@ TEST(LooperLock, IsRecursiveAndBelongsToItsThread) {
     EXPECT_FALSE(looper.IsLocked());
 }
 
-TEST(LooperLock, KeepsThreadsApart) {
-    constexpr int kTurns = 20000;
-    Looper looper;
-    int count = 0;  // plain: only the lock guards it
-    const auto add = [&] {
-        for (int i = 0; i < kTurns; ++i) {
-            const BAutolock lock(&looper);
-            ++count;
-        }
-    };
-    std::thread other(add);
-    add();
-    other.join();
-    EXPECT_EQ(count, 2 * kTurns);
-}
-
 TEST(LooperLock, IsRefusedOnceClosed) {
     Looper looper;
     looper.Close();

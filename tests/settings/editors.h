@@ -5,7 +5,7 @@
 #include "settings/languages.h"
 #include "settings/model.h"
 #include "tests/reference/settings_reader.h"
-#include "tests/settings/home.h"
+#include "tests/support/home.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
 #include "toolkit/KSContainer.h"

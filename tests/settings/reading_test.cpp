@@ -23,7 +23,7 @@ protected:
     }
 
     void ReadBytes(const std::string& bytes) {
-        ScopedHome::Write(home.SettingsFile(), bytes);
+        home.Write(home.SettingsFile(), bytes);
         config::ReadSettings();
     }
 

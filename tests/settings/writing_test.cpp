@@ -93,7 +93,7 @@ TEST_F(Writing, UsesADecimalPointInEveryLocale) {
     std::snprintf(comma, sizeof comma, "%g", 0.5);
     EXPECT_STREQ(comma, "0,5");
 
-    ScopedHome::Write(home.SettingsFile(), "KS_FONT_FIXED = A,B,12.5\n");
+    home.Write(home.SettingsFile(), "KS_FONT_FIXED = A,B,12.5\n");
     config::ReadSettings();
     EXPECT_NE(Written().find("KS_FONT_FIXED = A,B,12.5\n"), std::string::npos);
     std::setlocale(LC_ALL, "C");
@@ -109,7 +109,7 @@ TEST_F(Writing, SkipsWhatCannotBeWritten) {
     config::WriteSettings();
     EXPECT_FALSE(std::filesystem::exists(home.SettingsDirectory()));
 
-    ScopedHome::Write(home.SettingsDirectory(), "a file in the directory's place");
+    home.Write(home.SettingsDirectory(), "a file in the directory's place");
     config::WriteSettings();
     EXPECT_EQ(ScopedHome::Read(home.SettingsDirectory()), "a file in the directory's place");
     std::filesystem::remove(home.SettingsDirectory());
@@ -180,7 +180,7 @@ TEST(Languages, ListsEnglishFirstAndOnceThenTheDirectory) {
     }
     for (const char* name : {"english", "deutsch", "english2", "English"})
         std::filesystem::create_directories(home.CatalogsDirectory() / name);
-    ScopedHome::Write(home.CatalogsDirectory() / "a file", "");
+    home.Write(home.CatalogsDirectory() / "a file", "");
     std::filesystem::create_symlink("nowhere", home.CatalogsDirectory() / "a broken link");
     std::vector<std::string> wanted = {"english"};
     for (const auto& entry : std::filesystem::directory_iterator(home.CatalogsDirectory()))

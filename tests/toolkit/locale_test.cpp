@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Catalogs: which one is opened, and what is read from any bytes whatever.
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
 #include "toolkit/KSLocale.h"
 
 #include <cstdlib>

@@ -2,7 +2,7 @@
 // The toolkit's application: the directory and the catalog it opens, Revert, and what a change notice
 // settles.
 #include "kits/BRoster.h"
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
 #include "toolkit/KSApplication.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSContainer.h"

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The lines of the settings file: separators, pieces, NUL bytes, and what stands where the file should be.
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
 #include "toolkit/settings_lines.h"
 
 #include <cstdlib>

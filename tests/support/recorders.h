@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// An application and a window server for tests: they record what happens to them, and tests wait for it.
+// Loopers, an application and a window server that record what happens to them.
 #pragma once
 
 #include "kits/BApplication.h"
@@ -26,16 +26,27 @@ public:
         const std::lock_guard guard(_mutex);
         return _entries;
     }
-    // Returns whether there were `count` entries within ten seconds.
-    bool WaitFor(std::size_t count) {
+    // Waits until `condition` holds for the entries; returns whether it did in time.
+    template <class Condition> bool WaitUntil(Condition condition) {
         std::unique_lock lock(_mutex);
-        return _changed.wait_for(lock, std::chrono::seconds(10), [&] { return _entries.size() >= count; });
+        return _changed.wait_for(lock, std::chrono::seconds(20), [&] { return condition(_entries); });
+    }
+    // Waits until there are `count` entries.
+    bool WaitFor(std::size_t count) {
+        return WaitUntil([&](const std::vector<T>& entries) { return entries.size() >= count; });
     }
 
 private:
     mutable std::mutex _mutex;
     std::condition_variable _changed;
     std::vector<T> _entries;
+};
+
+// Keeps the codes of the messages that are posted to it.
+class RecordingLooper : public BLooper {
+public:
+    void PostMessage(const BMessage& message) override { codes.push_back(message.what); }
+    std::vector<std::uint32_t> codes;
 };
 
 // Hooks that are not set do what the base class does.
