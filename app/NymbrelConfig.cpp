@@ -60,21 +60,21 @@ void AddSpacers(KSControl* group, int count) {
         Add(group, NewGroup());
 }
 
-KSLabel* AddLabel(KSControl* group, string_id text, long alignment = KS_ALIGNMENT_RIGHT) {
+KSLabel* AddLabel(KSControl* group, const text& text, long alignment = KS_ALIGNMENT_RIGHT) {
     auto* label = new KSLabel(nullptr, 0);
     label->SetLabel(LocalString(text), true);
     label->SetAlignment(alignment);
     return Add(group, label);
 }
 
-KSTitleGroup* AddTitleGroup(KSControl* parent, string_id title) {
+KSTitleGroup* AddTitleGroup(KSControl* parent, const text& title) {
     auto* group = new KSTitleGroup(nullptr, 0);
     group->SetLabel(LocalString(title), true);
     return Add(parent, group);
 }
 
 // A title group that has a grid in its middle. Returns the grid.
-KSControl* AddTitledGrid(KSControl* parent, string_id title, long columns) {
+KSControl* AddTitledGrid(KSControl* parent, const text& title, long columns) {
     KSControl* group = AddTitleGroup(parent, title);
     AddSpacers(group, 1);
     KSControl* grid = Add(group, NewGrid(columns));
@@ -82,7 +82,7 @@ KSControl* AddTitledGrid(KSControl* parent, string_id title, long columns) {
     return grid;
 }
 
-KSButton* AddButton(KSControl* parent, string_id label, const BMessage& command) {
+KSButton* AddButton(KSControl* parent, const text& label, const BMessage& command) {
     auto* button = new KSButton(nullptr, 0);
     button->SetLabel(LocalString(label), true);
     button->SetTarget(be_app, nullptr);
@@ -90,7 +90,7 @@ KSButton* AddButton(KSControl* parent, string_id label, const BMessage& command)
     return Add(parent, button);
 }
 
-KSCheckBox* AddCheckBox(KSControl* parent, string_id label) {
+KSCheckBox* AddCheckBox(KSControl* parent, const text& label) {
     auto* box = new KSCheckBox(nullptr, 0);
     box->SetLabel(LocalString(label), true);
     return Add(parent, box);
@@ -104,11 +104,11 @@ KSSpinBox* AddSpinBox(KSControl* parent, float minimum, float maximum, float ste
     return box;
 }
 
-void AddPens(KSControl* parent, string_id title, ks_pen first, ks_pen last) {
+void AddPens(KSControl* parent, const text& title, ks_pen first, ks_pen last) {
     KSControl* grid = AddTitledGrid(parent, title, 2);
     AddSpacers(grid, 2);
     for (int pen = first; pen <= last; ++pen) {
-        AddLabel(grid, color_settings[pen].label);
+        AddLabel(grid, pen_rows[pen].label);
         _colors[pen] = Add(grid, new KSColorField(nullptr, 0));
     }
     AddSpacers(grid, 2);
@@ -128,7 +128,7 @@ KSControl* BuildBackgrounds() {
     MakeEditorGroup(group);
     AddSpacers(group, 2);
     for (int pen = 0; pen < kBackgroundCount; ++pen) {
-        AddLabel(group, color_settings[pen].label);
+        AddLabel(group, pen_rows[pen].label);
         KSControl* row = Add(group, NewGroup());
         _colors[pen] = Add(row, new KSColorField(nullptr, 0));
         _backgrounds[pen] = Add(row, new KSPopFile(nullptr, 0));
@@ -142,7 +142,7 @@ KSControl* BuildFonts() {
     MakeEditorGroup(group);
     AddSpacers(group, 2);
     for (int font = 0; font < kFontCount; ++font) {
-        AddLabel(group, font_settings[font].label);
+        AddLabel(group, font_labels[font]);
         _fonts[font] = Add(group, new KSPopFont(nullptr, 0));
     }
     AddSpacers(group, 2);
@@ -216,7 +216,7 @@ NCListView* BuildCategories() {
     list->SetListMode(0);
     list->HideColumnBar(true, true);
     list->HideHideButton(true, true);
-    for (string_id label :
+    for (const text& label :
          {kStringPensCategory, kStringBackgroundsCategory, kStringFontsCategory, kStringOptionsCategory})
         list->AddItem(new NCListView::NCListItem(LocalString(label)), -1, true);
     list->SetName("NCListView");
@@ -283,11 +283,6 @@ void NCApplication::MessageReceived(BMessage* message) {
         StoreSettings();
         be_app->PostMessage(B_QUIT_REQUESTED);
         break;
-    case kRevert:
-        KSApplication::MessageReceived(message);
-        // A command that follows does not wait until the display has told of the list.
-        TakeSelectedLanguage();
-        break;
     case kResetColors:
         ApplyPalette(_beos_size->Value() ? kBeOSConformPalette : kDefaultPalette);
         StoreSettings();
@@ -299,9 +294,14 @@ void NCApplication::MessageReceived(BMessage* message) {
 
 // The change is announced even if the file could not be written.
 void NCApplication::StoreSettings() {
-    WriteSettings();
+    _is_stored = WriteSettings();
     const BMessage changed(kSettingsChanged);
     be_roster->Broadcast(&changed);
+}
+
+void NCApplication::BroadcastStarting(const BMessage& message) {
+    if (_is_stored)
+        KSApplication::BroadcastStarting(message);
 }
 
 bool NCApplication::QuitRequested() {

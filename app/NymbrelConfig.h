@@ -49,13 +49,10 @@ public:
 
 class NCApplication : public KSApplication {
 public:
-    // What the window's buttons send.
+    // What the window's buttons send, besides kRevert.
     static constexpr std::uint32_t kApply = ks_message_code("APPL");
     static constexpr std::uint32_t kOk = ks_message_code("OKAY");
-    static constexpr std::uint32_t kRevert = ks_message_code("REVE");
     static constexpr std::uint32_t kResetColors = ks_message_code("RSCO");
-    // What is broadcast when the settings have been stored.
-    static constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
 
     NCApplication();
 
@@ -64,6 +61,8 @@ public:
     void MessageReceived(BMessage* message) override;
     // Always agrees: what was not applied is dropped.
     bool QuitRequested() override;
+    // Settles nothing after a write that failed: Revert still comes back to what the file holds.
+    void BroadcastStarting(const BMessage& message) override;
 
 private:
     void BuildContents();
@@ -73,4 +72,6 @@ private:
     KSContainer* _container = nullptr;
     KSControl* _root = nullptr;
     NCListView* _categories = nullptr;
+
+    bool _is_stored = false;  // whether the last write succeeded
 };

@@ -4,6 +4,7 @@
 
 #include "display/look.h"
 #include "display/texts.h"
+#include "toolkit/settings_values.h"
 
 #include <QDialogButtonBox>
 #include <QDoubleSpinBox>
@@ -11,7 +12,6 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <algorithm>
 
 namespace {
 
@@ -24,8 +24,7 @@ QString FamilyName(const QString& listed) {
 }
 
 bool CanBeStored(const QString& name) {
-    return !name.isEmpty() && !name.contains(u',') && !name.contains(u'\n') &&
-           name.toUtf8().size() < qsizetype{sizeof(font_family)};
+    return ks_fits_font_field(name.toStdString());
 }
 
 QListWidget* AddList(QGridLayout* grid, int column, const char* title, QWidget* parent) {
@@ -56,7 +55,7 @@ QString CurrentText(const QListWidget* list) {
 QFont ToQFont(const BFont& font) {
     QFont result(QString::fromStdString(font.Family()));
     result.setStyleName(QString::fromStdString(font.Style()));
-    result.setPointSizeF(std::clamp<double>(font.Size(), kSmallest, kLargest));
+    result.setPointSizeF(look::BoundedPoints(font.Size(), kSmallest, kLargest));
     return result;
 }
 
@@ -71,7 +70,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent) : QDialog(parent), _sta
     _size->setDecimals(2);
     _size->setRange(kSmallest, kLargest);
     _size->setSingleStep(kStep);
-    _size->setValue(font.Size());
+    _size->setValue(look::BoundedPoints(font.Size(), kSmallest, kLargest));
     _size_at_start = _size->value();
     _size->setAccessibleName(size_label->text().remove(u'&'));
     size_label->setBuddy(_size);

@@ -17,8 +17,8 @@ QFont ToQFont(const BFont& font);
 
 class FontPanel : public QDialog {
 public:
-    // Starts with `font`, which is offered even where it is not installed. Names with a comma, which the
-    // settings file could not hold, are offered never.
+    // Starts with `font`, which is offered even where it is not installed. Other names are offered only when
+    // they fit the settings file.
     FontPanel(const BFont& font, QWidget* parent);
 
     BFont Font() const;

@@ -109,7 +109,7 @@ public:
 
     void Fetch() override {
         ControlMirror::Fetch();
-        _control.TellSelection();
+        _control.CallSelectionHook();
         Surface surface(*_list);
         const SurfaceScope scope(_control, surface);
         _rows.clear();

@@ -101,6 +101,10 @@ QColor look::Pen(ks_pen pen, const QPalette& palette) {
     return palette.color(QPalette::Text);
 }
 
+double look::BoundedPoints(double points, double least, double most) {
+    return std::fmin(std::fmax(points, least), most);
+}
+
 QMargins look::FrameMargins() {
     return {kGap, kGap, kGap, kGap};
 }

@@ -24,6 +24,9 @@ constexpr int kLongestLabel = 60;   // characters; longer labels are broken into
 constexpr int kSmallestPoints = 6;  // of a font's own name; smaller fonts are shown at this size
 constexpr int kLargestPoints = 24;  // and larger ones at this
 
+// Returns the size nearest to `points` that is within the bounds; the least one for what is not a number.
+double BoundedPoints(double points, double least, double most);
+
 // Chooses the style, before the application object is made: the user's where one is asked for.
 void ChooseStyle();
 

@@ -32,7 +32,7 @@ public:
                          .arg(QString::fromStdString(font.Family()), QString::fromStdString(font.Style()),
                               locale().toString(font.Size(), 'g', 6)));
         QFont shown = ToQFont(font);
-        shown.setPointSizeF(std::clamp<qreal>(font.Size(), look::kSmallestPoints, look::kLargestPoints));
+        shown.setPointSizeF(look::BoundedPoints(font.Size(), look::kSmallestPoints, look::kLargestPoints));
         setFont(shown);
         updateGeometry();
         update();

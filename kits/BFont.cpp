@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// A font by family, style and size.
 #include "kits/BFont.h"
 
 #include "kits/utf8.h"
 
-#include <cmath>
+#include <bit>
+#include <cstdint>
 
 namespace {
 
@@ -22,14 +22,14 @@ void BFont::SetFamilyAndStyle(const char* family, const char* style) {
     _style = CutName(style);
 }
 
-void BFont::SetSize(float size) {
-    if (std::isfinite(size) && size > 0)
-        _size = size;
-}
-
 void BFont::GetFamilyAndStyle(font_family* family, font_style* style) const {
     if (family)
         (*family)[_family.copy(*family, kNameLength)] = '\0';
     if (style)
         (*style)[_style.copy(*style, kNameLength)] = '\0';
+}
+
+bool operator==(const BFont& a, const BFont& b) {
+    const auto bits = [](float size) { return std::bit_cast<std::uint32_t>(size); };
+    return a._family == b._family && a._style == b._style && bits(a._size) == bits(b._size);
 }

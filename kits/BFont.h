@@ -12,8 +12,8 @@ class BFont {
 public:
     // Names longer than 63 bytes are cut at a character's boundary; null counts as empty.
     void SetFamilyAndStyle(const char* family, const char* style);
-    // A size in points that is not finite or not above 0 changes nothing.
-    void SetSize(float size);
+    // Keeps any size in points, even one that no font can be drawn at.
+    void SetSize(float size) { _size = size; }
 
     // Copies the names; either pointer may be null.
     void GetFamilyAndStyle(font_family* family, font_style* style) const;
@@ -21,7 +21,8 @@ public:
     const std::string& Style() const { return _style; }
     float Size() const { return _size; }
 
-    friend bool operator==(const BFont&, const BFont&) = default;
+    // Sizes are equal when their bits are: one that is not a number equals itself.
+    friend bool operator==(const BFont& a, const BFont& b);
 
 private:
     std::string _family;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Fills the language list and follows its selection.
 #include "settings/languages.h"
 
 #include "kits/BApplication.h"

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// The key tables, the references to the editors and their defaults.
 #include "settings/model.h"
 
 #include "kits/storage.h"
@@ -9,46 +8,42 @@
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSSpinBox.h"
 
+#include <algorithm>
+
 namespace config {
 
 // The two cursor pens are labelled the other way round than their keys say: the toolkit uses them so.
-const color_row color_settings[] = {
-    // key, pen, label, default palette, BeOS-conform palette
-    {{"KS_PEN_BG_LOW", KS_PEN_BG_LOW, kStringLowLevel}, {{188, 188, 188}, {210, 210, 210}}},
-    {{"KS_PEN_BG_MED", KS_PEN_BG_MED, kStringMediumLevel}, {{199, 199, 199}, {210, 210, 210}}},
-    {{"KS_PEN_BG_HIGH", KS_PEN_BG_HIGH, kStringHighLevel}, {{211, 211, 211}, {210, 210, 210}}},
-    {{"KS_PEN_BG_EDIT", KS_PEN_BG_EDIT, kStringEditAreas}, {{233, 233, 233}, {255, 255, 255}}},
-    {{"KS_PEN_BG_READ", KS_PEN_BG_READ, kStringReadAreas}, {{188, 188, 188}, {255, 255, 255}}},
-    {{"KS_PEN_BG_LIST", KS_PEN_BG_LIST, kStringListviews}, {{233, 233, 233}, {255, 255, 255}}},
-    {{"KS_PEN_BG_BUTTON", KS_PEN_BG_BUTTON, kStringButtons}, {{222, 222, 222}, {230, 230, 230}}},
-    {{"KS_PEN_BG_SLIDER", KS_PEN_BG_SLIDER, kStringSliders}, {{144, 144, 166}, {200, 200, 200}}},
-    {{"KS_PEN_BG_SELECTED", KS_PEN_BG_SELECTED, kStringSelectedMenuitems},
-     {{144, 144, 166}, {140, 140, 140}}},
-    {{"KS_PEN_TEXT", KS_PEN_TEXT, kStringDefaultText}, {{0, 0, 0}, {0, 0, 0}}},
-    {{"KS_PEN_DISABLEDTEXT", KS_PEN_DISABLEDTEXT, kStringDisabledText}, {{128, 128, 128}, {150, 150, 150}}},
-    {{"KS_PEN_TEXT_BG_CURSOR", KS_PEN_TEXT_BG_CURSOR, kStringCursorForeground},
-     {{166, 166, 188}, {140, 140, 140}}},
-    {{"KS_PEN_TEXT_FG_CURSOR", KS_PEN_TEXT_FG_CURSOR, kStringCursorBackground}, {{0, 0, 0}, {0, 0, 0}}},
-    {{"KS_PEN_TEXT_FG_MARKED", KS_PEN_TEXT_FG_MARKED, kStringMarkedForeground}, {{0, 0, 0}, {0, 0, 0}}},
-    {{"KS_PEN_TEXT_BG_MARKED", KS_PEN_TEXT_BG_MARKED, kStringMarkedBackground},
-     {{188, 166, 166}, {140, 140, 140}}},
-    {{"KS_PEN_SHINE", KS_PEN_SHINE, kStringShiningEdges}, {{255, 255, 255}, {255, 255, 255}}},
-    {{"KS_PEN_DARK", KS_PEN_DARK, kStringDarkEdges}, {{64, 64, 64}, {80, 80, 80}}},
-    {{"KS_PEN_HALFSHINE", KS_PEN_HALFSHINE, kStringHalfshiningEdges}, {{233, 233, 233}, {230, 230, 230}}},
-    {{"KS_PEN_HALFDARK", KS_PEN_HALFDARK, kStringHalfdarkEdges}, {{144, 144, 144}, {140, 140, 140}}},
-    {{"KS_PEN_MARK", KS_PEN_MARK, kStringMarkedWidgets}, {{200, 0, 0}, {0, 0, 200}}},
-    {{"KS_PEN_PAINTSHINE", KS_PEN_PAINTSHINE, kStringPaintShiningEdges}, {{150, 200, 255}, {150, 200, 255}}},
-    {{"KS_PEN_PAINT", KS_PEN_PAINT, kStringPaintContainer}, {{77, 151, 255}, {77, 151, 255}}},
-    {{"KS_PEN_PAINTDARK", KS_PEN_PAINTDARK, kStringPaintDarkEdges}, {{32, 100, 200}, {32, 100, 200}}},
-    {{"KS_PEN_NONE", KS_PEN_NONE, {}}, {}},
-    {{nullptr, 25, {}}, {}},
+constexpr pen_row pen_rows[] = {
+    // pen, label, default palette, BeOS-conform palette
+    {KS_PEN_BG_LOW, kStringLowLevel, {{188, 188, 188}, {210, 210, 210}}},
+    {KS_PEN_BG_MED, kStringMediumLevel, {{199, 199, 199}, {210, 210, 210}}},
+    {KS_PEN_BG_HIGH, kStringHighLevel, {{211, 211, 211}, {210, 210, 210}}},
+    {KS_PEN_BG_EDIT, kStringEditAreas, {{233, 233, 233}, {255, 255, 255}}},
+    {KS_PEN_BG_READ, kStringReadAreas, {{188, 188, 188}, {255, 255, 255}}},
+    {KS_PEN_BG_LIST, kStringListviews, {{233, 233, 233}, {255, 255, 255}}},
+    {KS_PEN_BG_BUTTON, kStringButtons, {{222, 222, 222}, {230, 230, 230}}},
+    {KS_PEN_BG_SLIDER, kStringSliders, {{144, 144, 166}, {200, 200, 200}}},
+    {KS_PEN_BG_SELECTED, kStringSelectedMenuitems, {{144, 144, 166}, {140, 140, 140}}},
+    {KS_PEN_TEXT, kStringDefaultText, {{0, 0, 0}, {0, 0, 0}}},
+    {KS_PEN_DISABLEDTEXT, kStringDisabledText, {{128, 128, 128}, {150, 150, 150}}},
+    {KS_PEN_TEXT_BG_CURSOR, kStringCursorForeground, {{166, 166, 188}, {140, 140, 140}}},
+    {KS_PEN_TEXT_FG_CURSOR, kStringCursorBackground, {{0, 0, 0}, {0, 0, 0}}},
+    {KS_PEN_TEXT_FG_MARKED, kStringMarkedForeground, {{0, 0, 0}, {0, 0, 0}}},
+    {KS_PEN_TEXT_BG_MARKED, kStringMarkedBackground, {{188, 166, 166}, {140, 140, 140}}},
+    {KS_PEN_SHINE, kStringShiningEdges, {{255, 255, 255}, {255, 255, 255}}},
+    {KS_PEN_DARK, kStringDarkEdges, {{64, 64, 64}, {80, 80, 80}}},
+    {KS_PEN_HALFSHINE, kStringHalfshiningEdges, {{233, 233, 233}, {230, 230, 230}}},
+    {KS_PEN_HALFDARK, kStringHalfdarkEdges, {{144, 144, 144}, {140, 140, 140}}},
+    {KS_PEN_MARK, kStringMarkedWidgets, {{200, 0, 0}, {0, 0, 200}}},
+    {KS_PEN_PAINTSHINE, kStringPaintShiningEdges, {{150, 200, 255}, {150, 200, 255}}},
+    {KS_PEN_PAINT, kStringPaintContainer, {{77, 151, 255}, {77, 151, 255}}},
+    {KS_PEN_PAINTDARK, kStringPaintDarkEdges, {{32, 100, 200}, {32, 100, 200}}},
 };
 
-const setting_row font_settings[] = {
-    {"KS_FONT_NORMAL", 0, kStringNormalFont}, {"KS_FONT_FIXED", 1, kStringFixedwidthFont},
-    {"KS_FONT_TITLE", 2, kStringTitleFont},   {"KS_FONT_SMALL", 3, kStringSmallFont},
-    {"KS_FONT_LARGE", 4, kStringLargeFont},   {nullptr, 5, {}},
-};
+static_assert(std::ranges::all_of(pen_rows, [](const pen_row& row) { return &row == &pen_rows[row.pen]; }));
+
+constexpr text font_labels[] = {kStringNormalFont, kStringFixedwidthFont, kStringTitleFont, kStringSmallFont,
+                                kStringLargeFont};
 
 KSColorField* _colors[kPenCount + 1];
 KSPopFile* _backgrounds[kBackgroundCount];
@@ -81,9 +76,8 @@ void ApplyDefaults() {
 
 void ApplyPalette(palette which) {
     const KSAutolock at_once(_llist);
-    for (const color_row* row = color_settings; row->key; ++row)
-        if (KSColorField* field = _colors[row->id])
-            field->SetColor(row->palettes[which], false, false);
+    for (const pen_row& row : pen_rows)
+        _colors[row.pen]->SetColor(row.palettes[which], false, false);
 }
 
 }  // namespace config

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The settings model: what the program edits is what its editors hold.
 //
-// There is no other store: setting a value means setting its editor, reading it means asking the editor. The
-// references are null until the window is built and never cleared; the window's tree owns the editors.
+// There is no other store: to set a value is to set its editor, to read it is to ask the editor. The
+// references are null until the window is built and are never cleared; the window's tree owns the editors.
 // `_language` belongs to the application's thread; the editors may be used from any.
 #pragma once
 
 #include "hdr/ks_color.h"
 #include "settings/strings.h"
-#include "toolkit/ks_pen.h"
-
-#include <cstdint>
+#include "toolkit/settings_values.h"
 
 class KSCheckBox;
 class KSColorField;
@@ -25,24 +23,15 @@ namespace config {
 
 enum palette : int { kDefaultPalette, kBeOSConformPalette };
 
-// A value of the settings file by its key; `id` is the index of its editor, `label` the text beside it.
-struct setting_row {
-    const char* key;
-    std::int32_t id;
-    string_id label;
-};
-
-struct color_row : setting_row {
+struct pen_row {
+    ks_pen pen;
+    text label;
     ks_color palettes[2];  // indexed by `palette`
 };
 
-constexpr int kPenCount = 24;        // the last one, KS_PEN_NONE, has no editor
-constexpr int kBackgroundCount = 9;  // pens 0 to 8: those with a bitmap
-constexpr int kFontCount = 5;
-
-// Each ends with a row whose key is null.
-extern const color_row color_settings[kPenCount + 1];
-extern const setting_row font_settings[kFontCount + 1];
+// Indexed by the pen; KS_PEN_NONE has no editor.
+extern const pen_row pen_rows[KS_PEN_NONE];
+extern const text font_labels[kFontCount];
 
 extern KSColorField* _colors[kPenCount + 1];
 extern KSPopFile* _backgrounds[kBackgroundCount];

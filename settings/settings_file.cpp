@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Reads and writes the settings file.
 #include "settings/settings_file.h"
 
 #include "kits/storage.h"
@@ -12,65 +11,13 @@
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSPopFont.h"
 #include "toolkit/KSSpinBox.h"
-#include "toolkit/settings_lines.h"
+#include "toolkit/settings_values.h"
 
-#include <algorithm>
-#include <cfloat>
-#include <charconv>
 #include <climits>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
-#include <fcntl.h>
-#include <locale.h>
-#include <optional>
-#include <string>
-#include <string_view>
 
 namespace config {
 namespace {
-
-// Reads a decimal number at `text` as scanf's "%ld" does, and moves `text` behind it. A number beyond the
-// range of long becomes the nearest one in it.
-std::optional<long> TakeLong(const char*& text) {
-    char* end;
-    const long number = std::strtol(text, &end, 10);
-    if (end == text)
-        return std::nullopt;
-    text = end;
-    return number;
-}
-
-std::optional<long> ParseLong(const std::string& text) {
-    const char* start = text.c_str();
-    return TakeLong(start);
-}
-
-// Reads up to four numbers with single commas between them; what is missing is 0.
-ks_color ParseColor(const std::string& text) {
-    long component[4] = {};
-    const char* position = text.c_str();
-    for (long& value : component) {
-        const std::optional<long> number = TakeLong(position);
-        if (!number)
-            break;
-        value = *number;
-        if (*position++ != ',')
-            break;
-    }
-    const auto low_bits = [&](int index) { return static_cast<std::uint8_t>(component[index]); };
-    return {low_bits(0), low_bits(1), low_bits(2), low_bits(3)};
-}
-
-// Reads a size in points, written with a decimal point whatever the locale; nothing if it is no usable size.
-std::optional<float> ParseSize(const char* text) {
-    static const locale_t plain = newlocale(LC_ALL_MASK, "C", nullptr);
-    const double size = strtod_l(text, nullptr, plain);
-    if (!(size >= FLT_TRUE_MIN && size <= FLT_MAX))
-        return std::nullopt;
-    return static_cast<float>(size);
-}
 
 long WholeNumber(float value) {
     // The largest long has no float of its own: the next one up is out of range.
@@ -83,19 +30,12 @@ long WholeNumber(float value) {
 }
 
 void ReadCheckBox(KSCheckBox* box, const std::string& value) {
-    if (const std::optional<long> number = ParseLong(value))
+    if (const std::optional<long> number = ks_parse_number(value))
         box->SetValue(*number != 0);
 }
 
 void ReadTime(KSSpinBox* box, const std::string& value) {
-    box->SetValue(static_cast<float>(ParseLong(value).value_or(WholeNumber(box->Value()))));
-}
-
-void ReadLook(std::string_view value) {
-    constexpr std::string_view kBlanks = " \t\n\v\f\r";
-    const std::size_t start = std::min(value.find_first_not_of(kBlanks), value.size());
-    value.remove_prefix(start);
-    _look->SelectLabel(std::string(value.substr(0, value.find_first_of(kBlanks))).c_str());
+    box->SetValue(static_cast<float>(ks_parse_number(value).value_or(WholeNumber(box->Value()))));
 }
 
 void ReadLanguage(const std::string& value) {
@@ -109,84 +49,47 @@ void ReadLanguage(const std::string& value) {
     }
 }
 
+void ReadColor(std::int32_t pen, const std::string& value) {
+    if (KSColorField* field = _colors[pen])
+        field->SetColor(ks_parse_color(value), false, false);
+}
+
 void ReadBitmap(std::int32_t pen, const std::string& path) {
     BFile file;
     if (pen < kBackgroundCount && file.SetTo(path.c_str(), B_READ_ONLY) == B_OK)
         _backgrounds[pen]->SetText(path.c_str(), false);
 }
 
-// `fields` is "family,style,size". An empty field is no field, as strtok has it.
-void ReadFont(KSPopFont* editor, std::string fields) {
-    char* rest = nullptr;
-    const char* family = strtok_r(fields.data(), ",\n", &rest);
-    const char* style = strtok_r(nullptr, ",\n", &rest);
-    const char* size_text = strtok_r(nullptr, ",\n", &rest);
-    if (!size_text)
+void ReadFont(std::int32_t font, const std::string& rest) {
+    if (const std::optional<BFont> value = ks_parse_font(rest))
+        _fonts[font]->SetValue(&*value, false);
+}
+
+void ReadLine(const ks_settings_line& line) {
+    const std::optional<ks_setting> setting = ks_find_setting(line);
+    if (!setting)
         return;
-    family += std::strspn(family, " =");
-    const std::optional<float> size = ParseSize(size_text);
-    if (!*family || !size)
-        return;
-    BFont font;
-    font.SetFamilyAndStyle(family, style);
-    font.SetSize(*size);
-    editor->SetValue(&font, false);
-}
-
-// The next three return whether the line's key is one of theirs.
-bool ReadOption(const ks_settings_line& line) {
-    if (line.Is("LOOK"))
-        ReadLook(line.Value());
-    else if (line.Is("BEOS"))
-        ReadCheckBox(_beos_size, line.Value());
-    else if (line.Is("LANGUAGE"))
-        ReadLanguage(line.Value());
-    else if (line.Is("BUBBLEHELPUSED"))
-        ReadCheckBox(_bubblehelp, line.Value());
-    else if (line.Is("BUBBLEHELPTIME"))
-        ReadTime(_bubbletime, line.Value());
-    else if (line.Is("MOUSEHOLDTIME"))
-        ReadTime(_mousetime, line.Value());
-    else
-        return false;
-    return true;
-}
-
-bool ReadPen(const ks_settings_line& line) {
-    for (const color_row* row = color_settings; row->key; ++row) {
-        if (line.Is(row->key)) {
-            if (KSColorField* field = _colors[row->id])
-                field->SetColor(ParseColor(line.Value()), false, false);
-            return true;
-        }
-        if (line.Is(std::string(row->key) + "_BMP")) {
-            ReadBitmap(row->id, line.Value());
-            return true;
-        }
+    switch (setting->kind) {
+    case ks_setting_kind::kLook:
+        return _look->SelectLabel(ks_parse_word(line.Value()).c_str());
+    case ks_setting_kind::kBeOSConform:
+        return ReadCheckBox(_beos_size, line.Value());
+    case ks_setting_kind::kLanguage:
+        return ReadLanguage(line.Value());
+    case ks_setting_kind::kBubblehelpUsed:
+        return ReadCheckBox(_bubblehelp, line.Value());
+    case ks_setting_kind::kBubblehelpTime:
+        return ReadTime(_bubbletime, line.Value());
+    case ks_setting_kind::kMouseHoldTime:
+        return ReadTime(_mousetime, line.Value());
+    case ks_setting_kind::kPen:
+        return ReadColor(setting->id, line.Value());
+    case ks_setting_kind::kBitmap:
+        return ReadBitmap(setting->id, line.Value());
+    case ks_setting_kind::kFont:
+        return ReadFont(setting->id, line.rest);
     }
-    return false;
 }
-
-bool ReadFontLine(const ks_settings_line& line) {
-    for (const setting_row* row = font_settings; row->key; ++row) {
-        if (line.Is(row->key)) {
-            ReadFont(_fonts[row->id], line.rest);
-            return true;
-        }
-    }
-    return false;
-}
-
-// The text of the file, put together line by line.
-class SettingsText {
-public:
-    void Line(const std::string& key, const std::string& value) { _text += key + " = " + value + '\n'; }
-    void Line(const std::string& key, long value) { Line(key, std::to_string(value)); }
-    const std::string& Text() const { return _text; }
-
-private:
-    std::string _text;
-};
 
 std::string LookLabel() {
     char label[64];
@@ -194,65 +97,45 @@ std::string LookLabel() {
     return label;
 }
 
-std::string ColorText(ks_color color) {
-    return std::to_string(color.red) + ',' + std::to_string(color.green) + ',' + std::to_string(color.blue) +
-           ',' + std::to_string(color.alpha);
+std::string FormatOptions() {
+    using enum ks_setting_kind;
+    return ks_format_setting({kLook}, LookLabel()) +
+           ks_format_setting({kBeOSConform}, std::to_string(_beos_size->Value())) +
+           ks_format_setting({kLanguage}, _language) +
+           ks_format_setting({kBubblehelpUsed}, std::to_string(_bubblehelp->Value())) +
+           ks_format_setting({kBubblehelpTime}, std::to_string(WholeNumber(_bubbletime->Value()))) +
+           ks_format_setting({kMouseHoldTime}, std::to_string(WholeNumber(_mousetime->Value())));
 }
 
-// The size as printf's "%g" writes it in the "C" locale.
-std::string FontText(const BFont& font) {
-    char size[32];
-    const auto end = std::to_chars(size, size + sizeof size, static_cast<double>(font.Size()),
-                                   std::chars_format::general, 6);
-    return font.Family() + ',' + font.Style() + ',' + std::string(size, end.ptr);
+std::string FormatPen(std::int32_t pen) {
+    std::string text;
+    if (pen < kBackgroundCount)
+        if (const std::string path = _backgrounds[pen]->Path(); !path.empty())
+            text = ks_format_setting({ks_setting_kind::kBitmap, pen}, path);
+    return text + ks_format_setting({ks_setting_kind::kPen, pen}, ks_format_color(_colors[pen]->Color()));
 }
 
 std::string FormatSettings() {
     const KSAutolock one_moment(_llist);
-    SettingsText file;
-    file.Line("LOOK", LookLabel());
-    file.Line("BEOS", _beos_size->Value());
-    file.Line("LANGUAGE", _language);
-    file.Line("BUBBLEHELPUSED", _bubblehelp->Value());
-    file.Line("BUBBLEHELPTIME", WholeNumber(_bubbletime->Value()));
-    file.Line("MOUSEHOLDTIME", WholeNumber(_mousetime->Value()));
-    for (const color_row* row = color_settings; row->key; ++row) {
-        const KSColorField* field = _colors[row->id];
-        if (!field)
-            continue;
-        if (row->id < kBackgroundCount)
-            if (const std::string path = _backgrounds[row->id]->Path(); !path.empty())
-                file.Line(std::string(row->key) + "_BMP", path);
-        file.Line(row->key, ColorText(field->Color()));
-    }
-    for (const setting_row* row = font_settings; row->key; ++row)
-        if (const KSPopFont* editor = _fonts[row->id])
-            file.Line(row->key, FontText(editor->Font()));
-    return file.Text();
+    std::string text = FormatOptions();
+    for (std::int32_t pen = 0; pen < KS_PEN_NONE; ++pen)
+        text += FormatPen(pen);
+    for (std::int32_t font = 0; font < kFontCount; ++font)
+        text += ks_format_setting({ks_setting_kind::kFont, font}, ks_format_font(_fonts[font]->Font()));
+    return text;
 }
 
 }  // namespace
 
 void ReadSettings() {
-    const bool was_read = ks_read_settings_lines(
-        [](const ks_settings_line& line) { ReadOption(line) || ReadPen(line) || ReadFontLine(line); });
+    const bool was_read = ks_read_settings_lines(ReadLine);
     KSContainer* shown_in = _llist->Container();
     if (was_read && shown_in)
         shown_in->Content()->RedrawSelf();
 }
 
-void WriteSettings() {
-    const std::string text = FormatSettings();
-    // As fopen() does for "w", but a pipe in the file's place is not waited for.
-    const int descriptor = open(ks_resolve_path(kSettingsPath).c_str(),
-                                O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NONBLOCK, 0666);
-    std::FILE* file = descriptor < 0 ? nullptr : fdopen(descriptor, "w");
-    if (!file)
-        return;
-    // Unbuffered, so that the whole text goes out in one call: readers see the file short for a moment only.
-    std::setvbuf(file, nullptr, _IONBF, 0);
-    std::fwrite(text.data(), 1, text.size(), file);
-    std::fclose(file);
+bool WriteSettings() {
+    return ks_write_settings_file(FormatSettings());
 }
 
 }  // namespace config

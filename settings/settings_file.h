@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The settings file: a line "KEY = value" for every value of the model.
+// Carries the values of the settings file to the editors and back.
 //
-// Neither operation reports anything: a file that cannot be opened is skipped. Both belong to the
-// application's thread, which must not hold the window's lock.
+// A file that cannot be opened is skipped without a message. Both operations belong to the application's
+// thread, which must not hold the window's lock.
 #pragma once
 
 namespace config {
@@ -11,8 +11,8 @@ namespace config {
 // several lines with one key the last counts. When the file was read, the window's root group is redrawn.
 void ReadSettings();
 
-// Writes every value, all as the editors have them at one moment, over the file. The window is not locked
-// while the file is written.
-void WriteSettings();
+// Writes every value, all as the editors have them at one moment, over the file; returns whether that
+// succeeded. The window is not locked while the file is written.
+bool WriteSettings();
 
 }  // namespace config

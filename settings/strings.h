@@ -1,71 +1,73 @@
 // SPDX-License-Identifier: MIT
-// The application's texts: a row for each string id, looked up in the user's language.
+// The application's texts, looked up in the user's language.
 #pragma once
+
+#include "toolkit/KSLocale.h"
 
 #include <cstdint>
 
 namespace config {
 
-// ROW(name, string id, default text) for every text, in the order of the ids; 22 and 32 are not used.
-#define NC_STRINGS(ROW)                                                                                      \
-    ROW(Ok, 1, "OK")                                                                                         \
-    ROW(Apply, 2, "Apply")                                                                                   \
-    ROW(Revert, 3, "Revert")                                                                                 \
-    ROW(WindowTitle, 4, "Nymbrel Config")                                                                    \
-    ROW(PensGroup, 5, "Pens")                                                                                \
-    ROW(TextPens, 6, "Text")                                                                                 \
-    ROW(DefaultText, 7, "Default color and Text")                                                            \
-    ROW(DisabledText, 8, "Disabled Text")                                                                    \
-    ROW(CursorForeground, 9, "Cursor foreground")                                                            \
-    ROW(CursorBackground, 10, "Cursor background")                                                           \
-    ROW(MarkedForeground, 11, "Marked text foreground")                                                      \
-    ROW(MarkedBackground, 12, "Marked text background")                                                      \
-    ROW(SystemPens, 13, "System")                                                                            \
-    ROW(ShiningEdges, 14, "Shining edges")                                                                   \
-    ROW(DarkEdges, 15, "Dark edges")                                                                         \
-    ROW(HalfshiningEdges, 16, "Halfshining edges")                                                           \
-    ROW(HalfdarkEdges, 17, "Halfdark edges")                                                                 \
-    ROW(MarkedWidgets, 18, "Marked widgets")                                                                 \
-    ROW(PaintShiningEdges, 19, "Paint: Shining edges")                                                       \
-    ROW(PaintContainer, 20, "Paint: Container")                                                              \
-    ROW(PaintDarkEdges, 21, "Paint: Dark edges")                                                             \
-    ROW(LowLevel, 23, "Low level")                                                                           \
-    ROW(MediumLevel, 24, "Medium level")                                                                     \
-    ROW(HighLevel, 25, "High level")                                                                         \
-    ROW(EditAreas, 26, "Edit areas")                                                                         \
-    ROW(ReadAreas, 27, "Read areas")                                                                         \
-    ROW(Listviews, 28, "Listviews")                                                                          \
-    ROW(Buttons, 29, "Buttons")                                                                              \
-    ROW(Sliders, 30, "Sliders")                                                                              \
-    ROW(SelectedMenuitems, 31, "Selected menuitems")                                                         \
-    ROW(NormalFont, 33, "Normal")                                                                            \
-    ROW(FixedwidthFont, 34, "Fixedwidth")                                                                    \
-    ROW(TitleFont, 35, "Title")                                                                              \
-    ROW(SmallFont, 36, "Small")                                                                              \
-    ROW(LargeFont, 37, "Large")                                                                              \
-    ROW(Language, 38, "Language")                                                                            \
-    ROW(RestartNote, 39, "Note: You have to restart your program(s) after a change")                         \
-    ROW(Advanced, 40, "Advanced")                                                                            \
-    ROW(BubblehelpTime, 41, "Bubblehelp wait time")                                                          \
-    ROW(UseBubblehelp, 42, "Use Bubblehelp")                                                                 \
-    ROW(MouseHoldTime, 43, "Mouse hold time")                                                                \
-    ROW(OptionsGroup, 44, "Options")                                                                         \
-    ROW(PensCategory, 45, "Pens")                                                                            \
-    ROW(BackgroundsCategory, 46, "Backgrounds")                                                              \
-    ROW(FontsCategory, 47, "Fonts")                                                                          \
-    ROW(OptionsCategory, 48, "Options")                                                                      \
-    ROW(BeOSConform, 49, "BeOS conform")                                                                     \
-    ROW(Look, 50, "Look")                                                                                    \
-    ROW(ResetColors, 51, "Reset colors")                                                                     \
-    ROW(Categories, 52, "Categories")
-
-enum string_id : std::uint32_t {
-#define NC_STRING_ID(name, id, text) kString##name = id,
-    NC_STRINGS(NC_STRING_ID)
-#undef NC_STRING_ID
+struct text {
+    std::uint32_t id;  // in the catalogs
+    const char* english;
 };
 
-// Returns the text of the opened catalog, or the default text where that has none.
-const char* LocalString(string_id id);
+// 22 and 32 are not used.
+inline constexpr text kStringOk{1, "OK"};
+inline constexpr text kStringApply{2, "Apply"};
+inline constexpr text kStringRevert{3, "Revert"};
+inline constexpr text kStringWindowTitle{4, "Nymbrel Config"};
+inline constexpr text kStringPensGroup{5, "Pens"};
+inline constexpr text kStringTextPens{6, "Text"};
+inline constexpr text kStringDefaultText{7, "Default color and Text"};
+inline constexpr text kStringDisabledText{8, "Disabled Text"};
+inline constexpr text kStringCursorForeground{9, "Cursor foreground"};
+inline constexpr text kStringCursorBackground{10, "Cursor background"};
+inline constexpr text kStringMarkedForeground{11, "Marked text foreground"};
+inline constexpr text kStringMarkedBackground{12, "Marked text background"};
+inline constexpr text kStringSystemPens{13, "System"};
+inline constexpr text kStringShiningEdges{14, "Shining edges"};
+inline constexpr text kStringDarkEdges{15, "Dark edges"};
+inline constexpr text kStringHalfshiningEdges{16, "Halfshining edges"};
+inline constexpr text kStringHalfdarkEdges{17, "Halfdark edges"};
+inline constexpr text kStringMarkedWidgets{18, "Marked widgets"};
+inline constexpr text kStringPaintShiningEdges{19, "Paint: Shining edges"};
+inline constexpr text kStringPaintContainer{20, "Paint: Container"};
+inline constexpr text kStringPaintDarkEdges{21, "Paint: Dark edges"};
+inline constexpr text kStringLowLevel{23, "Low level"};
+inline constexpr text kStringMediumLevel{24, "Medium level"};
+inline constexpr text kStringHighLevel{25, "High level"};
+inline constexpr text kStringEditAreas{26, "Edit areas"};
+inline constexpr text kStringReadAreas{27, "Read areas"};
+inline constexpr text kStringListviews{28, "Listviews"};
+inline constexpr text kStringButtons{29, "Buttons"};
+inline constexpr text kStringSliders{30, "Sliders"};
+inline constexpr text kStringSelectedMenuitems{31, "Selected menuitems"};
+inline constexpr text kStringNormalFont{33, "Normal"};
+inline constexpr text kStringFixedwidthFont{34, "Fixedwidth"};
+inline constexpr text kStringTitleFont{35, "Title"};
+inline constexpr text kStringSmallFont{36, "Small"};
+inline constexpr text kStringLargeFont{37, "Large"};
+inline constexpr text kStringLanguage{38, "Language"};
+inline constexpr text kStringRestartNote{39, "Note: You have to restart your program(s) after a change"};
+inline constexpr text kStringAdvanced{40, "Advanced"};
+inline constexpr text kStringBubblehelpTime{41, "Bubblehelp wait time"};
+inline constexpr text kStringUseBubblehelp{42, "Use Bubblehelp"};
+inline constexpr text kStringMouseHoldTime{43, "Mouse hold time"};
+inline constexpr text kStringOptionsGroup{44, "Options"};
+inline constexpr text kStringPensCategory{45, "Pens"};
+inline constexpr text kStringBackgroundsCategory{46, "Backgrounds"};
+inline constexpr text kStringFontsCategory{47, "Fonts"};
+inline constexpr text kStringOptionsCategory{48, "Options"};
+inline constexpr text kStringBeOSConform{49, "BeOS conform"};
+inline constexpr text kStringLook{50, "Look"};
+inline constexpr text kStringResetColors{51, "Reset colors"};
+inline constexpr text kStringCategories{52, "Categories"};
+
+// Returns the opened catalog's text, or the English one where that has none.
+inline const char* LocalString(const text& row) {
+    return ks_locale->String(row.id, row.english);
+}
 
 }  // namespace config

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// The toolkit's application: opens the string catalog and knows what Revert means.
 #include "toolkit/KSApplication.h"
 
 #include "kits/BWindow.h"
@@ -7,10 +6,9 @@
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLocale.h"
 
-namespace {
+#include <vector>
 
-constexpr std::uint32_t kRevert = ks_message_code("REVE");
-constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
+namespace {
 
 // Calls `visit` for every control of every window, under that window's lock.
 template <class Visit> void ForEachControl(const BApplication& application, Visit visit) {
@@ -35,7 +33,7 @@ KSApplication::KSApplication(const char* signature, const char* catalog) : BAppl
 
 void KSApplication::MessageReceived(BMessage* message) {
     if (message->what == kRevert)
-        ForEachControl(*this, [](KSControl& control) { control.Revert(); });
+        RevertEditors();
     else
         BApplication::MessageReceived(message);
 }
@@ -43,4 +41,14 @@ void KSApplication::MessageReceived(BMessage* message) {
 void KSApplication::BroadcastStarting(const BMessage& message) {
     if (message.what == kSettingsChanged)
         ForEachControl(*this, [](KSControl& control) { control.Settle(); });
+}
+
+void KSApplication::RevertEditors() {
+    std::vector<KSControl*> reverted;
+    ForEachControl(*this, [&](KSControl& control) {
+        if (control.Revert())
+            reverted.push_back(&control);
+    });
+    for (KSControl* control : reverted)
+        control->SendReverted(*this);
 }

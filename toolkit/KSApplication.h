@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kits/BApplication.h"
+#include "kits/BMessage.h"
 
 class KSApplication : public BApplication {
 public:
@@ -10,8 +11,15 @@ public:
     // (ks_locale).
     KSApplication(const char* signature, const char* catalog);
 
-    // 'REVE' puts every editor of the windows back to its settled value.
+    static constexpr std::uint32_t kRevert = ks_message_code("REVE");
+    // What is broadcast when the settings have changed.
+    static constexpr std::uint32_t kSettingsChanged = ks_message_code("fAPL");
+
+    // kRevert puts every editor of the windows back to its settled value.
     void MessageReceived(BMessage* message) override;
-    // 'fAPL' settles every editor of the windows.
+    // kSettingsChanged settles every editor of the windows.
     void BroadcastStarting(const BMessage& message) override;
+
+private:
+    void RevertEditors();
 };

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// The view that carries a tree of controls into a window, and knows which of them have changed.
 #include "toolkit/KSContainer.h"
 
 #include "hdr/ks_assert.h"
@@ -18,6 +17,8 @@ void KSContainer::SetContent(KSControl* content) {
 
 void KSContainer::SetChangeListener(std::function<void()> listener) {
     _listener = std::move(listener);
+    if (!_changes.IsEmpty())
+        CallListener();
 }
 
 KSContainer::Changes KSContainer::TakeChanges() {
@@ -26,32 +27,32 @@ KSContainer::Changes KSContainer::TakeChanges() {
     return std::exchange(_changes, {});
 }
 
-void KSContainer::NoteChange(KSControl* control) {
+void KSContainer::AddChange(KSControl* control) {
     if (control->_change_listed)
         return;
     const bool first = _changes.IsEmpty();
     _changes.controls.push_back(control);
     control->_change_listed = true;
     if (first)
-        Tell();
+        CallListener();
 }
 
-void KSContainer::NoteLayout(bool redraw) {
+void KSContainer::RequestLayout(bool redraw) {
     const bool first = _changes.IsEmpty();
     _changes.layout = true;
     _changes.redraw |= redraw;
     if (first)
-        Tell();
+        CallListener();
 }
 
-void KSContainer::NoteRedraw() {
+void KSContainer::RequestRedraw() {
     const bool first = _changes.IsEmpty();
     _changes.redraw = true;
     if (first)
-        Tell();
+        CallListener();
 }
 
-void KSContainer::Tell() const {
+void KSContainer::CallListener() const {
     if (_listener)
         _listener();
 }

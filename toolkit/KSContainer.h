@@ -20,9 +20,9 @@ public:
     KSControl* Content() const { return _content.get(); }
     KSRect<long> Frame() const { return _frame; }
 
-    // For whoever shows the window; all under its lock. `listener` is called, under the lock and on the
-    // thread that made the change, when there is something to take again after nothing was; it must not
-    // wait. Null ends it.
+    // For whoever shows the window; all under its lock. `listener` is called under the lock, at once when
+    // changes are waiting and later by the thread that makes the first change after they were taken. It must
+    // not wait. Null ends it.
     void SetChangeListener(std::function<void()> listener);
     bool HasChangeListener() const { return _listener != nullptr; }
     struct Changes {
@@ -36,10 +36,10 @@ public:
 
 private:
     friend class KSControl;
-    void NoteChange(KSControl* control);
-    void NoteLayout(bool redraw);
-    void NoteRedraw();
-    void Tell() const;
+    void AddChange(KSControl* control);
+    void RequestLayout(bool redraw);
+    void RequestRedraw();
+    void CallListener() const;
 
     KSRect<long> _frame;
     std::unique_ptr<KSControl> _content;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A control: a node of a window's tree with a label, a visibility and a message that it sends.
 #include "toolkit/KSControl.h"
 
 #include "kits/BLooper.h"
@@ -14,6 +13,8 @@ KSPoint<long> KSControl::MinSize() {
 bool KSControl::Revert() {
     return false;
 }
+
+void KSControl::SendReverted(BLooper&) {}
 
 void KSControl::Settle() {}
 
@@ -70,18 +71,18 @@ bool KSControl::IsDefault() const {
 void KSControl::ResetLayout(bool, bool redraw) {
     const KSAutolock lock(this);
     if (KSContainer* container = Container())
-        container->NoteLayout(redraw);
+        container->RequestLayout(redraw);
 }
 
 void KSControl::RedrawSelf() {
     const KSAutolock lock(this);
     if (KSContainer* container = Container())
-        container->NoteRedraw();
+        container->RequestRedraw();
 }
 
 void KSControl::Changed() {
     if (KSContainer* container = Container())
-        container->NoteChange(this);
+        container->AddChange(this);
 }
 
 void KSControl::Send(const std::optional<BMessage>& message) const {

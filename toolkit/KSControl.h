@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
 // A control: a node of a window's tree with a label, a visibility and a message that it sends.
 //
-// A control holds its own state; whoever shows the window mirrors it. The state is guarded by the lock of
-// the window that holds the control: getters and setters take it themselves, so single calls are safe from
-// any thread; a caller that needs several values of one moment holds the lock around them.
+// A control holds its own state; whoever shows the window mirrors it. The lock of the control's window guards
+// the state. Getters and setters take it themselves, so single calls are safe from any thread; a caller that
+// needs several values of one moment holds the lock around them. The tree, its layout (KSGroup) and its
+// frames (KSFrame) do not change once the window is shown, so these need no lock.
 //
-// Values change in two ways: by the program (the setters that are named in each class, which also settle the
-// value: Revert comes back to it) and by the user (the operations named Edit..., called by whoever shows the
-// window on its thread).
+// Values change in two ways. The program's setters, named in each class, also settle the value: Revert comes
+// back to it. The user's operations are named Edit...; whoever shows the window calls them on its thread.
 //
-// Once the window has been closed its lock cannot be taken any more; from then on the controls belong to the
-// thread that deletes the window, for which single calls still work.
+// The lock of a closed window cannot be taken. From then on its controls belong to the thread that deletes
+// the window; single calls still work there.
 #pragma once
 
 #include "kits/BMessage.h"
@@ -30,6 +30,10 @@ public:
     virtual KSPoint<long> MinSize();
     // Puts the control's own value back to its settled one; returns whether that changed it.
     virtual bool Revert();
+    // Sends the message, if there is one, that tells of a value which Revert has put back. `caller` is the
+    // looper on whose thread this is called, without the lock. As the target it receives the message before
+    // this returns: the commands that wait in its queue find what belongs to the value.
+    virtual void SendReverted(BLooper& caller);
     // Makes the control's own present value its settled one.
     virtual void Settle();
 
@@ -67,6 +71,7 @@ protected:
     // Tells whoever shows the window that this control's state is not what it shows any more. Called under
     // the window's lock.
     void Changed();
+    BLooper* Target() const { return _target; }
     void Send(const std::optional<BMessage>& message) const;
 
 private:
@@ -78,30 +83,4 @@ private:
     bool _hidden = false;
     bool _default = false;
     bool _change_listed = false;
-};
-
-// A value that the user edits and Revert can put back.
-template <class T> class ks_edited_value {
-public:
-    const T& Get() const { return _value; }
-    // Each returns whether the value changed.
-    bool Edit(T value) { return Replace(std::move(value)); }
-    bool Set(T value) {
-        const bool changed = Replace(std::move(value));
-        _settled = _value;
-        return changed;
-    }
-    bool Revert() { return Replace(_settled); }
-    void Settle() { _settled = _value; }
-
-private:
-    bool Replace(T value) {
-        if (value == _value)
-            return false;
-        _value = std::move(value);
-        return true;
-    }
-
-    T _value{};
-    T _settled{};
 };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "toolkit/KSControl.h"
+#include "toolkit/ks_edited_value.h"
 
 #include <utility>
 
@@ -11,7 +12,7 @@ template <class T> class KSEditor : public KSControl {
 public:
     bool Revert() override {
         const KSAutolock lock(this);
-        return Note(_value.Revert());
+        return MarkIf(_value.Revert());
     }
     void Settle() override {
         const KSAutolock lock(this);
@@ -23,11 +24,11 @@ protected:
 
     void ProgramSets(T value) {
         const KSAutolock lock(this);
-        Note(_value.Set(std::move(value)));
+        MarkIf(_value.Set(std::move(value)));
     }
     void UserSets(T value) {
         const KSAutolock lock(this);
-        Note(_value.Edit(std::move(value)));
+        MarkIf(_value.Edit(std::move(value)));
     }
     T Copy() const {
         const KSAutolock lock(this);
@@ -37,7 +38,7 @@ protected:
     const T& Present() const { return _value.Get(); }
 
 private:
-    bool Note(bool changed) {
+    bool MarkIf(bool changed) {
         if (changed)
             Changed();
         return changed;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A group arranges its children.
 #include "toolkit/KSGroup.h"
 
 #include "hdr/ks_assert.h"

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: MIT
-// A group arranges its children: the numbers say how, whoever shows the window lays them out.
+// A group arranges its children: its numbers say how, whoever shows the window lays them out.
+//
+// The tree and its numbers are set before the window is shown and do not change from then on. They are not
+// locked.
 #pragma once
 
 #include "hdr/KSPoint.h"
@@ -23,7 +26,6 @@ public:
     ~KSGroup() override;
 
     // Takes over `child` and puts it before `before`, or last when that is null or no child of this group.
-    // The tree is built before its window is shown; later calls are not supported.
     void AddChild(KSControl* child, KSControl* before);
 
     const std::vector<std::unique_ptr<KSControl>>& Children() const { return _children; }

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A list of items of which the user selects one or none.
 #include "toolkit/KSListView.h"
 
 #include "hdr/ks_assert.h"
 #include "hdr/ks_math.h"
+#include "kits/BLooper.h"
 #include "toolkit/KSContainer.h"
 
 namespace {
@@ -42,8 +42,8 @@ KSListView::KSListView(const char* name, unsigned flags) : KSControl(name, flags
 KSPoint<long> KSListView::MinSize() {
     const KSAutolock lock(this);
     KSPoint<long> size;
-    for (long i = 0; i < kShownItems && i < CountItems(); ++i)
-        size.y += ItemAt(i)->Height();
+    for (long i = 0; i < (MIN)(Count(), kShownItems); ++i)
+        size.y += Item(i)->Height();
     return size;
 }
 
@@ -63,35 +63,41 @@ void KSListView::SetSelectionMessage(const BMessage* message) {
 void KSListView::AddItem(KSListItem* item, long index, bool) {
     KS_ASSERT(item);
     const KSAutolock lock(this);
-    const long place = index < 0 || index > CountItems() ? CountItems() : index;
+    const long place = index < 0 || index > Count() ? Count() : index;
     _items.emplace(_items.begin() + place, item);
-    if (place <= _selection.Get())
-        _selection.Set(_selection.Get() + 1);
+    _selection.Transform([place](long selected) { return selected < place ? selected : selected + 1; });
     Changed();
 }
 
 long KSListView::CountItems() const {
     const KSAutolock lock(this);
-    return static_cast<long>(_items.size());
+    return Count();
 }
 
 KSListItem* KSListView::ItemAt(long index) const {
     const KSAutolock lock(this);
-    return index >= 0 && index < CountItems() ? _items[static_cast<std::size_t>(index)].get() : nullptr;
+    return Item(index);
+}
+
+KSListItem* KSListView::Item(long index) const {
+    return index >= 0 && index < Count() ? _items[static_cast<std::size_t>(index)].get() : nullptr;
 }
 
 void KSListView::Select(long index, bool) {
     const KSAutolock lock(this);
-    if (_selection.Set(ItemAt(index) ? index : -1))
-        SelectionMoved();
+    if (!_selection.Set(Item(index) ? index : -1))
+        return;
+    SelectionMoved();
+    Send(_selection_message);
 }
 
 void KSListView::EditSelection(long index) {
     const KSAutolock lock(this);
-    if (!_selection.Edit(ItemAt(index) ? index : -1))
+    if (!_selection.Edit(Item(index) ? index : -1))
         return;
     SelectionMoved();
-    TellSelection();
+    CallSelectionHook();
+    Send(_selection_message);
 }
 
 long KSListView::CurrentSelection() const {
@@ -107,6 +113,19 @@ bool KSListView::Revert() {
     return true;
 }
 
+void KSListView::SendReverted(BLooper& caller) {
+    std::optional<BMessage> message;
+    {
+        const KSAutolock lock(this);
+        if (Target() == &caller)
+            message = _selection_message;
+        else
+            Send(_selection_message);
+    }
+    if (message)
+        caller.MessageReceived(&*message);
+}
+
 void KSListView::Settle() {
     const KSAutolock lock(this);
     _selection.Settle();
@@ -115,20 +134,19 @@ void KSListView::Settle() {
 void KSListView::SelectionMoved() {
     for (const auto& item : _items)
         item->_selected = false;
-    if (KSListItem* item = ItemAt(_selection.Get()))
+    if (KSListItem* item = Item(_selection.Get()))
         item->_selected = true;
-    _untold = true;
+    _hook_is_due = true;
     Changed();
     const KSContainer* container = Container();
     if (!container || !container->HasChangeListener())
-        TellSelection();
+        CallSelectionHook();
 }
 
-void KSListView::TellSelection() {
+void KSListView::CallSelectionHook() {
     const KSAutolock lock(this);
-    if (!_untold)
+    if (!_hook_is_due)
         return;
-    _untold = false;
+    _hook_is_due = false;
     SelectionChanged();
-    Send(_selection_message);
 }

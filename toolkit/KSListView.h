@@ -3,6 +3,7 @@
 #pragma once
 
 #include "toolkit/KSControl.h"
+#include "toolkit/ks_edited_value.h"
 
 #include <memory>
 #include <vector>
@@ -58,15 +59,15 @@ public:
     // Called when the user starts to drag an item; fills `message` with what is dragged. The base, too,
     // drags nothing.
     virtual void DraggingRequested(KSPoint<long> where, BMessage* message);
-    // Called whenever the selection has changed: on the display's thread under the window's lock where a
-    // window shows the list, else by whoever changed it. The selection message goes out besides.
+    // Called after the selection has changed: on the display's thread under the window's lock where a window
+    // shows the list, else by whoever changed it.
     virtual void SelectionChanged();
 
     void SetListMode(long) {}  // always 0: at most one item is selected
     // A list has neither here.
     void HideColumnBar(bool hide, bool redraw);
     void HideHideButton(bool hide, bool redraw);
-    // Keeps a copy of the message, which goes to the target when the selection changes.
+    // Keeps a copy of the message, which goes to the target whenever the selection changes.
     void SetSelectionMessage(const BMessage* message);
 
     // Takes over `item` and puts it at `index`, or last where that is negative or too large.
@@ -77,24 +78,28 @@ public:
 
     // Selects the item at `index` alone, or none where there is no such item. `extend` is false.
     void Select(long index, bool extend);
-    // The user's selection, told at once.
+    // The user's selection; calls the hook at once.
     void EditSelection(long index);
     // Returns the selected item's index, or -1.
     long CurrentSelection() const;
 
     // A list without a selection message edits nothing: its selection is not put back.
     bool Revert() override;
+    void SendReverted(BLooper& caller) override;
     void Settle() override;
 
-    // Calls the selection hook and sends the message for a change that was noted and not yet told. For
-    // whoever shows the window, under its lock.
-    void TellSelection();
+    // Calls SelectionChanged if the selection has changed since the last call. For whoever shows the window,
+    // under its lock.
+    void CallSelectionHook();
 
 private:
+    // These are called under the lock.
+    long Count() const { return static_cast<long>(_items.size()); }
+    KSListItem* Item(long index) const;
     void SelectionMoved();
 
     std::vector<std::unique_ptr<KSListItem>> _items;
     std::optional<BMessage> _selection_message;
     ks_edited_value<long> _selection;  // -1 for none, set by the constructor
-    bool _untold = false;
+    bool _hook_is_due = false;
 };

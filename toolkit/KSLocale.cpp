@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The texts of the running application in the user's language.
 #include "toolkit/KSLocale.h"
 
 #include "kits/storage.h"
 #include "kits/utf8.h"
-#include "toolkit/settings_lines.h"
+#include "toolkit/settings_values.h"
 
 #include <charconv>
 #include <filesystem>
@@ -62,7 +61,7 @@ void KSLocale::Open(const char* catalog) {
     // The language list always holds this one, with or without an entry of its own.
     std::string directory = LanguageDirectory("english").value_or("");
     ks_read_settings_lines([&, english = directory](const ks_settings_line& line) {
-        if (!line.Is("LANGUAGE"))
+        if (ks_find_setting(line) != ks_setting{ks_setting_kind::kLanguage})
             return;
         const std::string language = line.Value();
         if (language == "english")

@@ -1,24 +1,19 @@
 // SPDX-License-Identifier: MIT
-// A font with a way to choose another.
 #include "toolkit/KSPopFont.h"
 
-#include "toolkit/settings_lines.h"
+#include "toolkit/settings_values.h"
 
 #include <fontconfig/fontconfig.h>
 #include <memory>
 
 namespace {
 
-bool IsWritableName(const std::string& name) {
-    return ks_fits_settings_line(name) && name.find(',') == std::string::npos;
-}
-
-// Returns the first of a pattern's names of one kind that the settings file can hold, or `otherwise`.
-std::string WritableName(const FcPattern* pattern, const char* kind, const char* otherwise) {
+// Returns the first of a pattern's names of one kind that fits the settings file, or `otherwise`.
+std::string FirstFittingName(const FcPattern* pattern, const char* kind, const char* otherwise) {
     FcChar8* text = nullptr;
     for (int i = 0; FcPatternGetString(pattern, kind, i, &text) == FcResultMatch; ++i) {
         const std::string name(reinterpret_cast<const char*>(text));
-        if (name.size() < sizeof(font_family) && IsWritableName(name))
+        if (ks_fits_font_field(name))
             return name;
     }
     return otherwise;
@@ -40,8 +35,8 @@ BFont FindDefaultFont() {
     FcResult result = FcResultNoMatch;
     const pattern_ptr found(FcFontMatch(nullptr, wanted.get(), &result), destroy);
     if (found && result == FcResultMatch) {
-        font.SetFamilyAndStyle(WritableName(found.get(), FC_FAMILY, "Sans").c_str(),
-                               WritableName(found.get(), FC_STYLE, "Regular").c_str());
+        font.SetFamilyAndStyle(FirstFittingName(found.get(), FC_FAMILY, "Sans").c_str(),
+                               FirstFittingName(found.get(), FC_STYLE, "Regular").c_str());
     }
     return font;
 }
@@ -59,7 +54,10 @@ void KSPopFont::SetValue(const BFont* font, bool) {
 }
 
 bool KSPopFont::EditValue(const BFont& font) {
-    if (!IsWritableName(font.Family()) || !IsWritableName(font.Style()))
+    const KSAutolock lock(this);
+    const BFont& present = Present();
+    if ((font.Family() != present.Family() && !ks_fits_font_field(font.Family())) ||
+        (font.Style() != present.Style() && !ks_fits_font_field(font.Style())))
         return false;
     UserSets(font);
     return true;

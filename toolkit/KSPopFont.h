@@ -12,8 +12,7 @@ public:
 
     // Copies the font; `notify` is false.
     void SetValue(const BFont* font, bool notify);
-    // The user's font: names that would not come back from the settings file are refused, with false: an
-    // empty one, or one with a comma in it or that does not pass ks_fits_settings_line.
+    // The user's font. A new name that does not pass ks_fits_font_field is refused, with false.
     bool EditValue(const BFont& font);
     // Returns the font, owned by the control; hold the lock, or ask Font().
     const BFont* Value() const;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Locking and drawing for controls.
 #include "toolkit/KSToolKit.h"
 
 #include "kits/BWindow.h"
@@ -20,12 +19,12 @@ long TextLength(const char* text, long length) {
 
 }  // namespace
 
-bool KSToolKit::Lock() {
+bool KSToolKit::Lock() const {
     BWindow* window = WindowOf(*this);
     return !window || window->Lock();
 }
 
-void KSToolKit::Unlock() {
+void KSToolKit::Unlock() const {
     if (BWindow* window = WindowOf(*this))
         window->Unlock();
 }

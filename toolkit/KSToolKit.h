@@ -28,8 +28,8 @@ public:
 
     // Takes the lock of the window that holds this control. Returns false, with nothing locked, once that
     // window has been closed. A control that no window holds needs no lock: then it returns true.
-    bool Lock();
-    void Unlock();
+    bool Lock() const;
+    void Unlock() const;
 
     // The drawing operations act on the surface that is set while a drawing hook runs; outside of one they
     // do nothing and measure 0. A negative length means all of the text; `style` is null, `truncate`
@@ -51,8 +51,7 @@ private:
 // Holds a control's toolkit lock for a scope; converts to false when it could not be taken.
 class KSAutolock {
 public:
-    explicit KSAutolock(const KSToolKit* control)
-        : _control(const_cast<KSToolKit*>(control)), _locked(_control->Lock()) {}
+    explicit KSAutolock(const KSToolKit* control) : _control(control), _locked(control->Lock()) {}
     ~KSAutolock() {
         if (_locked)
             _control->Unlock();
@@ -63,6 +62,6 @@ public:
     explicit operator bool() const { return _locked; }
 
 private:
-    KSToolKit* _control;
+    const KSToolKit* _control;
     bool _locked;
 };

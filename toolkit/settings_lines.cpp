@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
-// The grammar of the toolkit's settings file, line by line.
 #include "toolkit/settings_lines.h"
 
 #include "kits/storage.h"
 
 #include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
 #include <memory>
+#include <unistd.h>
 
 namespace {
 
@@ -15,6 +18,35 @@ constexpr std::size_t kKeyRoom = 63;  // for the longest key, its "_BMP", " = " 
 
 char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// Reserves room for `length` bytes without changing the file's size; false when there is none. Files that
+// cannot reserve any are left to the writing itself.
+bool Reserve(int descriptor, std::size_t length) {
+    while (fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(length)) != 0)
+        if (errno != EINTR)
+            return errno != ENOSPC && errno != EDQUOT;
+    return true;
+}
+
+// The text goes out in one call: readers see old and new mixed for a moment only.
+bool WriteAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t count = write(descriptor, text.data(), text.size());
+        if (count > 0)
+            text.remove_prefix(static_cast<std::size_t>(count));
+        else if (count == 0 || errno != EINTR)
+            return false;
+    }
+    return true;
+}
+
+// Cuts off what is left of a longer text. Pipes and devices have no length to cut: EINVAL.
+bool Cut(int descriptor, std::size_t length) {
+    while (ftruncate(descriptor, static_cast<off_t>(length)) != 0)
+        if (errno != EINTR)
+            return errno == EINVAL;
+    return true;
 }
 
 }  // namespace
@@ -48,6 +80,18 @@ bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& 
         handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
     }
     return true;
+}
+
+// SIGTERM and SIGINT are blocked in every thread while the application runs (QuitSignals), so neither ends
+// the program between the writing and the cutting.
+bool ks_write_settings_file(std::string_view text) {
+    const int descriptor =
+        open(ks_resolve_path(kSettingsPath).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+    if (descriptor < 0)
+        return false;
+    const bool is_written =
+        Reserve(descriptor, text.size()) && WriteAll(descriptor, text) && Cut(descriptor, text.size());
+    return close(descriptor) == 0 && is_written;
 }
 
 bool ks_fits_settings_line(std::string_view value) {

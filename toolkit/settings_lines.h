@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The grammar of the toolkit's settings file, line by line; what the values mean is the caller's.
+// The toolkit's settings file: its lines are read one by one and written all at once.
 #pragma once
 
 #include <functional>
@@ -24,6 +24,11 @@ struct ks_settings_line {
 // piece that has a key and something behind it; a NUL byte ends its piece. Returns false, without waiting,
 // when there is no regular file that can be opened.
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle);
+
+// Writes `text` over the file, which keeps its inode and is created where it is missing. Returns whether all
+// of it was written. A failure before the first byte, such as a full disk, leaves the file as it was; a later
+// one may leave the new text's start before the old text's rest. Never waits for a pipe's other end.
+bool ks_write_settings_file(std::string_view text);
 
 // Returns whether a value that is written behind a key comes back whole: it is not empty, has no line feed or
 // NUL in it, no space or "=" at its start, no space at its end, and leaves room for the key in a piece.

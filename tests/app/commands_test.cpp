@@ -69,7 +69,9 @@ TEST_F(Commands, OkWritesAnnouncesAndEnds) {
 TEST_F(Commands, GoOnWhenTheFileCannotBeWritten) {
     const long announced = RunningProgram::Run([&](RunningProgram& program) {
         std::filesystem::remove_all(home.SettingsDirectory());
+        config::_bubblehelp->EditValue(false);
         program.Do(NCApplication::kApply);
+        program.Do(NCApplication::kRevert);  // what was not stored is taken back
         program.Do(NCApplication::kResetColors);
         EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 2);
         reference::settings wanted = Defaults();

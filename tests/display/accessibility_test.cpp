@@ -63,19 +63,19 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
             const std::string found = editors[{name, role}];
             EXPECT_EQ(found, value) << name << " " << role;
         };
-        for (const color_row* row = color_settings; row->id < KS_PEN_NONE; ++row) {
-            const std::string name = LocalString(row->label);
-            const ks_color color = _colors[row->id]->Color();
+        for (const pen_row& row : pen_rows) {
+            const std::string name = LocalString(row.label);
+            const ks_color color = _colors[row.pen]->Color();
             char value[10];
             std::snprintf(value, sizeof value, color.alpha < 255 ? "#04%02x%02x%02x" : "#%02x%02x%02x",
                           color.red, color.green, color.blue);
             expect(name, QAccessible::ColorChooser, value);
-            if (row->id < kBackgroundCount)
-                expect(name, QAccessible::EditableText, row->id == 0 ? path : "");
+            if (row.pen < kBackgroundCount)
+                expect(name, QAccessible::EditableText, row.pen == 0 ? path : "");
         }
-        for (const setting_row* row = font_settings; row->key; ++row) {
-            const BFont font = _fonts[row->id]->Font();
-            expect(LocalString(row->label), QAccessible::ButtonDropDown,
+        for (int i = 0; i < kFontCount; ++i) {
+            const BFont font = _fonts[i]->Font();
+            expect(LocalString(font_labels[i]), QAccessible::ButtonDropDown,
                    font.Family() + " " + font.Style() + ", 10");
         }
         expect("Bubblehelp wait time", QAccessible::SpinBox, "2000000");

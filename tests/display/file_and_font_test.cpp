@@ -11,6 +11,7 @@
 #include <QToolButton>
 #include <QUrl>
 
+#include <cmath>
 #include <sys/stat.h>
 
 using namespace config;
@@ -163,7 +164,7 @@ TEST_F(FontPopUp, TakesFamilyStyleAndAFractionalSize) {
 TEST_F(FontPopUp, KeepsAFontThatIsNotInstalled) {
     ShownProgram::Run([&](ShownProgram& program) {
         program.Open(2);
-        for (const float size : {12.123f, 0.5f, 1e30f}) {
+        for (const float size : {12.123f, 0.5f, 1e30f, std::nanf("")}) {
 #if defined(__SANITIZE_THREAD__)
             // Qt draws large letters in threads of its own, whose locks this sanitizer does not see.
             if (size > 100)

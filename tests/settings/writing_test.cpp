@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <clocale>
+#include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <vector>
 
@@ -104,6 +106,23 @@ TEST_F(Writing, SkipsWhatCannotBeWritten) {
     std::filesystem::remove_all(home.SettingsDirectory());
     config::WriteSettings();
     EXPECT_FALSE(std::filesystem::exists(home.SettingsDirectory()));
+}
+
+TEST_F(Writing, LeavesTheOldFileWhenThereIsNoRoom) {
+    const std::string before = Written() + "# more than what is written next\n";
+    home.Write(home.SettingsFile(), before);
+    rlimit limit;
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
+    const rlimit none = {0, limit.rlim_max};
+    const auto signal_before = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
+    const bool is_written = config::WriteSettings();
+    setrlimit(RLIMIT_FSIZE, &limit);
+    std::signal(SIGXFSZ, signal_before);
+    EXPECT_FALSE(is_written);
+    EXPECT_EQ(home.Read(home.SettingsFile()), before);
+    EXPECT_TRUE(config::WriteSettings());
+    EXPECT_EQ(home.Read(home.SettingsFile()), reference::write(default_values()));
 }
 
 TEST(Languages, ListsEnglishFirstAndOnceThenTheDirectory) {

@@ -250,6 +250,8 @@ TEST_F(ShownControls, AreToldOfOnceUntilTaken) {
     EXPECT_TRUE(changes.layout && changes.redraw);
     container->Content()->RedrawSelf();
     EXPECT_EQ(told, 3);
+    container->SetChangeListener([this] { ++told; });
+    EXPECT_EQ(told, 4) << "a change was waiting";
     EXPECT_FALSE(Take().layout);
 }
 

@@ -44,8 +44,11 @@ TEST_F(ListView, KeepsItsItemsAndItsSelectionTogether) {
     EXPECT_EQ(list->CurrentSelection(), -1);
     list->Select(1, false);
     EXPECT_TRUE(list->ItemAt(1)->IsSelected());
+    list->EditSelection(2);
     list->AddItem(new KSStringItem("first"), 0, true);
     list->AddItem(new KSStringItem("last"), 99, true);
+    EXPECT_EQ(list->CurrentSelection(), 3);
+    EXPECT_TRUE(list->Revert()) << "an item that is added settles nothing";
     EXPECT_EQ(list->CurrentSelection(), 2);
     std::string names;
     for (long i = 0; i < list->CountItems(); ++i)
@@ -68,8 +71,12 @@ TEST_F(ListView, TellsAtOnceWhereNobodyShowsIt) {
     list->EditSelection(-1);
     list->EditSelection(7);
     EXPECT_EQ(list->selections, (selection_list{0, 2, -1}));
-    list->Revert();
+    EXPECT_TRUE(list->Revert());
+    EXPECT_FALSE(list->Revert());
     EXPECT_EQ(list->selections, (selection_list{0, 2, -1, 2}));
+    EXPECT_EQ(looper.codes.size(), 3u);
+    RecordingLooper reverting;
+    list->SendReverted(reverting);
     EXPECT_EQ(looper.codes, std::vector(4, ks_message_code("LIST")));
     list->SetSelectionMessage(nullptr);  // no editor any more
     list->EditSelection(1);
@@ -77,18 +84,18 @@ TEST_F(ListView, TellsAtOnceWhereNobodyShowsIt) {
     EXPECT_EQ(list->CurrentSelection(), 1);
 }
 
-TEST_F(ListView, LetsWhoeverShowsItTellTheProgramsChanges) {
+TEST_F(ListView, LetsWhoeverShowsItCallTheHook) {
     container->SetChangeListener([] {});
     list->Select(0, false);
     list->Select(1, false);
     EXPECT_EQ(list->selections, selection_list{});
     EXPECT_EQ(container->TakeChanges().controls, std::vector<KSControl*>{list});
-    list->TellSelection();
-    list->TellSelection();
+    list->CallSelectionHook();
+    list->CallSelectionHook();
     EXPECT_EQ(list->selections, selection_list{1});
     list->EditSelection(2);
     EXPECT_EQ(list->selections, (selection_list{1, 2}));
-    EXPECT_EQ(looper.codes.size(), 2u);
+    EXPECT_EQ(looper.codes.size(), 3u);
 }
 
 TEST_F(ListView, DrawsItsItemsWithTheSurfaceOfTheMoment) {
