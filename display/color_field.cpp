@@ -91,7 +91,7 @@ private:
         _dialog->open();
     }
 
-    // The drag's event loop runs inside; no lock is held.
+    // QDrag runs an event loop of its own here; no lock is held.
     void Drag() {
         setDown(false);
         auto* mime = new QMimeData;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The common part of the mirrors, and the table from the controls' kinds to their makers.
+// The common part of the mirrors, and the table of the makers.
 #include "display/control_mirror.h"
 
 #include "display/window_mirror.h"
@@ -28,6 +28,7 @@ std::unique_ptr<ControlMirror> MakeIf(KSControl& control, WindowMirror& window, 
     return kind ? Make(*kind, window, parent) : nullptr;
 }
 
+// KSControl is last: it takes what no other row takes.
 constexpr Maker kMakers[] = {
     MakeIf<KSLabel, MirrorLabel>,         MakeIf<KSColorField, MirrorColorField>,
     MakeIf<KSPopFile, MirrorPopFile>,     MakeIf<KSPopFont, MirrorPopFont>,

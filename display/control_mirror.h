@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // What every kind of control's mirror has in common, and the makers of each kind.
 //
-// A mirror keeps one widget in step with one control, in two strokes: Fetch copies the control's state under
-// the window's lock, Apply shows the copy after the lock is given back. What the user does goes the other
-// way, through the control's Edit... operations. Everything here runs on the main thread.
+// A mirror keeps one widget in step with one control, in two steps: Fetch copies the control's state under
+// the window's lock; Apply shows the copy without the lock. The user's edits go the other way, through the
+// control's operations named Edit. Everything here runs on the main thread.
 #pragma once
 
 #include "toolkit/KSControl.h"
@@ -29,21 +29,21 @@ public:
 
     // Copies the control's state. Called under the window's lock; calls the control's hooks.
     virtual void Fetch();
-    // Shows the copy. The widget reports nothing meanwhile, and keeps what it already shows: a text
-    // that is being typed is not disturbed.
+    // Shows the copy, while the widget's signals are blocked. Does not touch what is shown already, so that
+    // a text that is being typed is not disturbed.
     virtual void Apply();
-    // Gives the control what has been typed and not yet been taken over.
+    // Gives the control the text that has been typed and that it does not have yet.
     virtual void Commit() {}
 
-    // The widget that takes the keyboard and that assistive tools know the setting by; null where there
-    // is nothing to edit.
+    // The widget that has the keyboard's focus and represents the setting to assistive tools; null where
+    // there is nothing to edit.
     virtual QWidget* Editor() const { return nullptr; }
-    // Gives the editor the name of the label or the group that it stands under.
+    // Gives the editor the name of its label or its group.
     virtual void SetName(const QString& name);
-    // Shows the control's label, with a mnemonic at `position` unless that is negative. `editor` is the
-    // editor that a label stands beside, or null.
+    // Shows the control's label, with a mnemonic at `position` unless that is negative. `editor` is the one
+    // that a label names, or null.
     virtual void ShowLabel(int position, QWidget* editor);
-    // Whether the control shows its label as its editor's own name, and a mnemonic in it.
+    // Whether the editor shows the label itself, with the mnemonic in it.
     virtual bool NamesItself() const { return false; }
 
     // The control's label and visibility as last fetched.
@@ -64,8 +64,8 @@ private:
     bool _shown_hidden = false;
 };
 
-// Makes the mirror of a control and of everything below it, with a widget inside `parent`. The control's
-// kind decides; one that is no special kind is a group.
+// Makes the mirror of a control and of everything below it, with a widget inside `parent`. A plain KSControl
+// is a group.
 std::unique_ptr<ControlMirror> MakeMirror(KSControl& control, WindowMirror& window, QWidget* parent);
 
 class KSButton;
@@ -80,7 +80,7 @@ class KSPopFont;
 class KSSeparator;
 class KSSpinBox;
 
-// One maker for each kind, each in the file of the kind's name.
+// One maker for each kind, in the file named after the kind.
 std::unique_ptr<ControlMirror> MirrorButton(KSButton& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorCheckBox(KSCheckBox& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorColorField(KSColorField& control, WindowMirror& window, QWidget* parent);

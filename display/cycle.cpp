@@ -24,7 +24,7 @@ protected:
     }
 };
 
-// On Linux, Qt gives a combo box's text as its name, whatever it is called.
+// On Linux, Qt gives assistive tools a combo box's text as its name, even where it has a name.
 class ComboAccessible : public QAccessibleWidget {
 public:
     explicit ComboAccessible(QComboBox* combo)
@@ -35,7 +35,7 @@ public:
         case QAccessible::Name:
             return _combo->accessibleName();
         case QAccessible::Value:
-        case QAccessible::Description:  // the one of the two that crosses the accessibility bus
+        case QAccessible::Description:  // of the two, the accessibility bus carries only this one
             return _combo->currentText();
         default:
             return QAccessibleWidget::text(kind);

@@ -6,6 +6,5 @@
 
 #include <memory>
 
-// Makes the window server of this process, to be given to BApplication::Run on the main thread. The GUI
-// library is not started before that.
+// Makes the window server of this process, for BApplication::Run on the main thread, which starts Qt.
 std::unique_ptr<WindowServer> ks_open_display();

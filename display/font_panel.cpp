@@ -17,7 +17,7 @@ namespace {
 
 constexpr double kSmallest = 1, kLargest = 512, kStep = 0.5;
 
-// Qt tells families of one name apart by their foundry, "Family [Foundry]"; the name alone is the font's.
+// Qt lists families that share a name as "Family [Foundry]".
 QString FamilyName(const QString& listed) {
     const qsizetype foundry = listed.indexOf(QLatin1String(" ["));
     return foundry > 0 && listed.endsWith(u']') ? listed.left(foundry) : listed;
@@ -126,7 +126,7 @@ void FontPanel::FillStyles() {
         for (const QString& style : QFontDatabase::styles(family))
             if (CanBeStored(style))
                 _styles->addItem(style);
-        // The font that the panel started with keeps its style.
+        // The font that the panel started with keeps its style, installed or not.
         const QString present = QString::fromStdString(_start.Style());
         if (family == QString::fromStdString(_start.Family()) && !present.isEmpty() &&
             _styles->findItems(present, Qt::MatchExactly | Qt::MatchCaseSensitive).isEmpty())
@@ -147,7 +147,7 @@ BFont FontPanel::Font() const {
     BFont font = _start;
     font.SetFamilyAndStyle(CurrentText(_families).toUtf8().constData(),
                            CurrentText(_styles).toUtf8().constData());
-    // A size that was not touched is neither rounded nor held to the bounds.
+    // A size that was not touched stays as it was, unrounded and unbounded.
     if (_size->value() != _size_at_start)
         font.SetSize(static_cast<float>(_size->value()));
     return font;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The dialog of family, style and size that a font pop-up opens.
+// The dialog that a font pop-up opens, with family, style and size.
 #pragma once
 
 #include "kits/BFont.h"
@@ -12,13 +12,13 @@ class QLabel;
 class QListWidget;
 class QListWidgetItem;
 
-// Returns the installed font that comes nearest.
+// Returns the nearest installed font.
 QFont ToQFont(const BFont& font);
 
 class FontPanel : public QDialog {
 public:
-    // Starts with `font`, which is offered even where it is not installed. Other names are offered only when
-    // they fit the settings file.
+    // Starts with `font` and offers it even where it is not installed. Never offers other names that the
+    // settings file cannot hold.
     FontPanel(const BFont& font, QWidget* parent);
 
     BFont Font() const;

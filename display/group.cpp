@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A group: its layout numbers become a box, a grid or a stack; with a frame or a title, a group box.
+// A group: a box, a grid or a stack as its layout numbers say; a group box where it has a frame or a title.
 #include "display/control_mirror.h"
 #include "display/look.h"
 #include "display/window_mirror.h"
@@ -16,14 +16,14 @@
 
 namespace {
 
-// The share of spare room of a child without a weight of its own, beside one that has one, and of a spacer.
-constexpr int kShare = 100;
+// The weight of a spacer, and of a child that has no weight of its own and can use spare room.
+constexpr int kDefaultWeight = 100;
 
 bool IsSpacer(const KSControl& control) {
     return typeid(control) == typeid(KSControl) && control.Children().empty();
 }
 
-// A plain group weighs what its heaviest child does.
+// A group without a weight has its heaviest child's.
 KSPoint<long> WeightOf(const KSControl& control) {
     KSPoint<long> weight = control.Weight();
     if (weight == KSPoint<long>())
@@ -82,7 +82,7 @@ public:
 
     void ShowLabel(int, QWidget*) override {}
 
-    // Group boxes inside each other would give the outer one's title where they are not named.
+    // A nested group box without a name would tell assistive tools the outer one's title.
     void SetName(const QString&) override {
         if (!_box)
             return;
@@ -97,7 +97,7 @@ private:
             _stack->addWidget(Window().Make(*child, Widget()).Widget());
     }
 
-    // One page is visible: the first that is not hidden, or the last one seen when all are.
+    // Shows the first page that is not hidden; where all are hidden, the present one stays.
     void ShowPage() {
         const auto& pages = Control().Children();
         const auto shown = std::ranges::find_if(
@@ -106,7 +106,7 @@ private:
             _stack->setCurrentIndex(static_cast<int>(shown - pages.begin()));
     }
 
-    // Cells row by row. A row of nothing but spacers takes spare room.
+    // Fills the cells row by row. A row with nothing but spacers takes spare room.
     void Grid(int columns) {
         auto* grid = new QGridLayout(Widget());
         grid->setHorizontalSpacing(look::kGap);
@@ -129,23 +129,30 @@ private:
     }
 
     void Box() {
-        const bool vertical = Control().Orientation() == KS_ORIENTATION_VERTICAL;
-        auto* box = new QBoxLayout(vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, Widget());
+        const Qt::Orientation along =
+            Control().Orientation() == KS_ORIENTATION_VERTICAL ? Qt::Vertical : Qt::Horizontal;
+        auto* box = new QBoxLayout(along == Qt::Vertical ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight,
+                                   Widget());
         box->setSpacing(look::kGap);
-        const auto weight = [&](const KSControl& child) {
-            return static_cast<int>(vertical ? WeightOf(child).y : WeightOf(child).x);
+        const auto weight = [along](const auto& child) {
+            const KSPoint<long> both = WeightOf(*child);
+            return static_cast<int>(along == Qt::Vertical ? both.y : both.x);
         };
         const auto& children = Control().Children();
         const bool weighted =
-            std::ranges::any_of(children, [&](const auto& child) { return weight(*child) > 0; });
+            std::ranges::any_of(children, [&](const auto& child) { return weight(child) > 0; });
         for (const auto& child : children) {
             ControlMirror& mirror = Window().Make(*child, Widget());
-            if (!mirror.Widget())
-                box->addStretch(kShare);
-            else if (weighted)
-                box->addWidget(mirror.Widget(), weight(*child) > 0 ? weight(*child) : kShare);
-            else
-                box->addWidget(mirror.Widget());
+            if (!mirror.Widget()) {
+                box->addStretch(kDefaultWeight);
+                continue;
+            }
+            box->addWidget(mirror.Widget());
+            const int last = box->count() - 1;
+            if (weight(child) > 0)
+                box->setStretch(last, weight(child));
+            else if (weighted && box->itemAt(last)->expandingDirections().testFlag(along))
+                box->setStretch(last, kDefaultWeight);
         }
     }
 

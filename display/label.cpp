@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A label: the text beside an editor, whose mnemonic leads to the editor, or a note of its own.
+// A label: the name of an editor, to which its mnemonic leads, or a note.
 #include "display/control_mirror.h"
 #include "display/look.h"
 #include "toolkit/KSLabel.h"
@@ -20,12 +20,12 @@ public:
 
     void ShowLabel(int position, QWidget* editor) override {
         _label->setBuddy(editor);
-        // Without an editor "&" stands for itself.
+        // Without an editor, QLabel shows "&" as it is.
         _label->setText(editor ? MarkedLabel(position) : Label());
         const bool is_long = Label().size() > look::kLongestLabel;
         _label->setWordWrap(is_long);
         const int width = is_long ? _label->fontMetrics().averageCharWidth() * look::kLongestLabel : 0;
-        // Else a window of the least size takes the second line's height from what is above it.
+        // Without this, the second line of a label in a window of the least size covers what is above it.
         _label->setMinimumSize(width, is_long ? _label->heightForWidth(width) : 0);
     }
 

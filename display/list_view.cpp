@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A list view: the GUI library scrolls, selects and tells assistive tools; the items draw themselves.
+// A list view: Qt scrolls it, selects in it and tells assistive tools; the items draw themselves.
 #include "display/control_mirror.h"
 #include "display/look.h"
 #include "display/surface.h"
@@ -68,7 +68,7 @@ public:
         setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     }
 
-    // The size of the content that must always be seen.
+    // Sets the least size of the content that can be seen.
     void SetLeastSize(QSize least) {
         if (least == _least)
             return;
@@ -166,8 +166,7 @@ private:
             width = std::max(width, _list->fontMetrics().horizontalAdvance(row.text));
             height = std::max(height, row.height);
         }
-        // A text that is longer than any reasonable one is cut off rather than widen the window beyond the
-        // screen.
+        // An unreasonably long text is cut off: the window must fit the screen.
         width = std::min(width, 40 * _list->fontMetrics().averageCharWidth());
         width += 2 * look::kGap + _list->verticalScrollBar()->sizeHint().width();
         _list->SetLeastSize(QSize(width, height * look::kLeastRows).expandedTo(_least));

@@ -56,49 +56,20 @@ void PaintChecker(QPainter& painter, const QRect& rect) {
 }  // namespace
 
 void look::ChooseStyle() {
-    // Naming it keeps Qt from looking through the installed styles.
+    // Without a name Qt looks through the installed styles.
     if (!qEnvironmentVariableIsSet("QT_STYLE_OVERRIDE") && !qEnvironmentVariableIsSet("QT_QPA_PLATFORMTHEME"))
         QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
 }
 
 QColor look::Pen(ks_pen pen, const QPalette& palette) {
     switch (pen) {
-    case KS_PEN_BG_LOW:
-    case KS_PEN_BG_MED:
-    case KS_PEN_BG_HIGH:
-        return palette.color(QPalette::Window);
-    case KS_PEN_BG_EDIT:
-    case KS_PEN_BG_READ:
     case KS_PEN_BG_LIST:
         return palette.color(QPalette::Base);
-    case KS_PEN_BG_BUTTON:
-    case KS_PEN_BG_SLIDER:
-        return palette.color(QPalette::Button);
     case KS_PEN_BG_SELECTED:
-    case KS_PEN_TEXT_BG_MARKED:
         return SelectedBackground(palette);
-    case KS_PEN_DISABLEDTEXT:
-        return palette.color(QPalette::Disabled, QPalette::Text);
-    case KS_PEN_SHINE:
-    case KS_PEN_HALFSHINE:
-    case KS_PEN_PAINTSHINE:
-        return palette.color(QPalette::Light);
-    case KS_PEN_DARK:
-    case KS_PEN_HALFDARK:
-    case KS_PEN_PAINTDARK:
-        return palette.color(QPalette::Dark);
-    case KS_PEN_MARK:
-    case KS_PEN_PAINT:
-        return palette.color(QPalette::Highlight);
-    case KS_PEN_NONE:
-        return Qt::transparent;
-    case KS_PEN_TEXT:
-    case KS_PEN_TEXT_BG_CURSOR:
-    case KS_PEN_TEXT_FG_CURSOR:
-    case KS_PEN_TEXT_FG_MARKED:
-        break;
+    default:
+        return palette.color(QPalette::Text);
     }
-    return palette.color(QPalette::Text);
 }
 
 double look::BoundedPoints(double points, double least, double most) {
@@ -109,7 +80,7 @@ QMargins look::FrameMargins() {
     return {kGap, kGap, kGap, kGap};
 }
 
-// Qt's own style draws this from a picture, for which it would load every image plugin at the start.
+// Qt's own style draws a group from a picture, for which it would load every image plugin at the start.
 void look::PaintGroup(QPainter& painter, const QRect& frame, const QRect& label, const QString& title,
                       const QWidget& widget) {
     constexpr double kRadius = 3;

@@ -5,7 +5,6 @@
 #include "toolkit/ks_pen.h"
 
 #include <QColor>
-#include <QFont>
 #include <QMargins>
 
 class QPainter;
@@ -17,20 +16,22 @@ class QWidget;
 
 namespace look {
 
-constexpr int kGap = 8;             // between neighbours
-constexpr int kRowGap = 6;          // between the rows of a grid
-constexpr int kLeastRows = 4;       // of a list
-constexpr int kLongestLabel = 60;   // characters; longer labels are broken into lines
-constexpr int kSmallestPoints = 6;  // of a font's own name; smaller fonts are shown at this size
-constexpr int kLargestPoints = 24;  // and larger ones at this
+constexpr int kGap = 8;            // between neighbours
+constexpr int kRowGap = 6;         // between the rows of a grid
+constexpr int kLeastRows = 4;      // of a list
+constexpr int kLongestLabel = 60;  // characters; longer labels are broken into lines
+// The bounds of the size at which a font's name is shown in that font.
+constexpr int kSmallestPoints = 6;
+constexpr int kLargestPoints = 24;
 
 // Returns the size nearest to `points` that is within the bounds; the least one for what is not a number.
 double BoundedPoints(double points, double least, double most);
 
-// Chooses the style, before the application object is made: the user's where one is asked for.
+// Chooses the style before the application object is made; a style that the user asks for wins.
 void ChooseStyle();
 
-// The colour of a pen on a desktop of this palette. KS_PEN_TEXT is readable on every background pen.
+// The colour of a pen on a desktop of this palette. List items use KS_PEN_TEXT on KS_PEN_BG_LIST and on
+// KS_PEN_BG_SELECTED, and it is readable on both; every other pen has the text's colour.
 QColor Pen(ks_pen pen, const QPalette& palette);
 
 // The room inside a group's frame, on top of the group's own border.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The choice is a maximum matching of texts and letters, so that a text goes without only where none is left.
+// The choice is a maximum matching of texts and letters: as many texts as possible get a letter.
 #include "display/mnemonics.h"
 
 #include <map>
@@ -29,35 +29,36 @@ std::vector<int> Candidates(const QString& text) {
 struct Matching {
     const std::vector<QString>& texts;
     const std::set<char>& used;
-    std::map<char, int> owner{};  // of a letter: the text that has it
+    std::map<char, int> owner{};  // the text that has the letter
     std::vector<int> chosen = std::vector<int>(texts.size(), -1);
 
-    bool Free(char key) const { return !used.contains(key) && !owner.contains(key); }
+    bool IsFree(char key) const { return !used.contains(key) && !owner.contains(key); }
 
-    void Give(int text, int position) {
+    void Assign(int text, int position) {
         chosen[static_cast<std::size_t>(text)] = position;
-        owner[Key(Word(text)[position])] = text;
+        owner[Key(Text(text)[position])] = text;
     }
 
-    // Gives `text` a letter: a free one, or else another's who can move to one.
-    bool Place(int text, std::set<char>& tried) {
-        const std::vector<int> candidates = Candidates(Word(text));
+    // Gives `text` a free letter, or else the letter of a text that can move to another. `tried` holds the
+    // letters that were asked for already.
+    bool FindLetter(int text, std::set<char>& tried) {
+        const std::vector<int> candidates = Candidates(Text(text));
         for (const int position : candidates)
-            if (Free(Key(Word(text)[position]))) {
-                Give(text, position);
+            if (IsFree(Key(Text(text)[position]))) {
+                Assign(text, position);
                 return true;
             }
         for (const int position : candidates) {
-            const char key = Key(Word(text)[position]);
-            if (!used.contains(key) && tried.insert(key).second && Place(owner[key], tried)) {
-                Give(text, position);
+            const char key = Key(Text(text)[position]);
+            if (!used.contains(key) && tried.insert(key).second && FindLetter(owner[key], tried)) {
+                Assign(text, position);
                 return true;
             }
         }
         return false;
     }
 
-    const QString& Word(int text) const { return texts[static_cast<std::size_t>(text)]; }
+    const QString& Text(int text) const { return texts[static_cast<std::size_t>(text)]; }
 };
 
 }  // namespace
@@ -66,7 +67,7 @@ std::vector<int> ChooseMnemonics(const std::vector<QString>& texts, std::set<cha
     Matching matching{texts, used};
     for (int i = 0; i < static_cast<int>(texts.size()); ++i) {
         std::set<char> tried;
-        matching.Place(i, tried);
+        matching.FindLetter(i, tried);
     }
     for (const auto& [key, text] : matching.owner)
         used.insert(key);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Chooses the letters that, with Alt, lead to a control.
+// Chooses the letters that lead to a control when they are pressed with Alt.
 #pragma once
 
 #include <QString>
@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-// Returns for each text the position of its mnemonic, -1 where none is left. No letter is chosen twice, nor
-// one of `used`, to which the chosen ones are added. Only letters and digits that every keyboard has are
-// taken: those that start a word rather than others.
+// Returns the position of each text's mnemonic, or -1 where no letter is left. No letter is chosen twice, and
+// none that is in `used`; the chosen ones are added to `used`. Only a to z and 0 to 9 are chosen, those that
+// start a word first.
 std::vector<int> ChooseMnemonics(const std::vector<QString>& texts, std::set<char>& used);

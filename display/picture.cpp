@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A picture: one of its pixels is one of the window's, smoothed where the screen has more.
+// A picture, one of its pixels to each logical pixel of the window; smoothed where the screen has more.
 #include "display/control_mirror.h"
 #include "display/picture_file.h"
 #include "toolkit/KSPicture.h"
@@ -11,10 +11,11 @@
 
 namespace {
 
-// What a missing picture leaves blank.
+// The size of the blank that a missing picture leaves.
 constexpr QSize kUsualSize(140, 100);
 
-// A bare name lies with the installed data, beside the program (where it is built), or where it was started.
+// Looks for the file with the installed data, beside the program (its place in a build) and in the working
+// directory.
 QImage Find(const QString& name) {
     if (name.isEmpty())
         return {};

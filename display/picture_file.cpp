@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// TGA files have no signature, and Qt's reader for them refuses many, so stb_image reads those.
+// stb_image reads TGA files: Qt's reader refuses many. They have no signature, so the name decides what is
+// tried first.
 #include "display/picture_file.h"
 
 #include "kits/storage.h"
@@ -26,7 +27,7 @@ namespace {
 constexpr qint64 kLargestFile = 64 << 20;
 constexpr qint64 kMostPixels = 64 << 20;
 
-// Where a path of the platform lies here.
+// Returns where a path of the platform lies here.
 QString Resolved(const QString& path) {
     return QString::fromStdString(ks_resolve_path(path.toStdString()));
 }
@@ -85,7 +86,7 @@ bool IsPicture(const QString& path) {
     QFile file(file_path);
     if (file.open(QIODevice::ReadOnly) && EndsInTga(path) && IsTga(file.peek(kHeader)))
         return true;
-    // What looks like a cursor file may be a broken TGA: their first bytes are alike.
+    // A cursor file and a broken TGA begin alike, so only reading it tells.
     if (EndsInTga(path))
         return !ReadOther(file_path, {}).isNull();
     return QImageReader(file_path).canRead() || IsTga(file.peek(kHeader));

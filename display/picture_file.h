@@ -1,15 +1,15 @@
 // SPDX-License-Identifier: MIT
-// Reading pictures from files: whatever the GUI library reads, and every TGA.
+// Reads pictures from files: every format that Qt reads, and every TGA.
 #pragma once
 
 #include <QImage>
 #include <QSize>
 #include <QString>
 
-// Whether the file is a picture that can be read, from its first bytes. Never waits: what is no regular file
-// is no picture.
+// Returns whether the file is a picture that can be read, as far as its first bytes tell. Only regular files
+// are read, so this never waits.
 bool IsPicture(const QString& path);
 
-// Returns the picture, reduced to fit into `bounds` where those are not empty; a null image when the file
-// cannot be read or is unreasonably large.
+// Returns the picture, made smaller to fit into `bounds` unless those are empty. Returns a null image when
+// the file cannot be read or is unreasonably large.
 QImage ReadPicture(const QString& path, QSize bounds = {});

@@ -36,11 +36,11 @@ QString DraggedFile(const QMimeData& data) {
     return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
 }
 
-// The path's line. Says by an icon, a tip and a description that the path is no readable picture.
+// The line in which the path is typed. An icon, a tip and a description tell when it is no readable picture.
 class PathEdit : public QLineEdit {
 public:
-    // `chosen` is called with the path of a file that is dropped on the line, and with the empty one that
-    // its clear button chooses.
+    // `chosen` is called with the path of a file that is dropped on the line, and with the empty path when
+    // the clear button is pressed.
     PathEdit(std::function<void(const QString&)> chosen, QWidget* parent)
         : QLineEdit(parent), _chosen(std::move(chosen)) {
         connect(this, &QLineEdit::textChanged, this, [this] {
@@ -95,15 +95,15 @@ protected:
     }
 
 private:
-    // Not before somebody sees it, since it loads a picture; and not Qt's own, which it fades by animations
-    // that are left over when the program ends.
+    // Made when the line is first seen, since it loads a picture. Qt's own clear button leaves animations
+    // over when the program ends.
     void AddClearButton() {
         _clear = addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
         _clear->setVisible(!text().isEmpty());
         connect(_clear, &QAction::triggered, this, [this] { _chosen(QString()); });
     }
 
-    // The file is looked at only where somebody can see the answer.
+    // Checks the file a moment later, if somebody can see the answer.
     void CheckSoon() {
         if (!isVisible())
             return;
@@ -112,20 +112,20 @@ private:
             _timer->setSingleShot(true);
             _timer->setInterval(kCheckDelay);
             connect(_timer, &QTimer::timeout, this,
-                    [this] { Mark(!text().isEmpty() && !IsPicture(text())); });
+                    [this] { WarnIf(!text().isEmpty() && !IsPicture(text())); });
         }
         _timer->start();
     }
 
-    void Mark(bool unreadable) {
-        if (unreadable == (_mark != nullptr))
+    void WarnIf(bool unreadable) {
+        if (unreadable == (_warning != nullptr))
             return;
         if (unreadable) {
-            _mark =
+            _warning =
                 addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
-            _mark->setToolTip(QString::fromUtf8(texts::kNoPicture));
+            _warning->setToolTip(QString::fromUtf8(texts::kNoPicture));
         } else {
-            delete std::exchange(_mark, nullptr);
+            delete std::exchange(_warning, nullptr);
         }
         setToolTip(unreadable ? QString::fromUtf8(texts::kNoPicture) : QString());
         setAccessibleDescription(toolTip());
@@ -134,11 +134,11 @@ private:
 
     std::function<void(const QString&)> _chosen;
     QTimer* _timer = nullptr;
-    QAction* _mark = nullptr;
+    QAction* _warning = nullptr;
     QAction* _clear = nullptr;
 };
 
-// A button that Enter presses too, since it opens something.
+// Enter presses this button too, since it opens something.
 class BrowseButton : public QToolButton {
 public:
     explicit BrowseButton(QWidget* parent) : QToolButton(parent) {
@@ -222,13 +222,13 @@ public:
 
     void Apply() override {
         ControlMirror::Apply();
-        // A line that is being typed may be ahead of what the control has.
-        if (_path != _known)
+        // The text that is being typed may be ahead of the control's.
+        if (_path != _last_synced)
             _edit->ShowPath(_path);
-        _known = _path;
+        _last_synced = _path;
     }
 
-    // What the control has refused is shown no longer.
+    // Shows the control's path in place of one that it has refused.
     void Commit() override { _edit->ShowPath(QString::fromStdString(_control.Path())); }
 
     QWidget* Editor() const override { return _edit; }
@@ -239,13 +239,13 @@ public:
     }
 
 private:
-    // A path that the control refuses stays in the line for now: it may be half of one, as "/a " is.
+    // A path that the control refuses stays in the line until Commit: it may be the first half of one.
     void Edit(const QString& path) {
         if (_control.EditText(path.toStdString()))
-            _known = path;
+            _last_synced = path;
     }
 
-    // A path that was chosen as a whole.
+    // Takes a path that was chosen as a whole.
     void Choose(const QString& path) {
         Edit(path);
         Commit();
@@ -271,8 +271,8 @@ private:
     PathEdit* _edit;
     BrowseButton* _browse;
     QPointer<PictureDialog> _dialog;
-    QString _path;   // as last fetched
-    QString _known;  // what the line has shown or taken last
+    QString _path;         // as last fetched
+    QString _last_synced;  // the last path that line and control both had
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A font pop-up: shows family, style and size in that very font and opens the panel to choose another.
+// A font pop-up: shows family, style and size in the font itself and opens the panel to choose another.
 #include "display/control_mirror.h"
 #include "display/font_panel.h"
 #include "display/look.h"

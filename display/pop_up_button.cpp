@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// The keyboard and the accessible interface of pop-up buttons.
 #include "display/pop_up_button.h"
 
 #include <QAccessibleWidget>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What shows a value and opens something to choose another: pressed by the mouse, Space or Enter.
+// A button that shows a value and opens something to choose another. The mouse, Space and Enter press it.
 #pragma once
 
 #include <QAbstractButton>
@@ -11,8 +11,8 @@ public:
     PopUpButton(QAccessible::Role role, QWidget* parent);
 
     QAccessible::Role Role() const { return _role; }
-    // The value as assistive tools read it: as the value itself and, for those that read no value from such
-    // a role, as the description.
+    // Sets the value that assistive tools read. It is also the description, for tools that read no value from
+    // a button.
     void SetValueText(const QString& text);
     const QString& ValueText() const { return _value_text; }
 

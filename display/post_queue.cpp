@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The queue's wake-up is an eventfd, so that the posting thread needs nothing of the GUI library.
+// An eventfd wakes the main thread, so that the posting thread does not use Qt.
 #include "display/post_queue.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
 
 #include <cerrno>
-#include <cstdint>
 #include <system_error>
 #include <utility>
 
@@ -23,16 +23,10 @@ PostQueue::~PostQueue() {
 }
 
 void PostQueue::Post(std::function<void()> function) {
-    std::scoped_lock lock(_mutex);
-    if (_posted.empty())
-        Wake();
+    const std::scoped_lock lock(_mutex);
     _posted.push_back(std::move(function));
-}
-
-void PostQueue::Wake() {
-    // Cannot fail: the counter is far from its limit, since it is read between two wakes.
-    const std::uint64_t one = 1;
-    static_cast<void>(!write(_event, &one, sizeof one));
+    if (_posted.size() == 1)
+        eventfd_write(_event, 1);
 }
 
 void PostQueue::Listen() {
@@ -44,19 +38,30 @@ void PostQueue::Unlisten() {
     _notifier.reset();
 }
 
+void PostQueue::RethrowFailure() {
+    if (_failure)
+        std::rethrow_exception(std::exchange(_failure, nullptr));
+}
+
 // One function for each wake, so that an event loop inside a function runs those behind it.
 void PostQueue::RunPosted() {
     std::function<void()> function;
     {
-        std::scoped_lock lock(_mutex);
-        std::uint64_t count;
-        static_cast<void>(!read(_event, &count, sizeof count));
+        const std::scoped_lock lock(_mutex);
+        eventfd_t count = 0;
+        eventfd_read(_event, &count);
         if (_posted.empty())
             return;
         function = std::move(_posted.front());
         _posted.pop_front();
         if (!_posted.empty())
-            Wake();
+            eventfd_write(_event, 1);
     }
-    function();
+    // An exception must not unwind through the event loop, which is partly C.
+    try {
+        function();
+    } catch (...) {
+        _failure = std::current_exception();
+        QCoreApplication::exit();
+    }
 }

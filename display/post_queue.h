@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
-// The one door to the main thread: functions posted from any thread run there, in order.
+// The one way to the main thread: functions posted from any thread run there, in order.
 #pragma once
 
 #include <deque>
+#include <exception>
 #include <functional>
 #include <memory>
 #include <mutex>
@@ -11,10 +12,10 @@ class QSocketNotifier;
 
 class PostQueue {
 public:
-    // Made on the main thread; may be posted to at once. Throws std::system_error when the system has no
+    // On the main thread; functions may be posted at once. Throws std::system_error when the system has no
     // descriptor left.
     PostQueue();
-    // Drops what has not run. On the main thread, when nobody posts any more.
+    // Drops the functions that have not run. On the main thread, when nobody posts any more.
     ~PostQueue();
     PostQueue(const PostQueue&) = delete;
     PostQueue& operator=(const PostQueue&) = delete;
@@ -22,17 +23,21 @@ public:
     // From any thread; never waits for the function to run.
     void Post(std::function<void()> function);
 
-    // Has the GUI library's event loop run what is posted. Main thread, with the application made.
+    // What follows is for the main thread, while Qt's application object is there.
+
+    // Has the event loop run what is posted. A function that throws ends the event loop.
     void Listen();
-    // Ends that; what is posted stays.
+    // Ends that; posted functions stay in the queue.
     void Unlisten();
+    // Throws what a function has thrown, if one has.
+    void RethrowFailure();
 
 private:
-    void Wake();
     void RunPosted();
 
     std::mutex _mutex;
     std::deque<std::function<void()>> _posted;
     std::unique_ptr<QSocketNotifier> _notifier;
+    std::exception_ptr _failure;
     int _event;
 };

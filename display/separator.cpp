@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// A separator: a line across its group.
+// A separator: a line.
 #include "display/control_mirror.h"
 #include "toolkit/KSSeparator.h"
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window server on Qt: its application object, its event loop and the windows on the screen.
+// The window server on Qt. It has Qt's application object, the event loop and the windows on the screen.
 #pragma once
 
 #include "display/post_queue.h"
@@ -24,18 +24,18 @@ public:
     void Quit() override;
     void Show(BWindow* window) override;
 
-    // Has `function` run on the main thread while Run() runs; from any thread, never waits.
-    void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
+protected:
+    PostQueue _queue;
 
 private:
-    void NoteShown(BWindow* window);
+    void PutOnScreen(BWindow* window);
+    void TakeAllOffScreen();
 
-    PostQueue _queue;
     std::unique_ptr<QApplication> _application;
     std::vector<std::unique_ptr<WindowMirror>> _windows;
 
     std::mutex _mutex;  // guards what follows; taken after a window's lock or without one
     std::condition_variable _progress;
-    std::vector<BWindow*> _shown;
+    std::vector<BWindow*> _shown;  // written by the main thread only
     bool _ended = false;
 };

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// A spin box: arrows and wheel step once, Page Up and Page Down ten times; what is typed outside the bounds
-// moves to the nearer one when it is taken over.
+// A spin box: arrows and wheel step once, Page Up and Page Down ten times. A number typed outside the bounds
+// becomes the nearer bound.
 #include "display/control_mirror.h"
 #include "toolkit/KSSpinBox.h"
 
@@ -15,7 +15,7 @@ namespace {
 class Spin : public QDoubleSpinBox {
 public:
     explicit Spin(QWidget* parent) : QDoubleSpinBox(parent) {
-        // The wheel turns it only while it has the focus, so that scrolling changes nothing.
+        // The wheel turns it only while it has the focus: scrolling the window changes nothing.
         setFocusPolicy(Qt::StrongFocus);
         setAlignment(Qt::AlignRight);
     }
@@ -74,7 +74,7 @@ public:
     QWidget* Editor() const override { return _spin; }
 
 private:
-    // Setting what is set already would replace what is being typed.
+    // Qt's setters replace the text that is being typed even where they change nothing.
     void ApplyBounds() {
         const bool whole = IsWhole(_minimum) && IsWhole(_maximum) && IsWhole(_step) && IsWhole(_value);
         if (const int decimals = whole ? 0 : 2; _spin->decimals() != decimals)

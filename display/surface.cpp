@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Drawing goes through QPainter; colours are look's.
 #include "display/surface.h"
 
 #include "display/look.h"

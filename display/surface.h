@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What list items measure and draw themselves with.
+// List items measure and draw themselves with a surface.
 #pragma once
 
 #include "toolkit/KSToolKit.h"
@@ -12,8 +12,7 @@ class QWidget;
 
 class Surface : public KSSurface {
 public:
-    // Draws with `painter`, in the coordinates it has; with none it only measures. `widget` gives font and
-    // palette.
+    // Draws with `painter` in its coordinates; without one it only measures. Font and palette are `widget`'s.
     explicit Surface(const QWidget& widget, QPainter* painter = nullptr);
 
     void SetHighPen(ks_pen pen) override;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The few texts that the display shows of its own. The texts of the window are the application's.
+// The few texts of the display itself. The texts of the window are the application's.
 #pragma once
 
 namespace texts {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Builds a window's widgets, keeps them in step with the controls and routes what is the window's own: its
-// close box, its default button and the names of its editors.
+// Builds a window's widgets, keeps them in step with the controls, and does what concerns the window as a
+// whole: its close box, its default button and the names of its editors.
 #include "display/window_mirror.h"
 
 #include "display/mnemonics.h"
@@ -55,7 +55,7 @@ private:
     QPointer<QPushButton> _default_button;
 };
 
-// To Qt, a plain widget is no window, wherever it stands.
+// Qt tells assistive tools that a plain widget is no window, even at the top.
 QAccessibleInterface* WindowMirror::Top::MakeAccessible(const QString&, QObject* object) {
     auto* top = dynamic_cast<Top*>(object);
     return top ? new QAccessibleWidget(top, QAccessible::Window) : nullptr;
@@ -139,7 +139,7 @@ void WindowMirror::Sync() {
             layout |= changes.layout;
             redraw |= changes.redraw;
         }
-        // A layout takes everything's size anew.
+        // A new layout needs every size again.
         if (layout) {
             changed.clear();
             for (const auto& mirror : _mirrors)
@@ -159,47 +159,47 @@ void WindowMirror::Sync() {
         ShowLabels();
     if (layout)
         _top->layout()->activate();
-    // A layout has shown everything again.
+    // A new layout has drawn everything.
     if (redraw && !layout)
         _top->update();
 }
 
 void WindowMirror::ShowLabels() {
-    // The texts that are always visible, then each page's, which may use the letters of other pages.
-    std::vector<std::vector<ControlMirror*>> places(1);
+    // A page's mnemonics differ from those that are always visible, and may be those of another page.
+    Pages pages(1);
     std::unordered_map<ControlMirror*, QWidget*> editors;
     for (KSContainer* container : _containers)
-        NameEditors(*container->Content(), _top->windowTitle(), places, 0, editors);
+        NameEditors(*container->Content(), _top->windowTitle(), pages, 0, editors);
 
     std::set<char> common;
-    for (const auto& place : places) {
+    for (const auto& page : pages) {
         std::vector<QString> texts;
-        for (const ControlMirror* mirror : place)
+        for (const ControlMirror* mirror : page)
             texts.push_back(mirror->Label());
         std::set<char> used = common;
         const std::vector<int> mnemonics = ChooseMnemonics(texts, used);
-        for (std::size_t i = 0; i < place.size(); ++i)
-            place[i]->ShowLabel(mnemonics[i], editors[place[i]]);
-        if (&place == &places.front())
+        for (std::size_t i = 0; i < page.size(); ++i)
+            page[i]->ShowLabel(mnemonics[i], editors[page[i]]);
+        if (&page == &pages.front())
             common = used;
     }
 }
 
-void WindowMirror::NameEditors(const KSControl& control, const QString& title, Places& places,
-                               std::size_t place, std::unordered_map<ControlMirror*, QWidget*>& editors) {
+void WindowMirror::NameEditors(const KSControl& control, const QString& title, Pages& pages, std::size_t page,
+                               std::unordered_map<ControlMirror*, QWidget*>& editors) {
     ControlMirror* mirror = Find(&control);
     const QString& label = mirror->Label();
     const QString& name = label.isEmpty() ? title : label;
     if (mirror->NamesItself())
-        places[place].push_back(mirror);
+        pages[page].push_back(mirror);
     mirror->SetName(name);
 
     // A label names the editors of the next control that has one.
     ControlMirror* naming = nullptr;
     for (const auto& child : control.Children()) {
         if (control.ForceMode() == KS_FORCE_STACKED) {
-            places.emplace_back();
-            place = places.size() - 1;
+            pages.emplace_back();
+            page = pages.size() - 1;
         }
         if (dynamic_cast<const KSLabel*>(child.get())) {
             naming = Find(child.get());
@@ -208,12 +208,12 @@ void WindowMirror::NameEditors(const KSControl& control, const QString& title, P
         }
         QWidget* editor = FirstEditor(*child);
         if (naming && editor) {
-            places[place].push_back(naming);
+            pages[page].push_back(naming);
             editors[naming] = editor;
-            NameEditors(*child, naming->Label(), places, place, editors);
+            NameEditors(*child, naming->Label(), pages, page, editors);
             naming = nullptr;
         } else {
-            NameEditors(*child, name, places, place, editors);
+            NameEditors(*child, name, pages, page, editors);
         }
     }
 }

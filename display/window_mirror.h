@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// One window on the screen: the top widget, and a mirror for each control in it.
+// A window on the screen: its top widget, and a mirror for each control in it.
 #pragma once
 
 #include "display/control_mirror.h"
@@ -16,22 +16,22 @@ class QWidget;
 
 class WindowMirror {
 public:
-    // Makes the widgets and has the screen show them.
+    // Makes the widgets and shows them.
     WindowMirror(BWindow& window, PostQueue& queue);
     // Takes the window off the screen; the controls stay.
     ~WindowMirror();
     WindowMirror(const WindowMirror&) = delete;
     WindowMirror& operator=(const WindowMirror&) = delete;
 
-    // For mirrors: makes the mirror of a child, which this window keeps.
+    // For mirrors: makes the mirror of a child and keeps it.
     ControlMirror& Make(KSControl& control, QWidget* parent);
-    // The mirror of a control, or null.
+    // Returns the mirror of a control, or null.
     ControlMirror* Find(const KSControl* control) const;
-    // Gives the controls everything that has been typed, before a command reads them.
+    // Commits every mirror, before a command reads the controls.
     void Commit();
     // The window's own lock, for hooks.
     BWindow& Window() const { return _window; }
-    // Has this button pressed by Enter, wherever the keyboard's focus is.
+    // Sets the button that Enter presses, wherever the keyboard's focus is.
     void SetDefaultButton(QPushButton* button);
 
 private:
@@ -41,10 +41,11 @@ private:
     void Sync();
     // Names the editors for assistive tools, and shows the labels with their mnemonics.
     void ShowLabels();
-    using Places = std::vector<std::vector<ControlMirror*>>;  // that can be seen together, with the first
-    // `title` is the name of what has none of its own. Adds the labels below `control` to `places`, and to
-    // `editors` what each of them stands beside.
-    void NameEditors(const KSControl& control, const QString& title, Places& places, std::size_t place,
+    // The mirrors that show labels: first those that are always visible, then those of each page.
+    using Pages = std::vector<std::vector<ControlMirror*>>;
+    // Names the editors below `control`; `title` is the name of those that have none. Adds the mirrors that
+    // show labels to `pages`, from `page` on, and to `editors` the editor that each label names.
+    void NameEditors(const KSControl& control, const QString& title, Pages& pages, std::size_t page,
                      std::unordered_map<ControlMirror*, QWidget*>& editors);
     QWidget* FirstEditor(const KSControl& control) const;
 

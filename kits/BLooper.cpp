@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A handler with a lock, to which messages are posted from any thread.
 #include "kits/BLooper.h"
 
 #include "hdr/ks_assert.h"

@@ -13,12 +13,12 @@ class BLooper : public BHandler {
 public:
     explicit BLooper(const char* name = nullptr);
 
-    // Takes the looper's recursive lock, waiting for it. Returns false, without the lock, once the looper
+    // Waits for the looper's recursive lock and takes it. Returns false, without the lock, once the looper
     // has been closed.
     bool Lock();
-    // Gives the lock back; the calling thread must hold it.
+    // Gives the lock back; the calling thread must hold it (asserted).
     void Unlock();
-    // Whether the calling thread holds the lock.
+    // Returns whether the calling thread holds the lock.
     bool IsLocked() const;
 
     // Queues a message for MessageReceived on the looper's thread; the looper keeps a copy. Never waits.
@@ -29,7 +29,7 @@ public:
     virtual bool QuitRequested();
 
 protected:
-    // After this no Lock() succeeds. Waits for a present holder.
+    // Waits until nobody holds the lock; no Lock() succeeds after that.
     void Close();
 
 private:

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-// Codes are written as four characters, the first in the most significant byte: 'LIST' is 0x4C495354.
+// Returns the code of four characters, the first in the most significant byte: "LIST" is 0x4C495354.
 constexpr std::uint32_t ks_message_code(const char (&text)[5]) {
     std::uint32_t code = 0;
     for (int i = 0; i < 4; ++i)

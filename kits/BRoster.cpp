@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-// The running applications, as far as messages go to all of them.
 #include "kits/BRoster.h"
 
-#include "kits/application_loop.h"
+#include "kits/BApplication.h"
 
 namespace {
 
@@ -13,9 +12,6 @@ BRoster roster;
 BRoster* const be_roster = &roster;
 
 void BRoster::Broadcast(const BMessage* message) {
-    if (!be_app || !message)
-        return;
-    be_app->BroadcastStarting(*message);
-    be_app->_loop->bus.Broadcast(message->what);
-    be_app->PostMessage(*message);
+    if (be_app && message)
+        be_app->Broadcast(*message);
 }

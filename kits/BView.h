@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a window contains.
+// A part of a window.
 #pragma once
 
 #include "kits/BHandler.h"

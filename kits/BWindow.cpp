@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A window: a frame, a title and the views in it.
 #include "kits/BWindow.h"
 
 #include "hdr/ks_assert.h"

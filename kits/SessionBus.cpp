@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
-// Broadcasts between applications on the D-Bus session bus.
 #include "kits/SessionBus.h"
+
+#include "hdr/ks_assert.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -18,7 +19,7 @@ constexpr const char* kInterface = "org.nymbrel.Roster";
 constexpr const char* kMember = "Broadcast";
 constexpr int kBurst = 64;
 
-// Returns the addresses of Unix sockets among those of a D-Bus address list.
+// Returns the addresses in a D-Bus address list that are Unix sockets.
 std::string UnixAddresses(std::string_view list) {
     std::string kept;
     while (!list.empty()) {
@@ -31,7 +32,7 @@ std::string UnixAddresses(std::string_view list) {
     return kept;
 }
 
-// Starts to connect without waiting; null when there is no bus to connect to.
+// Starts to connect without waiting. Returns null where there is no bus to connect to.
 sd_bus* StartConnecting() {
     sd_bus* bus = nullptr;
     const char* list = std::getenv("DBUS_SESSION_BUS_ADDRESS");
@@ -67,6 +68,7 @@ int MillisecondsUntilMonotonic(std::uint64_t when) {
 bool SessionBus::Open(std::function<void(std::uint32_t)> receiver) {
     const auto deadline = clock_type::now() + kPatience;
     const std::lock_guard guard(_mutex);
+    KS_ASSERT(receiver && !_receiver);
     _receiver = std::move(receiver);
     _bus = StartConnecting();
     if (_bus && FinishOpening(deadline))
@@ -88,7 +90,7 @@ bool SessionBus::FinishOpening(clock_type::time_point deadline) {
             return false;
         poll(&entry, 1, timeout);
     }
-    // The bus's answer to the subscription is read by the loop.
+    // The loop reads the bus's answer to the subscription.
     return sd_bus_is_ready(_bus) > 0 && sd_bus_match_signal_async(_bus, nullptr, nullptr, kPath, kInterface,
                                                                   kMember, Receive, nullptr, this) >= 0;
 }
@@ -110,7 +112,7 @@ void SessionBus::Broadcast(std::uint32_t code) {
         GiveUp();
 }
 
-// sd_bus_flush() would wait without end.
+// sd_bus_flush() has no deadline.
 bool SessionBus::Flush(clock_type::time_point deadline) {
     for (;;) {
         std::uint64_t queued = 0;
@@ -129,7 +131,8 @@ bool SessionBus::Flush(clock_type::time_point deadline) {
     }
 }
 
-int SessionBus::Receive(sd_bus_message* message, void* self, sd_bus_error*) {
+// An exception must not unwind through the C code that calls this.
+int SessionBus::Receive(sd_bus_message* message, void* self, sd_bus_error*) noexcept {
     auto* bus = static_cast<SessionBus*>(self);
     const char* own_name = nullptr;
     const char* sender = sd_bus_message_get_sender(message);

@@ -10,8 +10,8 @@
 #include <systemd/sd-bus.h>
 
 // One application's connection. A broadcast is the signal org.nymbrel.Roster.Broadcast of the object
-// /org/nymbrel/Roster with the message's code as its one argument, a uint32. A bus that fails or does not
-// take what it is sent is given up for the rest of the run: from then on every operation does nothing.
+// /org/nymbrel/Roster with the message's code as its one argument, a uint32. A bus that fails, or that does
+// not take what it is sent, is given up: from then on every operation does nothing.
 class SessionBus {
 public:
     // How long Open and each Broadcast wait for the bus.
@@ -22,25 +22,27 @@ public:
     SessionBus(const SessionBus&) = delete;
     SessionBus& operator=(const SessionBus&) = delete;
 
-    // Connects to the bus that DBUS_SESSION_BUS_ADDRESS names, or to the user's one where that is unset, and
-    // returns whether it answered. Addresses other than Unix sockets are passed over: they would look up
-    // host names or start programs, which no deadline ends. `receiver` is called with the code of each
-    // broadcast of another application, by the thread that is in Process or Broadcast; it must not wait.
+    // Connects to the bus that DBUS_SESSION_BUS_ADDRESS names, or to the user's bus where that is unset, and
+    // returns whether it answered. Called once (asserted). Only Unix sockets are tried: the other kinds of
+    // address look up host names or start programs, and no deadline ends that. `receiver` is called with the
+    // code of each broadcast of another application, by the thread that is in Process or Broadcast. It must
+    // not wait; if it throws, the program is terminated.
     bool Open(std::function<void(std::uint32_t)> receiver);
     void Close();
 
     // Sends a broadcast and returns when the bus has taken it. From any thread.
     void Broadcast(std::uint32_t code);
 
-    // What the loop's poll() waits for: the descriptor (-1 without a bus) and its events; `timeout` is
-    // lowered to the milliseconds after which Process is due in any case (a negative one waits for ever).
+    // Returns what the loop's poll() waits for: the descriptor (-1 without a bus) and its events. Lowers
+    // `timeout` to the milliseconds after which Process is due in any case; a negative one waits for ever.
     pollfd PollEntry(int& timeout);
-    // Takes what has arrived, without waiting; at most a burst of it, the next PollEntry is due at once then.
+    // Handles what has arrived, without waiting. What is left after a burst makes the next PollEntry due at
+    // once.
     void Process();
 
 private:
     bool FinishOpening(std::chrono::steady_clock::time_point deadline);
-    static int Receive(sd_bus_message* message, void* self, sd_bus_error* error);
+    static int Receive(sd_bus_message* message, void* self, sd_bus_error* error) noexcept;
     bool Flush(std::chrono::steady_clock::time_point deadline);
     pollfd PollEntryLocked(int& timeout);
     void GiveUp();

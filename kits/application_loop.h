@@ -2,7 +2,6 @@
 // What the application's message loop waits for: its queue, the quit signals and the session bus.
 #pragma once
 
-#include "kits/BApplication.h"
 #include "kits/BMessage.h"
 #include "kits/SessionBus.h"
 
@@ -10,8 +9,9 @@
 #include <mutex>
 #include <vector>
 
-// Turns SIGTERM and SIGINT into something to poll for, for its lifetime. They are blocked in the thread that
-// makes it and in those which that thread starts from then on; what comes and nobody takes is dropped.
+// Turns SIGTERM and SIGINT into something to poll for, as long as it lives. It blocks them in the thread that
+// makes it and in the threads which that one starts from then on. Signals that nobody has asked for are
+// dropped at the end.
 class QuitSignals {
 public:
     QuitSignals();
@@ -20,20 +20,20 @@ public:
     QuitSignals& operator=(const QuitSignals&) = delete;
 
     int Descriptor() const { return _descriptor; }
-    // Returns whether a signal has come since it was last asked.
-    bool Take();
+    // Returns whether a signal has come since this was last asked.
+    bool HaveCome();
 
 private:
     sigset_t _before;
     int _descriptor = -1;
 };
 
-class BApplication::Loop {
+class ApplicationLoop {
 public:
-    Loop();
-    ~Loop();
-    Loop(const Loop&) = delete;
-    Loop& operator=(const Loop&) = delete;
+    ApplicationLoop();
+    ~ApplicationLoop();
+    ApplicationLoop(const ApplicationLoop&) = delete;
+    ApplicationLoop& operator=(const ApplicationLoop&) = delete;
 
     // From any thread.
     void Post(const BMessage& message);
@@ -42,7 +42,6 @@ public:
     std::vector<BMessage> Wait(QuitSignals& signals);
 
     SessionBus bus;
-    bool has_run = false;
 
 private:
     std::mutex _mutex;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// Files and directories, and where the platform's fixed paths lie here.
 #include "kits/storage.h"
 
 #include <cstdlib>
@@ -21,13 +20,13 @@ bool HasPlatformHome() {
     return std::filesystem::is_directory(kHome, error);
 }
 
-// Returns the variable's value when it is an absolute path, else the empty text.
+// Returns the variable's value where it is an absolute path, else the empty text.
 std::string DirectoryVariable(const char* name) {
     const char* value = std::getenv(name);
     return value && value[0] == '/' ? value : "";
 }
 
-// Returns where a Linux user's settings lie, or the empty text when the environment does not tell.
+// Returns where a Linux user's settings lie, or the empty text where the environment does not tell.
 std::string UserSettingsDirectory() {
     std::string directory = DirectoryVariable("XDG_CONFIG_HOME");
     if (!directory.empty())
@@ -36,7 +35,7 @@ std::string UserSettingsDirectory() {
     return directory.empty() ? directory : directory + "/.config";
 }
 
-// Opens a file for reading without ever waiting for its other end; -1 for a failure.
+// Returns -1 for a failure. Does not wait for the other end of a pipe.
 int OpenToRead(const std::string& path) {
     return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
 }
@@ -53,7 +52,7 @@ std::string ks_resolve_path(const std::string& path) {
 }
 
 void ks_create_settings_directory() {
-    // Nowhere but on the platform itself may /boot/home come into being: its presence moves every path.
+    // Only the platform itself makes /boot/home: where it exists, it moves every path.
     const std::string directory = ks_resolve_path(std::string(kSettings));
     if (directory == kSettings && !HasPlatformHome())
         return;

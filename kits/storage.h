@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Files and directories: BPath, BFile, BEntry, BDirectory and where the platform's fixed paths lie here.
+// Files and directories, and where the platform's fixed paths lie here.
 #pragma once
 
 #include <cstddef>
@@ -13,18 +13,17 @@ constexpr status_t B_ERROR = -1;
 constexpr unsigned B_READ_ONLY = 0;
 constexpr std::size_t B_FILE_NAME_LENGTH = 256;
 
-// Returns where a path of the platform lies. Where the directory /boot/home exists it is the path itself;
-// elsewhere "/boot/home/config/settings/X" lies at ${XDG_CONFIG_HOME:-$HOME/.config}/X. A variable that is
-// not an absolute path is ignored; with neither variable the path is returned as it is. Any other path is
-// itself.
+// Returns where a path of the platform lies. "/boot/home/config/settings/X" lies at
+// ${XDG_CONFIG_HOME:-$HOME/.config}/X, unless the directory /boot/home exists. A variable that holds no
+// absolute path is ignored. Every other path, or this one without either variable, is returned as it is.
 std::string ks_resolve_path(const std::string& path);
 
 // Creates the directory in which settings lie ("/boot/home/config/settings"), with its parents, if it is
 // missing; it never creates /boot/home. Failures are silent.
 void ks_create_settings_directory();
 
-// Opens the file at a platform path for reading; the caller closes it. Null when it cannot be read or is no
-// regular file. Never waits.
+// Opens the file at a platform path for reading; the caller closes it. Returns null when it cannot be read or
+// is not a regular file. Never waits.
 std::FILE* ks_open_regular_file(const std::string& path);
 
 class BPath {
@@ -39,9 +38,9 @@ private:
 
 class BFile {
 public:
-    // Returns B_OK when a file that is no directory can be opened at the platform path `path` as `mode` says
-    // (only B_READ_ONLY). Never waits, whatever kind of file it is. The file is closed again by Unset, SetTo
-    // or the destructor.
+    // Opens the file at a platform path; `mode` is B_READ_ONLY. Returns B_OK when it could be opened and is
+    // not a directory. Never waits, whatever kind of file it is. Unset, SetTo and the destructor close the
+    // file.
     status_t SetTo(const char* path, unsigned mode);
     void Unset();
     BFile() = default;
@@ -70,11 +69,11 @@ public:
     BDirectory(const BDirectory&) = delete;
     BDirectory& operator=(const BDirectory&) = delete;
 
-    // Opens the directory at a platform path; not B_OK when it cannot be read.
+    // Opens the directory at a platform path; returns B_ERROR when it cannot be read.
     status_t SetTo(const char* path);
     status_t Rewind();
-    // Gives the next entry in the directory's order, "." and ".." left out; links are never followed,
-    // whatever `traverse` says. Not B_OK behind the last one.
+    // Gives the next entry in the directory's order, without "." and "..". Never follows links, whatever
+    // `traverse` says. Returns B_ERROR after the last entry.
     status_t GetNextEntry(BEntry* entry, bool traverse = false);
 
 private:

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// UTF-8 text: where it may be cut, and whether it is any.
 #include "kits/utf8.h"
 
 #include <cstdint>
@@ -10,8 +9,8 @@ std::uint8_t ByteAt(std::string_view text, std::size_t index) {
     return static_cast<std::uint8_t>(text[index]);
 }
 
-// Returns the bytes of the well-formed character at the start of `text`, which is not empty; 0 where there
-// is none.
+// Returns the length in bytes of the well-formed character at the start of `text`, or 0 where there is none.
+// `text` is not empty.
 std::size_t CharacterLength(std::string_view text) {
     const std::uint8_t lead = ByteAt(text, 0);
     if (lead < 0x80)

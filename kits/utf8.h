@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// UTF-8 text: where it may be cut, and whether it is any.
+// Cuts and checks UTF-8 text.
 #pragma once
 
 #include <cstddef>

@@ -43,6 +43,10 @@ void KSApplication::BroadcastStarting(const BMessage& message) {
         ForEachControl(*this, [](KSControl& control) { control.Settle(); });
 }
 
+bool KSApplication::AcceptsBroadcast(std::uint32_t code) const {
+    return code == kSettingsChanged;
+}
+
 void KSApplication::RevertEditors() {
     std::vector<KSControl*> reverted;
     ForEachControl(*this, [&](KSControl& control) {

@@ -19,6 +19,8 @@ public:
     void MessageReceived(BMessage* message) override;
     // kSettingsChanged settles every editor of the windows.
     void BroadcastStarting(const BMessage& message) override;
+    // Only kSettingsChanged: no other program can send commands.
+    bool AcceptsBroadcast(std::uint32_t code) const override;
 
 private:
     void RevertEditors();

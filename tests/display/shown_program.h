@@ -26,13 +26,19 @@
 #include <future>
 #include <stdexcept>
 
+// Has a test's functions run on the main thread, in order with the program's own.
+class TestDisplay : public DisplayServer {
+public:
+    void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
+};
+
 class ShownProgram : public UsedProgram {
 public:
     // Starts the program and calls `use` on a thread of its own once the window is on the screen and has its
     // values; returns when the program has ended. It is told to when `use` returns.
     static void Run(const std::function<void(ShownProgram&)>& use) {
         const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
-        DisplayServer server;
+        TestDisplay server;
         ShownProgram(server, use).RunUsed(server);
     }
 
@@ -118,7 +124,7 @@ public:
 private:
     static constexpr std::chrono::seconds kPatience{20};
 
-    ShownProgram(DisplayServer& server, const std::function<void(ShownProgram&)>& use)
+    ShownProgram(TestDisplay& server, const std::function<void(ShownProgram&)>& use)
         : UsedProgram([this, use] {
               try {
                   use(*this);
@@ -129,7 +135,7 @@ private:
           }),
           _server(server) {}
 
-    DisplayServer& _server;
+    TestDisplay& _server;
 };
 
 // Each test has a home of its own.

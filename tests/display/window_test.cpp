@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // The window as a whole: its default button, its close box, its end, and that nothing is cut off.
 #include "tests/display/shown_program.h"
+#include "toolkit/KSContainer.h"
 
 #include <QColorDialog>
 #include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QLabel>
+
+#include <unistd.h>
 
 using namespace config;
 
@@ -118,6 +121,48 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
 
 INSTANTIATE_TEST_SUITE_P(All, Language, ::testing::Values("english", "deutsch", "francais", "polski"),
                          [](const auto& test) { return test.param; });
+
+TEST_F(Window, GivesSpareHeightToListsAndEditors) {
+    ShownProgram::Run([](ShownProgram& program) {
+        const auto rest = program.OnScreen([&] {
+            program.Top()->resize(600, 1500);
+            return program.Top()->height() - program.Categories()->mapTo(program.Top(), QPoint()).y() -
+                   program.Categories()->height();
+        });
+        program.OnScreen([&] {
+            EXPECT_LT(rest, 4 * program.Button("OK")->height());
+            EXPECT_GT(program.Categories()->height(), 1200);
+        });
+    });
+}
+
+using WindowDeathTest = Window;
+
+TEST_F(WindowDeathTest, IsShownOnce) {
+    EXPECT_DEATH(ShownProgram::Run([](ShownProgram& program) { program.Windows().front()->Show(); }),
+                 "PutOnScreen: assertion");
+}
+
+TEST(Server, ThrowsOnWhatAMirrorThrowsWhileShowWaits) {
+    struct Unmeasurable : KSListView {
+        Unmeasurable() : KSListView(nullptr, 0) {}
+        KSPoint<long> MinSize() override { throw std::runtime_error("no size"); }
+    };
+    const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
+    TestApplication app;
+    app.on_ready = [] {
+        auto* container = new KSContainer({0, 0, 9, 9}, nullptr);
+        container->SetContent(new Unmeasurable);
+        auto* window = new BWindow({0, 0, 9, 9}, "never seen");
+        window->AddChild(container);
+        window->Show();
+    };
+    DisplayServer server;
+    alarm(60);  // a Show that waits for ever ends the test by this signal
+    EXPECT_THROW(app.Run(&server), std::runtime_error);
+    alarm(0);
+}
 
 TEST(Server, ShowReturnsWhenTheLoopHasEnded) {
     const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");

@@ -116,6 +116,22 @@ TEST(Roster, TakesFloodsAndIgnoresWhatIsNotItsSignal) {
     EXPECT_EQ(app.received.Entries(), std::vector(kFlood, kNotice));
 }
 
+TEST(Roster, BringsOnlyCodesThatTheApplicationAccepts) {
+    struct Choosy : TestApplication {
+        bool AcceptsBroadcast(std::uint32_t code) const override { return code == kNotice; }
+    } app;
+    PrivateBus bus;
+    RunBeside(app, nullptr, [&] {
+        bus.Settle();
+        for (const char* code : {"OKAY", "_QRQ", "fAPL"})
+            EXPECT_EQ(ChildProcess({LISTENER, code}).End(), 0);
+        EXPECT_TRUE(app.received.WaitFor(1));
+        BroadcastCode(kOther);  // its own come back whatever it accepts
+        EXPECT_TRUE(app.received.WaitFor(2));
+    });
+    EXPECT_EQ(app.received.Entries(), (std::vector{kNotice, kOther}));
+}
+
 TEST(Roster, OutlivesItsBusWithoutSpinning) {
     PrivateBus bus;
     TestApplication app;

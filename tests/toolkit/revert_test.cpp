@@ -75,4 +75,11 @@ TEST_F(ToolkitApplication, CreatesTheSettingsDirectoryAndOpensTheCatalog) {
     Application([] { EXPECT_STREQ(ks_locale->String(1, "OK"), "Gut"); }).Run();
 }
 
+TEST_F(ToolkitApplication, TakesNoCommandsFromOtherPrograms) {
+    const Application app([] {});
+    EXPECT_TRUE(app.AcceptsBroadcast(ks_message_code("fAPL")));
+    for (const std::uint32_t command : {ks_message_code("OKAY"), ks_message_code("RSCO"), B_QUIT_REQUESTED})
+        EXPECT_FALSE(app.AcceptsBroadcast(command)) << command;
+}
+
 }  // namespace
