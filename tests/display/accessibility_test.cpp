@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QAccessibleInterface>
-#include <QDialog>
 
 #include <cmath>
 #include <map>
@@ -102,7 +101,7 @@ TEST_F(Accessibility, OpensAColorFieldByItsAction) {
                 ->actionInterface()
                 ->doAction(QAccessibleActionInterface::pressAction());
         });
-        EXPECT_TRUE(program.Eventually([&] { return program.Top()->findChild<QDialog*>() != nullptr; }));
+        program.OpenedDialog<QDialog>();
     });
 }
 

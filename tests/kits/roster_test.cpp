@@ -121,7 +121,7 @@ TEST(Roster, BringsOnlyCodesThatTheApplicationAccepts) {
     RunBeside(app, nullptr, [&] {
         bus.Settle();
         for (const char* code : {"OKAY", "_QRQ", "fAPL"})
-            EXPECT_EQ(ChildProcess({ROSTER_PEER, code}).End(), 0);
+            EXPECT_EQ(ChildProcess({NYMBREL_LISTENER, code}).End(), 0);
         EXPECT_TRUE(app.received.WaitFor(1));
         BroadcastCode(kOther);  // its own come back whatever it accepts
         EXPECT_TRUE(app.received.WaitFor(2));

@@ -1,11 +1,9 @@
 // SPDX-License-Identifier: MIT
-// What a settings file means, worked out on the whole text with patterns: the oracle of the settings tests.
+// The values of a settings file, and the file that holds them: the oracle of the settings tests.
 #pragma once
 
 #include <array>
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace reference {
 
@@ -36,11 +34,6 @@ struct settings {
 
 // Sets every pen to what Reset colors gives.
 void reset_colors(settings& values, bool beos_conform);
-
-// Applies the bytes of a file. `languages` are the names in the list; `readable` tells whether a path names
-// a file that can be read.
-void read(settings& values, const std::string& bytes, const std::vector<std::string>& languages,
-          const std::function<bool(const std::string&)>& readable);
 
 // Returns the bytes of the file that holds `values`.
 std::string write(const settings& values);
