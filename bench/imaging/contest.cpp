@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "bench/imaging/contest.h"
 
-#include "tests/instruction_sets.h"
+#include "tests/support/levels.h"
 
 #include <algorithm>
 #include <chrono>
@@ -38,15 +38,15 @@ void Contest::Add(Kind kind, std::string name, Picture picture, Step pass, Step 
 }
 
 void Contest::AddOwn(Picture picture, const Step& pass, const Step& restore, const Step& reveal) {
-    std::vector<InstructionSet> sets = RunnableInstructionSets();
-    std::reverse(sets.begin(), sets.end());
-    for (const InstructionSet set : sets) {
-        const bool newest = set == DetectedInstructionSet();
+    std::vector<Level> levels = Levels();
+    std::reverse(levels.begin(), levels.end());
+    for (const Level level : levels) {
+        const bool newest = level == DetectedLevel();
         Add(
             newest ? Kind::kOurs : Kind::kLevel,
-            newest ? "ksimaging" : std::string("ksimaging ") + NameOf(set), picture,
-            [set, pass] {
-                const ScopedInstructionSet held(set);
+            newest ? "ksimaging" : std::string("ksimaging ") + NameOf(level), picture,
+            [level, pass] {
+                const ScopedLevel held(level);
                 pass();
             },
             restore);
