@@ -77,7 +77,7 @@ TEST(Utf8, IsCutAtTheLimitWhereItIsNone) {
     EXPECT_EQ(ks_utf8_cut(std::string(80, '\xC3'), 63).size(), 63u);
 }
 
-TEST(Font, CutsNamesAndKeepsUsableSizes) {
+TEST(Font, CutsNamesAndKeepsEverySize) {
     BFont font;
     const std::string family = std::string(62, 'a') + "\xC3\xA9", style(100, 's');
     font.SetFamilyAndStyle(family.c_str(), style.c_str());
@@ -89,11 +89,12 @@ TEST(Font, CutsNamesAndKeepsUsableSizes) {
     EXPECT_STREQ(style_copy, std::string(63, 's').c_str());
     font.GetFamilyAndStyle(nullptr, nullptr);
 
-    font.SetSize(12.5f);
-    constexpr float kInfinity = std::numeric_limits<float>::infinity();
-    for (const float unusable : {0.0f, -1.0f, kInfinity, -kInfinity, std::nanf("")})
-        font.SetSize(unusable);
-    EXPECT_EQ(font.Size(), 12.5f);
+    for (const float size : {12.5f, 0.0f, -1.0f, std::numeric_limits<float>::infinity(), std::nanf("")}) {
+        const BFont before = font;
+        font.SetSize(size);
+        EXPECT_EQ(font, BFont(font)) << size;
+        EXPECT_NE(font, before) << size;
+    }
 
     font.SetFamilyAndStyle(nullptr, nullptr);
     EXPECT_EQ(font.Family() + font.Style(), "");
