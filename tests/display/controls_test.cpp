@@ -102,11 +102,11 @@ TEST_F(Controls, CheckBoxCycleAndListGoBothWays) {
     std::filesystem::create_directories(home.CatalogsDirectory() / "deutsch");
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(3);
-        const auto box = [&] { return program.Named<QCheckBox>("Use Bubblehelp"); };
+        auto* box = program.OnScreen([&] { return program.Named<QCheckBox>("Use Bubblehelp"); });
         const auto combo = [&] { return program.Named<QComboBox>("Look"); };
         const auto list = [&] { return program.Named<QListWidget>("Language"); };
         program.OnScreen([&] {
-            QTest::keyClick(box(), Qt::Key_Space);
+            QTest::keyClick(box, Qt::Key_Space);
             QTest::keyClick(combo(), Qt::Key_Down);
             ShownProgram::ClickRow(list(), 1);
         });
@@ -114,11 +114,13 @@ TEST_F(Controls, CheckBoxCycleAndListGoBothWays) {
         EXPECT_EQ(_look->CurrentSelection(), 1);
         EXPECT_EQ(_llist->CurrentSelection(), 1);
 
+        _bubblehelp->SetLabel("Balloons", true);
         _bubblehelp->SetValue(true);
         _look->SelectLabel("BeOS");
         _llist->Select(0, false);
         EXPECT_TRUE(program.Eventually([&] {
-            return box()->isChecked() && combo()->currentIndex() == 0 && list()->item(0)->isSelected();
+            return box->isChecked() && box->accessibleName() == u"Balloons" && combo()->currentIndex() == 0 &&
+                   list()->item(0)->isSelected();
         }));
     });
 }

@@ -42,6 +42,11 @@ public:
         ShownProgram(server, use).RunUsed(server);
     }
 
+    bool QuitRequested() override {
+        quits.Add(B_QUIT_REQUESTED);
+        return UsedProgram::QuitRequested();
+    }
+
     // Runs `function` on the main thread and returns what it returns.
     template <class Function> auto OnScreen(Function function) {
         std::packaged_task<decltype(function())()> task(std::move(function));
@@ -120,6 +125,8 @@ public:
         QApplication::sendEvent(widget, &drop);
         return drop.isAccepted();
     }
+
+    Journal<std::uint32_t> quits;  // an entry each time that the program is told to end
 
 private:
     static constexpr std::chrono::seconds kPatience{20};

@@ -33,6 +33,7 @@ TEST_F(Window, ClosingEndsTheProgramAndStoresNothing) {
     ShownProgram::Run([](ShownProgram& program) {
         _mousetime->SetValue(40000);
         program.OnScreen([&] { EXPECT_TRUE(program.Top()->close()); });
+        EXPECT_TRUE(program.quits.WaitFor(1));
     });
     EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
 }
