@@ -35,7 +35,7 @@ public:
     KSPoint<long> MinSize() override;
     // Nothing can be dragged out of the list.
     void DraggingRequested(KSPoint<long> where, BMessage* message) override;
-    // Shows the selected category's group alone; without a selection, or a lock, the present one stays.
+    // Shows only the selected category's group. Without a selection, or without the lock, nothing changes.
     void SelectionChanged() override;
 };
 
@@ -59,7 +59,7 @@ public:
     // Builds and shows the window, and puts the defaults and the settings file's values into it.
     void ReadyToRun() override;
     void MessageReceived(BMessage* message) override;
-    // Always agrees: what was not applied is dropped.
+    // Always agrees. Edits that were not applied are lost.
     bool QuitRequested() override;
     // Settles nothing after a write that failed: Revert still comes back to what the file holds.
     void BroadcastStarting(const BMessage& message) override;

@@ -2,9 +2,9 @@
 // Scaling, rotation and transformation of pixel arrays.
 #include "bitmaptools/KSBitmapTools.h"
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/instruction_set.h"
-#include "hdr/ks_turn.h"
+#include "bitmaptools/levels.h"
+#include "bitmaptools/turn.h"
+#include "simd/level.h"
 
 #include <cmath>
 #include <cstddef>
@@ -16,18 +16,18 @@ namespace ks_bitmaptools {
 
 using namespace ks_simd;
 
-const PixelFunctions& ActivePixelFunctions() {
+const LevelFunctions& ActiveFunctions() {
 #if defined(__x86_64__)
-    switch (ActiveInstructionSet()) {
-    case InstructionSet::kAvx512:
-        return functions_avx512;
-    case InstructionSet::kAvx2:
-        return functions_avx2;
-    case InstructionSet::kBaseline:
+    switch (ActiveLevel()) {
+    case Level::kAvx512:
+        return level_avx512;
+    case Level::kAvx2:
+        return level_avx2;
+    case Level::kBaseline:
         break;
     }
 #endif
-    return functions_baseline;
+    return level_baseline;
 }
 
 }  // namespace ks_bitmaptools
@@ -76,20 +76,20 @@ KSPoint<std::int64_t> FixedPoint(KSPoint<double> point) {
             static_cast<std::int64_t>(std::floor(point.y * kOne))};
 }
 
-void Rotate(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre, double angle,
+void Rotate(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center, double angle,
             const std::uint32_t* source, std::uint32_t* destination, std::uint32_t source_row_length,
             std::uint32_t destination_row_length, AxisFunction rotate) {
-    if (!FitsPlane(source_rect) || !FitsPlane(destination_rect) || !FitsPlane(centre) ||
+    if (!FitsPlane(source_rect) || !FitsPlane(destination_rect) || !FitsPlane(center) ||
         !std::isfinite(angle))
         return;
     source_rect = Shifted(source_rect);
     destination_rect = Shifted(destination_rect);
-    centre = Shifted(centre);
+    center = Shifted(center);
     const ks_turn turn = ks_turn::By(angle);
     const auto rotated = [&](long x, long y, const ks_turn& by) {
-        const double dx = static_cast<double>(x) - centre.x, dy = static_cast<double>(y) - centre.y;
-        return KSPoint<double>(centre.x + dx * by.cosine + dy * by.sine,
-                               centre.y + dy * by.cosine - dx * by.sine);
+        const double dx = static_cast<double>(x) - center.x, dy = static_cast<double>(y) - center.y;
+        return KSPoint<double>(center.x + dx * by.cosine + dy * by.sine,
+                               center.y + dy * by.cosine - dx * by.sine);
     };
     const long width = source_rect.PixelWidth(), height = source_rect.PixelHeight();
     const auto top_left = FixedPoint(rotated(source_rect.left, source_rect.top, turn));
@@ -157,7 +157,7 @@ void KSBitmapTools::ScalePlain(std::int32_t source_width, std::int32_t source_he
                                std::int32_t source_row_length, std::int32_t destination_row_length) {
     Scale({source, source_width, source_height, source_row_length},
           {destination, destination_width, destination_height, destination_row_length}, 0,
-          ActivePixelFunctions().scale_plain);
+          ActiveFunctions().scale_plain);
 }
 
 void KSBitmapTools::ScaleBiLin(std::int32_t source_width, std::int32_t source_height,
@@ -166,23 +166,23 @@ void KSBitmapTools::ScaleBiLin(std::int32_t source_width, std::int32_t source_he
                                std::int32_t source_row_length, std::int32_t destination_row_length) {
     Scale({source, source_width, source_height, source_row_length},
           {destination, destination_width, destination_height, destination_row_length}, kHalfPixelBack,
-          ActivePixelFunctions().scale_bilinear);
+          ActiveFunctions().scale_bilinear);
 }
 
 void KSBitmapTools::RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect,
-                                KSPoint<double> centre, double angle, const std::uint32_t* source,
+                                KSPoint<double> center, double angle, const std::uint32_t* source,
                                 std::uint32_t* destination, std::uint32_t source_row_length,
                                 std::uint32_t destination_row_length) {
-    Rotate(source_rect, destination_rect, centre, angle, source, destination, source_row_length,
-           destination_row_length, ActivePixelFunctions().rotate_plain);
+    Rotate(source_rect, destination_rect, center, angle, source, destination, source_row_length,
+           destination_row_length, ActiveFunctions().rotate_plain);
 }
 
 void KSBitmapTools::RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect,
-                                KSPoint<double> centre, double angle, const std::uint32_t* source,
+                                KSPoint<double> center, double angle, const std::uint32_t* source,
                                 std::uint32_t* destination, std::uint32_t source_row_length,
                                 std::uint32_t destination_row_length) {
-    Rotate(source_rect, destination_rect, centre, angle, source, destination, source_row_length,
-           destination_row_length, ActivePixelFunctions().rotate_bilinear);
+    Rotate(source_rect, destination_rect, center, angle, source, destination, source_row_length,
+           destination_row_length, ActiveFunctions().rotate_bilinear);
 }
 
 void KSBitmapTools::TransformPlain(KSRect<long> source_rect, KSPoint<double> top_left,
@@ -191,7 +191,7 @@ void KSBitmapTools::TransformPlain(KSRect<long> source_rect, KSPoint<double> top
                                    const std::uint32_t* source, std::uint32_t* destination,
                                    std::uint32_t source_row_length, std::uint32_t destination_row_length) {
     Transform(source_rect, {top_left, top_right, bottom_right, bottom_left}, 0, 1, destination_rect, source,
-              destination, source_row_length, destination_row_length, ActivePixelFunctions().transform_plain);
+              destination, source_row_length, destination_row_length, ActiveFunctions().transform_plain);
 }
 
 void KSBitmapTools::TransformBiLin(KSRect<long> source_rect, KSPoint<double> top_left,
@@ -201,5 +201,5 @@ void KSBitmapTools::TransformBiLin(KSRect<long> source_rect, KSPoint<double> top
                                    std::uint32_t source_row_length, std::uint32_t destination_row_length) {
     Transform(source_rect, {top_left, top_right, bottom_right, bottom_left}, -0.1, 1.1, destination_rect,
               source, destination, source_row_length, destination_row_length,
-              ActivePixelFunctions().transform_bilinear);
+              ActiveFunctions().transform_bilinear);
 }

@@ -11,14 +11,14 @@
 // Stateless operations on pixel arrays that the caller owns.
 //
 // A pixel is 0xAARRGGBB in host byte order; its colour is straight, not multiplied by its alpha. Pointers
-// address the top-left pixel, and a row length is the distance in pixels from one row to the next, at least
-// the width. The source is only read, and only inside its width and height; source and destination must not
-// overlap. A destination pixel that has no source position is neither read nor written, nor is anything
-// beside the destination's width and height, so threads may work on disjoint parts of one image.
+// point to the top left pixel. A row length is the distance in pixels from one row to the next, at least the
+// width. Source and destination must not overlap. The source is only read, and only inside its width and
+// height. A destination pixel without a source position is neither read nor written, and neither is anything
+// outside the destination's width and height, so threads may work on disjoint parts of one image.
 //
-// No argument values are an error: sizes of zero or less, rectangles that are not valid or leave the 32-bit
-// range and, in rotations, an angle that is not finite or a centre outside that range write nothing. Nothing
-// but NoiseRemover allocates memory or fails.
+// No argument values are an error. Nothing is written for a size of zero or less, or for a rectangle that is
+// invalid or leaves the 32-bit range. A rotation also writes nothing if its angle is not finite, or if its
+// centre lies outside that range. Only NoiseRemover allocates memory and can fail.
 //
 // The BiLin operations sample the four neighbours of a position in 1/4096 of a pixel, weighted by area and
 // alpha. With ix, iy the whole and fx, fy the fractional part of the position:
@@ -29,8 +29,8 @@
 //     W      = sum of the weights
 //     alpha  = W >> 16,  colour = sum of colour * weight, divided by W and rounded down
 //
-// A neighbour outside the source is transparent black. Where W is 0 the result is the word 0. All positions
-// and colours are the same on every processor.
+// A neighbour outside the source is transparent black. Where W is 0 the result is the word 0. Positions and
+// colours are the same on every processor.
 class KS_EXPORT KSBitmapTools {
 public:
     KSBitmapTools() = delete;
@@ -42,61 +42,62 @@ public:
                            const std::uint32_t* source, std::uint32_t* destination,
                            std::int32_t source_row_length, std::int32_t destination_row_length);
 
-    // Scales bilinearly, with the steps of ScalePlain from the position (-2047, -2047) / 4096 on, so that the
-    // top row and left column of the result are partly transparent. Where the image is enlarged, half a
-    // source pixel fades out there; on the other two sides too, if it is more than doubled.
+    // Scales bilinearly. The positions have the steps of ScalePlain and start at (-2047, -2047) / 4096, so
+    // the top row and the left column of the result are partly transparent. In an enlarged image half a
+    // source pixel fades out there, and if it is more than doubled, on the other two sides too.
     static void ScaleBiLin(std::int32_t source_width, std::int32_t source_height,
                            std::int32_t destination_width, std::int32_t destination_height,
                            const std::uint32_t* source, std::uint32_t* destination,
                            std::int32_t source_row_length, std::int32_t destination_row_length);
 
-    // Rotates about `centre` by `angle` radians and copies the source pixel at the position rounded down: for
-    // pi / 2 the content to the right of the centre moves to above the centre. Both rectangles (inclusive)
-    // and the centre lie in one plane of pixel coordinates, whose x is to the right and whose y is downwards.
+    // Rotates about `center` by `angle` radians: pi / 2 moves the content to the right of the centre to above
+    // the centre. Each pixel takes the source pixel at its position rounded down. Both rectangles (inclusive)
+    // and the centre lie in one plane of pixel coordinates; x grows to the right and y downwards.
     //
     // Positions are stepped in 1/4096 of a pixel from the destination rectangle's top left on, and drift by
-    // up to 1/4096 for each column and row. So a part that is rotated by itself differs a little from that
-    // part of the whole; transforms have no drift.
-    static void RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre,
+    // up to 1/4096 for each column and row. A part that is rotated by itself therefore differs a little from
+    // that part of the whole. Transforms have no drift.
+    static void RotatePlain(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center,
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 
-    // RotatePlain, sampled bilinearly. There is no half-pixel offset.
-    static void RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> centre,
+    // Rotates like RotatePlain, but samples bilinearly. There is no half-pixel offset.
+    static void RotateBiLin(KSRect<long> source_rect, KSRect<long> destination_rect, KSPoint<double> center,
                             double angle, const std::uint32_t* source, std::uint32_t* destination,
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 
-    // Maps the source rectangle bilinearly onto the quadrilateral whose corners say where its corners go (the
-    // right and lower ones are where its last pixels end), and copies the source pixel at the position
-    // rounded down. Where the top and bottom sides have the same width (rounded down), the top-left corner is
-    // moved right by 0.1; where the left and right sides have the same height, it is moved down by 0.1. Top
-    // and bottom sides that are parallel even so write nothing: those of a parallelogram whose top goes down
-    // to the right at 45 degrees, or of a slanting trapezoid. Nor do corners that go round the other way (a
-    // mirror image) or are not finite. Rectangles (inclusive) and corners lie in one plane of pixel
-    // coordinates.
+    // Maps the source rectangle bilinearly onto the quadrilateral with these corners; the right and lower
+    // ones are where its last pixels end. Each pixel takes the source pixel at its position rounded down.
+    // Rectangles (inclusive) and corners lie in one plane of pixel coordinates.
+    //
+    // If the top and bottom sides have the same width (rounded down), the top left corner is moved right by
+    // 0.1; if the left and right sides have the same height, it is moved down by 0.1. Nothing is written if
+    // top and bottom are still parallel, as in a parallelogram whose top goes down to the right at 45 degrees
+    // or in a slanting trapezoid, nor for corners that are not finite or go round the other way (a mirror
+    // image).
     static void TransformPlain(KSRect<long> source_rect, KSPoint<double> top_left, KSPoint<double> top_right,
                                KSPoint<double> bottom_right, KSPoint<double> bottom_left,
                                KSRect<long> destination_rect, const std::uint32_t* source,
                                std::uint32_t* destination, std::uint32_t source_row_length,
                                std::uint32_t destination_row_length);
 
-    // TransformPlain, sampled bilinearly half a pixel up and to the left, up to a tenth of the source's size
-    // beyond its sides.
+    // Transforms like TransformPlain, but samples bilinearly, half a pixel further up and to the left, and up
+    // to a tenth of the source's size beyond its sides.
     static void TransformBiLin(KSRect<long> source_rect, KSPoint<double> top_left, KSPoint<double> top_right,
                                KSPoint<double> bottom_right, KSPoint<double> bottom_left,
                                KSRect<long> destination_rect, const std::uint32_t* source,
                                std::uint32_t* destination, std::uint32_t source_row_length,
                                std::uint32_t destination_row_length);
 
-    // Replaces isolated specks of an image of width * height bytes without gaps between the rows, in place.
+    // Replaces isolated specks in an image of width * height bytes without gaps between the rows, in place.
     // Bytes are compared for equality only, so they may be grey levels or indices.
     //
-    // A pixel is a speck if its value is that of none of its eight neighbours and of fewer than `threshold`
-    // pixels of the square of `radius` around it, whose centre row and centre column do not count. It takes
-    // the value beside it (left or right; where one is missing, the other) that is the more frequent on its
-    // own row up to `radius` away, the right one on a tie. All tests see the image as it was. An image one
-    // pixel wide is left as it is. Throws std::bad_alloc, with the image untouched, if there is no memory for
-    // a copy of it.
+    // A pixel is a speck if none of its eight neighbours has its value, and fewer than `threshold` pixels of
+    // the square of `radius` around it have it; the centre row and centre column of the square do not count.
+    // The speck takes the value to its left or right (at a side of the image the only one there is),
+    // whichever is more frequent on its row up to `radius` away; on a tie, the right one. All tests see the
+    // image as it was. An image one pixel wide stays as it is. Throws std::bad_alloc, with the image
+    // untouched, if there is no memory for a copy of it.
     static void NoiseRemover(std::uint8_t* image, std::uint32_t width, std::uint32_t height,
                              std::uint8_t radius, std::uint8_t threshold);
 };

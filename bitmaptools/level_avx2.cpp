@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pixel functions compiled for AVX2.
+// The pixel functions for x86-64 processors with AVX2.
 #include "bitmaptools/level_inl.h"
 
-const ks_bitmaptools::PixelFunctions ks_bitmaptools::functions_avx2 = kPixelFunctions;
+const ks_bitmaptools::LevelFunctions ks_bitmaptools::level_avx2 = kLevel;

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The pixel functions compiled for what every processor has.
+// The pixel functions for every processor.
 #include "bitmaptools/level_inl.h"
 
-const ks_bitmaptools::PixelFunctions ks_bitmaptools::functions_baseline = kPixelFunctions;
+const ks_bitmaptools::LevelFunctions ks_bitmaptools::level_baseline = kLevel;

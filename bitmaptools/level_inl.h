@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The table of pixel functions of one instruction set, with all that it points to.
+// The table of one level, with all that it points to.
 #pragma once
 
 #include "bitmaptools/noise_inl.h"
@@ -10,7 +10,7 @@
 namespace ks_bitmaptools {
 namespace {
 
-constexpr PixelFunctions kPixelFunctions = {
+constexpr LevelFunctions kLevel = {
     ScalePlain,           ScaleBilinear, RotatePlainAny, RotateBilinearAny, TransformPlainAny,
     TransformBilinearAny, FindLonelyAny, CountEqual,     SumBytes,          SumHalves};
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Comparing and counting bytes for the noise remover; included once for each instruction set.
+// Comparing and counting bytes for the noise remover; included once for each level.
 #pragma once
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/vectors.h"
+#include "bitmaptools/levels.h"
+#include "simd/vectors.h"
 
 #include <utility>
 
@@ -14,14 +14,13 @@ using namespace ks_simd;
 
 constexpr std::int64_t kByteLanes = kVectorBytes;
 
-// Returns a bit for each of the pixels from `x` on that equals none of its neighbours, which have to lie in
-// the rows.
+// Returns a bit for each pixel from `x` on that equals none of its neighbours. These have to lie in the rows.
 template <bool kOneRow>
 KS_INLINE std::uint64_t LonelyLanes(const std::uint8_t* above, const std::uint8_t* row,
                                     const std::uint8_t* below, std::int64_t x) {
     const Bytes value = load<Bytes>(row + x);
     Bytes lowest = least(value ^ load<Bytes>(row + x - 1), value ^ load<Bytes>(row + x + 1));
-    if (kOneRow || !any(lowest))  // where an image is quiet, its rows alone tell
+    if (kOneRow || !any(lowest))  // in quiet images the row alone tells
         return nonzero_bytes(lowest);
     for (int dx = -1; dx <= 1; ++dx) {
         lowest = least(lowest, value ^ load<Bytes>(above + x + dx));
@@ -60,7 +59,7 @@ std::int64_t FindLonely(const std::uint8_t* const (&rows)[3], std::int64_t width
         std::int64_t x = inner_first;
         for (; x <= inner_last - kByteLanes; x += kByteLanes)
             take(LonelyLanes<kOneRow>(above, row, below, x), x);
-        // The last vector overlaps the one before it rather than leave pixels over.
+        // The last vector overlaps the one before it, so that no pixels are left.
         const std::int64_t at = inner_last - kByteLanes;
         if (x < inner_last)
             take(LonelyLanes<kOneRow>(above, row, below, at) >> (x - at), x);

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Removal of isolated specks from images of one byte per pixel.
 #include "bitmaptools/KSBitmapTools.h"
-#include "bitmaptools/pixel_functions.h"
+#include "bitmaptools/levels.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -88,11 +88,11 @@ public:
     }
 
 private:
-    // Returns the places of the lonely pixels, or nothing if they are so many that histograms take less time.
+    // Returns the places of the lonely pixels, or nothing if there are so many that histograms take less
+    // time.
     std::optional<std::vector<std::int64_t>> FewLonely() {
-        // What comparing a square takes beyond looking it up in histograms, and what these take, in cycles
-        // per lonely pixel and per pixel. At least so much that the list of the former is half an image at
-        // most.
+        // In cycles: what comparing a square takes per row, what looking it up in histograms takes, and what
+        // making these takes per pixel of the image. kLeast keeps the list below half the image's size.
         constexpr std::int64_t kPerRow = 16, kLookUp = 50, kLeast = 96, kHistograms = 6;
         const std::int64_t most =
             _width * _height * kHistograms / std::max((2 * _radius + 1) * kPerRow - kLookUp, kLeast);
@@ -137,8 +137,8 @@ private:
         return count;
     }
 
-    // Returns what takes the place of a speck: the value beside it that is the more frequent on its row, of
-    // which `frequency(value)` tells.
+    // Returns the value that replaces a speck: the one beside it with the higher `frequency(value)` on its
+    // row.
     template <class Frequency>
     std::uint8_t Replacement(std::int64_t x, std::int64_t y, Frequency frequency) const {
         const std::uint8_t* row = Row(y);
@@ -173,8 +173,9 @@ private:
         return count_beside(top, y - top) + count_beside(y + 1, bottom - y) < _threshold;
     }
 
-    // For many lonely pixels: keeps histograms of the columns, over the rows that a square reaches. The way
-    // of Perreault and Hebert, "Median Filtering in Constant Time" (2007), without their second level.
+    // For many lonely pixels: keeps histograms of the columns over the rows that a square reaches. This is
+    // the method of Perreault and Hebert, "Median Filtering in Constant Time" (2007), without their second
+    // level.
     template <class Count> void CleanByHistograms() {
         const std::vector<std::uint8_t> copy(_image, _image + _width * _height);
         ColumnHistograms<Count> histograms(std::min(kStrip + 2 * _radius, _width));
@@ -221,7 +222,7 @@ private:
     std::int64_t _width, _height, _radius, _threshold;
     std::vector<std::uint32_t> _lonely;    // found last
     const std::uint8_t* _before = _image;  // the image as it was
-    const PixelFunctions& _functions = ActivePixelFunctions();
+    const LevelFunctions& _functions = ActiveFunctions();
 };
 
 }  // namespace

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Rotation; included once for each instruction set.
+// Rotation; included once for each level.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"
@@ -7,13 +7,12 @@
 namespace ks_bitmaptools {
 namespace {
 
-// Positions whose offsets are read one by one: 64 bytes take longer from the store to these loads.
+// Vectors of positions whose offsets are then read one by one. After a store of 64 bytes such loads wait longer.
 using Offsets [[gnu::vector_size(kVectorBytes < 64 ? kVectorBytes : 32)]] = std::int32_t;
 
-// Walks the destination in blocks of a row, band by band, and calls `sample(i, j, count, inner)` for each
-// stretch of at most 64 pixels whose positions lie in the source, or less than `margin` before its first or
-// behind its last pixel. `inner` is the part of the stretch, counted from its start, where the position and
-// the next pixel of both axes lie in the source.
+// Walks the destination in blocks of a row, band by band. Calls `sample(i, j, count, inner)` for each stretch of
+// at most 64 pixels whose positions lie in the source, or less than `margin` outside of it. `inner` is the part
+// of the stretch, counted from its start, where the position and the next pixels on both axes lie in the source.
 template <class Function>
 KS_INLINE void WalkRotated(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                            const Axis& y, std::int64_t margin, Function sample) {

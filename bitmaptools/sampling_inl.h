@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Sampling of source pixels at many positions at once; included once for each instruction set.
+// Sampling of source pixels at many positions at once; included once for each level.
 //
-// Work is done in blocks of 64 destination pixels of one row: the neighbours are collected one by one (faster
-// than the processors' gather instructions), then mixed a vector at a time. Rotations and transforms go
-// through bands of 64 rows block by block, which keeps the part of the source that they touch in the cache.
+// The work is done in blocks of 64 destination pixels of one row. Neighbours are collected one by one, which
+// is faster than the processors' gather instructions, then mixed a vector at a time. Rotations and transforms
+// go block by block through bands of 64 rows, so that the part of the source that they touch stays in the
+// cache.
 #pragma once
 
-#include "bitmaptools/pixel_functions.h"
-#include "hdr/vectors.h"
+#include "bitmaptools/levels.h"
+#include "simd/vectors.h"
 
 #include <utility>
 
@@ -49,7 +50,7 @@ Interval Clip(Interval interval, std::int64_t start, std::int64_t step, std::int
     return first < last ? Interval{first, last} : Interval{interval.first, interval.first};
 }
 
-// The neighbours of up to 64 positions and the fractions of these in 1/4096. Lanes that are not in use hold
+// The neighbours of up to 64 positions, and the fractions of the positions in 1/4096. Unused lanes hold
 // anything.
 struct Block {
     alignas(64) std::uint32_t pairs[2][2 * kBlock] = {};  // left and right neighbour of each, in two rows
@@ -85,8 +86,8 @@ KS_INLINE Words Divide(const Words& n, const Words& w, const Floats& reciprocal)
     return q - reinterpret_cast<Words>(remainder >= reinterpret_cast<SignedWords>(w));
 }
 
-// Divides n by w, rounding down, where n <= 255 w and w is a sum of opaque weights: at most 2^24 and less
-// than that by so little that dividing by 2^24 falls short by less than 1.
+// Divides n by w, rounding down, where n <= 255 w and w is a sum of opaque weights: it is at most 2^24, and
+// so close to it that dividing by 2^24 instead falls short by less than 1.
 KS_INLINE Words DivideOpaque(const Words& n, const Words& w) {
     const Words q = n >> 24;
     const SignedWords remainder = reinterpret_cast<SignedWords>((n & 0xFFFFFF) + q * ((1 << 24) - w));
@@ -105,7 +106,7 @@ KS_INLINE Words OpaqueWeights(const Words& shares) {
 }
 
 // Returns the bilinear samples of one vector of positions, as KSBitmapTools.h defines them. kOpaque promises
-// that all neighbours have alpha 255, which leaves the weights close to the shares.
+// that all neighbours have alpha 255, so that the weights are close to the shares.
 template <bool kOpaque>
 KS_INLINE Words Sample(const Words (&neighbours)[4], const Words& fx, const Words& fy) {
     Words weights[4];
@@ -176,7 +177,7 @@ KS_INLINE void CollectPair(const std::uint32_t* words, std::uint32_t* pairs, std
     __builtin_memcpy(pairs + 2 * k, words, 8);
 }
 
-// Copies the words of `from` that `indices` name. Eight at a time, for a loop of one would wait for its
+// Copies the words of `from` at `indices`, eight at a time: a loop of one at a time would wait for its
 // branch.
 template <class Index>
 KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const Index* indices,
@@ -193,8 +194,8 @@ KS_INLINE void CopyIndexed(std::uint32_t* to, const std::uint32_t* from, const I
 template <class Int> struct Positions {
     alignas(64) Int x[kBlock];  // in 1/4096 of a pixel, or whole
     alignas(64) Int y[kBlock];
-    alignas(64) Int offset[kBlock];    // of the source word that holds the position, if there is one
-    alignas(64) Int accepted[kBlock];  // by transforms: 0 for pixels without position
+    alignas(64) Int offset[kBlock];  // of the source word that holds the position, if there is one
+    alignas(64) Int mapped[kBlock];  // 0 for pixels without a position; only transforms use it
 };
 
 // Sets the offsets and fractions of a vector of positions.
@@ -227,8 +228,8 @@ KS_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& po
     }
 }
 
-// Says whether all positions and offsets fit 32 bits: transforms look for them up to a tenth of the source's
-// size beyond its sides.
+// Says whether all positions and offsets fit 32 bits. Transforms have some up to a tenth of the source's size
+// beyond its sides.
 bool IsSmall(const SourcePixels& source) {
     constexpr std::int64_t kMost = 1 << 18, kEnd = std::int64_t{1} << 31;
     static_assert((kMost * 11 / 10 + 1) * kOne <= kEnd);

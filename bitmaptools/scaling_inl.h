@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// Scaling; included once for each instruction set.
+// Scaling; included once for each level.
 //
-// The neighbours of a vector of positions are picked from two vectors of each row, unless they may lie
-// further apart.
+// The neighbours of a vector of positions are picked from two vectors of each row, unless they lie too far
+// apart.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"
@@ -10,7 +10,7 @@
 namespace ks_bitmaptools {
 namespace {
 
-// Returns the words of two vectors, one behind the other, that `indices` name.
+// Returns the words at `indices` in two vectors, one behind the other.
 KS_INLINE Words Pick(const Words& low, const Words& high, const Words& indices) {
 #if defined(__AVX512BW__)
     return reinterpret_cast<Words>(_mm512_permutex2var_epi32(
@@ -34,11 +34,11 @@ constexpr bool kPicks = true;
 constexpr bool kPicks = false;
 #endif
 
-// The positions along a row whose source columns are picked a vector at a time. Those of one vector lie close
-// together unless an image is made much smaller.
+// The positions along a row whose source columns are picked a vector at a time. The columns of one vector lie
+// close together unless an image is made much smaller.
 class PickedRow {
 public:
-    // Of `width` columns; `beyond` more of them are picked with each position.
+    // For a source of `width` columns; with the column of each position, `beyond` more are picked.
     PickedRow(std::int64_t width, std::int64_t step, std::int64_t beyond)
         : _last_base(width - 2 * kLanes),
           _steps(PositionsFrom(0, step)),
@@ -47,13 +47,13 @@ public:
 
     bool CanPick() const { return _can_pick; }
 
-    // Two vectors of columns from `base` on hold those of the positions, which are at `columns` in them.
-    struct Place {
+    // The two vectors of columns from `base` on, in which the positions have the indices `columns`.
+    struct Window {
         std::int64_t base;
         Words columns;
         Words fractions;
     };
-    KS_INLINE Place At(std::int64_t position) const {
+    KS_INLINE Window At(std::int64_t position) const {
         const std::int64_t column = position >> kFractionBits, base = least(column, _last_base);
         const Words positions = _steps + static_cast<std::uint32_t>(position & (kOne - 1));
         return {base, (positions >> kFractionBits) + static_cast<std::uint32_t>(column - base),
@@ -72,9 +72,9 @@ void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t*
     std::int64_t k = 0;
     if (picked.CanPick())
         for (; k + kLanes <= count; k += kLanes) {
-            const PickedRow::Place place = picked.At(k * step);
-            store(to + k, Pick(load<Words>(from + place.base), load<Words>(from + place.base + kLanes),
-                               place.columns));
+            const PickedRow::Window window = picked.At(k * step);
+            store(to + k, Pick(load<Words>(from + window.base), load<Words>(from + window.base + kLanes),
+                               window.columns));
         }
     for (; k + 8 <= count; k += 8)  // a loop of one would wait for its branch
         for (int n = 0; n < 8; ++n)
@@ -141,18 +141,18 @@ std::int64_t ScaleBilinearPicked(const SourcePixels& source, const PickedRow& pi
     const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
     std::int64_t k = interval.first;
     for (; k + kLanes <= interval.last; k += kLanes) {
-        const PickedRow::Place place = picked.At(start + k * step);
-        const Words left = place.columns, right = left + 1;
-        const Words top_low = load<Words>(top + place.base);
-        const Words top_high = load<Words>(top + place.base + kLanes);
-        const Words bottom_low = load<Words>(bottom + place.base);
-        const Words bottom_high = load<Words>(bottom + place.base + kLanes);
+        const PickedRow::Window window = picked.At(start + k * step);
+        const Words left = window.columns, right = left + 1;
+        const Words top_low = load<Words>(top + window.base);
+        const Words top_high = load<Words>(top + window.base + kLanes);
+        const Words bottom_low = load<Words>(bottom + window.base);
+        const Words bottom_high = load<Words>(bottom + window.base + kLanes);
         const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
                                     Pick(bottom_low, bottom_high, left),
                                     Pick(bottom_low, bottom_high, right)};
         const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
-        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, place.fractions, fy)
-                                                : Sample<true>(neighbours, place.fractions, fy));
+        store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, window.fractions, fy)
+                                                : Sample<true>(neighbours, window.fractions, fy));
     }
     return k;
 }

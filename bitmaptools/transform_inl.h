@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Transformation onto a quadrilateral; included once for each instruction set.
+// Transformation onto a quadrilateral; included once for each level.
 #pragma once
 
 #include "bitmaptools/sampling_inl.h"
@@ -17,11 +17,11 @@ KS_INLINE Doubles SquareRoot(const Doubles& d) {
     return load<Doubles>(items);
 }
 
-// The source fractions of a vector of destination pixels; `accepted` is -1 in the lanes whose fractions lie
-// in the accepted range, and the others' are 0.
+// The source fractions of a vector of destination pixels. `mapped` is -1 in the lanes whose fractions lie in
+// the range of the map; the fractions of the other lanes are 0.
 struct Fractions {
     Doubles t, v;
-    Longs accepted;
+    Longs mapped;
 };
 
 // Solves for the fractions of the pixels `x` of row `y`. The sums keep their written order, which decides
@@ -34,11 +34,11 @@ KS_INLINE Fractions Solve(const InverseMap& map, const Doubles& x, double y) {
     const Longs real = d >= 0;
     const Doubles root = SquareRoot(reinterpret_cast<Doubles>(reinterpret_cast<Longs>(d) & real));
     Doubles t = (root - b) / (2 * map.curvature);
-    Doubles v = (x - map.bx * t - map.x3) / (map.ax * t + map.cx);  // accepted only where it is finite
-    const Longs accepted = real & (t >= map.least) & (t <= map.most) & (v >= map.least) & (v <= map.most);
-    t = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(t) & accepted);
-    v = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(v) & accepted);
-    return {t, v, accepted};
+    Doubles v = (x - map.bx * t - map.x3) / (map.ax * t + map.cx);  // mapped only where it is finite
+    const Longs mapped = real & (t >= map.least) & (t <= map.most) & (v >= map.least) & (v <= map.most);
+    t = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(t) & mapped);
+    v = reinterpret_cast<Doubles>(reinterpret_cast<Longs>(v) & mapped);
+    return {t, v, mapped};
 }
 
 // Returns the smaller of each pair of lanes.
@@ -47,7 +47,7 @@ template <class Vector, class Int> KS_INLINE Vector Capped(const Vector& items, 
     return (items & ~above) | (most & above);
 }
 
-// Calls `use(k, x, y, accepted)` for each vector of `count` pixels from (i, j) on, with its source positions
+// Calls `use(k, x, y, mapped)` for each vector of `count` pixels from (i, j) on, with its source positions
 // in 1 / `unit` of a pixel.
 template <class Vector, class Function>
 KS_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map, double unit, std::int64_t i,
@@ -61,7 +61,7 @@ KS_INLINE void SolveLine(const SourcePixels& source, const InverseMap& map, doub
         const Fractions found = Solve(map, x, y);
         use(k, __builtin_convertvector(found.t * width * unit, Vector),
             __builtin_convertvector((1 - found.v) * height * unit, Vector),
-            __builtin_convertvector(found.accepted, Vector));
+            __builtin_convertvector(found.mapped, Vector));
     }
 }
 
@@ -80,34 +80,34 @@ void TransformPlain(const SourcePixels& source, const DestinationPixels& destina
     WalkBlocks(destination, [&](std::int64_t i, std::int64_t j, std::int64_t count) {
         Vector all = ~Vector{};
         SolveLine<Vector>(source, map, 1, i, j, count,
-                          [&](std::int64_t k, Vector x, Vector y, const Vector& accepted) {
+                          [&](std::int64_t k, Vector x, Vector y, const Vector& mapped) {
                               // The far sides belong to the last column and row.
                               x = Capped(x, static_cast<Int>(source.width - 1));
                               y = Capped(y, static_cast<Int>(source.height - 1));
                               store(positions.offset + k, y * static_cast<Int>(source.row_length) + x);
-                              store(positions.accepted + k, accepted);
-                              all &= accepted;
+                              store(positions.mapped + k, mapped);
+                              all &= mapped;
                           });
         std::uint32_t* to = destination.words + j * destination.row_length + i;
         if (!any(~all)) {
             CopyIndexed(to, source.words, positions.offset, count);
         } else {
             for (std::int64_t k = 0; k < count; ++k)
-                if (positions.accepted[k])
+                if (positions.mapped[k])
                     to[k] = source.words[positions.offset[k]];
         }
     });
 }
 
-// Collects the neighbours of the accepted ones among the first `count` positions, with a test of each;
-// returns which of them have any, one bit each.
+// Collects the neighbours of the mapped ones among the first `count` positions, with a test of each. Returns
+// which of them have any, one bit each.
 template <class Int>
-KS_INLINE std::uint64_t CollectAccepted(const SourcePixels& source, const Positions<Int>& positions,
-                                        Block& block, std::int64_t count) {
+KS_INLINE std::uint64_t CollectMapped(const SourcePixels& source, const Positions<Int>& positions,
+                                      Block& block, std::int64_t count) {
     std::uint64_t found = 0;
     for (std::int64_t k = 0; k < count; ++k) {
         const std::int64_t ix = positions.x[k] >> kFractionBits, iy = positions.y[k] >> kFractionBits;
-        if (!positions.accepted[k] || ix < -1 || ix >= source.width || iy < -1 || iy >= source.height)
+        if (!positions.mapped[k] || ix < -1 || ix >= source.width || iy < -1 || iy >= source.height)
             continue;
         found |= std::uint64_t{1} << k;
         CollectTested(source, block.top, k, ix, iy);
@@ -126,20 +126,20 @@ void TransformBilinear(const SourcePixels& source, const DestinationPixels& dest
     WalkBlocks(destination, [&](std::int64_t i, std::int64_t j, std::int64_t count) {
         Vector inner = ~Vector{};
         SolveLine<Vector>(source, map, kOne, i, j, count,
-                          [&](std::int64_t k, Vector x, Vector y, const Vector& accepted) {
+                          [&](std::int64_t k, Vector x, Vector y, const Vector& mapped) {
                               x -= 2047;
                               y -= 2047;
                               Locate<Int, Vector>(source, positions, block, k, x, y);
                               store(positions.x + k, x);
                               store(positions.y + k, y);
-                              store(positions.accepted + k, accepted);
-                              inner &= accepted & (x >= 0) & (x < last_x) & (y >= 0) & (y < last_y);
+                              store(positions.mapped + k, mapped);
+                              inner &= mapped & (x >= 0) & (x < last_x) & (y >= 0) & (y < last_y);
                           });
         std::uint32_t* to = destination.words + j * destination.row_length + i;
         if (!any(~inner)) {
             CollectInner(source, positions, block, {0, count});
             StoreSamples(block, to, count);
-        } else if (const std::uint64_t found = CollectAccepted(source, positions, block, count)) {
+        } else if (const std::uint64_t found = CollectMapped(source, positions, block, count)) {
             std::uint32_t samples[kBlock];
             StoreSamples(block, samples, count);
             for (std::uint64_t left = found; left != 0; left &= left - 1)

@@ -2,12 +2,16 @@
 # The imaging library as others use it: shared and static, with headers, CMake package and pkg-config file.
 include(CMakePackageConfigHelpers)
 
-set(imaging_folders merge bitmaptools kits_bitmap toolkit_message raster)
+set(imaging_folders merge bitmaptools exchange raster)
 set(imaging_headers
     bitmaptools/KSBitmapTools.h
+    exchange/BBitmap.h
+    exchange/BRect.h
+    exchange/KSMessage.h
     hdr/KSList.h
     hdr/KSPoint.h
     hdr/KSRect.h
+    hdr/ks_assert.h
     hdr/ks_color.h
     hdr/ks_export.h
     hdr/ks_math.h

@@ -6,10 +6,10 @@
 #include <utility>
 #include <vector>
 
-// Items are kept one behind the other in memory. A list is copied with its items.
+// Items lie one behind the other in memory. A copy of a list has copies of its items.
 template <class T> class KSList {
 public:
-    // Returns how many items the list holds.
+    // Returns the number of items.
     long CountItems() const { return static_cast<long>(_items.size()); }
     bool IsEmpty() const { return _items.empty(); }
 
@@ -20,7 +20,7 @@ public:
         return Holds(index) ? &_items[static_cast<std::size_t>(index)] : nullptr;
     }
 
-    // Appends a copy of `item`; throws std::bad_alloc, leaving the list as it was.
+    // Appends a copy of `item`. Throws std::bad_alloc with the list as it was.
     void AddItem(T item) { _items.push_back(std::move(item)); }
     void MakeEmpty() { _items.clear(); }
 

@@ -1,34 +1,32 @@
 // SPDX-License-Identifier: MIT
-// A rectangle whose four coordinates are inclusive: it holds right - left + 1 columns.
+// A rectangle whose four coordinates are inclusive.
 #pragma once
 
 #include <cstdio>
 #include <type_traits>
 
-// `T` is long for frames of pixels. A rectangle with left > right or top > bottom is invalid; the default
-// one is the invalid rectangle (1, 1, -1, -1). A width or height that does not fit an integer T wraps around.
+// It holds the columns left to right and the rows top to bottom, so its width in pixels is right - left + 1.
+// With left > right or top > bottom it is invalid and holds nothing; the default rectangle is the invalid one
+// (1, 1, -1, -1). `T` is long for frames of pixels. A width or height that does not fit an integer T wraps
+// around.
 template <class T> struct KSRect {
-    T left = 1;     // the first column
-    T top = 1;      // the first row
-    T right = -1;   // the last column
-    T bottom = -1;  // the last row
+    T left = 1;
+    T top = 1;
+    T right = -1;
+    T bottom = -1;
 
-    // Makes the invalid rectangle, or a given one.
     constexpr KSRect() = default;
     constexpr KSRect(T left_, T top_, T right_, T bottom_)
         : left(left_), top(top_), right(right_), bottom(bottom_) {}
 
-    // Returns whether the rectangle holds anything.
     constexpr bool IsValid() const { return left <= right && top <= bottom; }
-    // Returns how many columns, and how many rows, the rectangle holds.
     constexpr T PixelWidth() const { return Extent(left, right); }
     constexpr T PixelHeight() const { return Extent(top, bottom); }
 
-    // Writes the rectangle as one line to standard output, behind `label` if there is one; an invalid one
-    // is announced by "Invalid ".
+    // Writes one line with the rectangle to standard output, after `label` if there is one. The line of an
+    // invalid rectangle starts with "Invalid ".
     void PrintToStream(const char* label = nullptr) const;
 
-    // Compares all four coordinates exactly.
     friend constexpr bool operator==(const KSRect&, const KSRect&) = default;
 
 private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The one assertion facility: checked in every build type.
+// Assertions, which are checked in every build type.
 #pragma once
 
 #include <cstdio>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// MIN, MAX and NORM. The names are in parentheses because some system headers have macros of these names.
+// MIN, MAX and NORM. The parentheses keep macros of these names in system headers from replacing them.
 #pragma once
 
 // Returns the smaller of two values; the second on a tie.

@@ -2,13 +2,13 @@
 // The version of the imaging library whose headers these are.
 #pragma once
 
-// Versions with the same major number are compatible: what was linked against an older one runs with a newer.
-// The tables of modes and the classes have sizes that programs are compiled with, so a new mode or a new member
-// of a class asks for a new major number.
+// Versions with the same major number are compatible: a program that was linked against an older one runs
+// with a newer one. The sizes of the classes and of the tables of modes are compiled into programs, so a new
+// mode or a new member of a class needs a new major number.
 #define KS_IMAGING_VERSION_MAJOR 1
 // Grows with new functions and types.
 #define KS_IMAGING_VERSION_MINOR 0
-// Grows with what is mended.
+// Grows with corrections.
 #define KS_IMAGING_VERSION_PATCH 0
 
 // The version as one number that grows: 10203 for version 1.2.3.

@@ -5,21 +5,21 @@
 // not multiplied by alpha, and a pixel of alpha 0 keeps its colour bits. The opacity, 0 to 255, scales the
 // alpha of what is drawn; 255 leaves it as it is, and values above 255 count as 255.
 //
-// Blending by alpha rounds down, and that adds up: a translucent colour that is drawn in Normal on opaque
-// pixels of the same colour darkens them by 1 each time.
+// Blending by alpha rounds down, which adds up: drawing a translucent colour in Normal on opaque pixels of
+// the same colour darkens them by 1 each time.
 //
-// Kernels never fail, allocate nothing, and touch no memory but the runs they are given, which may lie at any
-// address that is a multiple of 4. Their results are the same on every processor. They may run on several
-// threads at once on disjoint destinations; Dissolve shares the state of rand() with the rest of the process.
+// Kernels never fail, allocate nothing, and touch no memory but the runs they are given, whose addresses are
+// multiples of 4. Their results are the same on every processor. They may run on several threads at once on
+// disjoint destinations. Dissolve shares the state of rand() with the rest of the process.
 #pragma once
 
 #include "hdr/ks_export.h"
 
 #include <cstdint>
 
-// The modes; a value is the index of the mode's entry in each table of KSMerge. d is the destination's
-// channel and s the source's, 0 to 255 each; divisions round down. The modes that are given as a function of
-// d and s blend the colour so, as far as the destination is covered, and then draw it like Normal.
+// The modes. A value is the index of the mode's entry in each table of KSMerge. In the formulas d is a
+// channel of the destination and s one of the source, 0 to 255 each; divisions round down. The modes with a
+// formula blend the colours by it as far as the destination is covered, and draw the result like Normal.
 enum ks_composition_mode : std::int32_t {
     kMergeNormal,             // source over destination
     kMergeMultiply,           // d * s / 255
@@ -63,16 +63,17 @@ using ks_array_func = void (*)(std::uint32_t* dst, const std::uint32_t* src, std
 // The catalogue of the modes. All tables are constant, have kMergeCount entries, are indexed by a
 // ks_composition_mode without a check, and are ready before any constructor runs.
 //
-// Run and array kernels compute for each pixel what the pixel kernel of the mode computes, but for Erase
-// (they scale the destination's alpha by the complement of the source's and heed the opacity, where the pixel
-// kernel subtracts and ignores it) and for the array kernel of Alpha Mask.
+// Run and array kernels compute for each pixel what the pixel kernel of the mode computes, with two
+// exceptions. Those of Erase scale the destination's alpha by the complement of the source's, which the
+// opacity scales, while the pixel kernel subtracts the source's alpha and ignores the opacity. The array
+// kernel of Alpha Mask differs as its row above says.
 class KS_EXPORT KSMerge {
 public:
     KSMerge() = delete;
 
     // The name of a mode as a user interface shows it: English, ASCII, static.
     static const char* const composition_label[kMergeCount];
-    // Whether the mode's array kernel writes also where the source pixel is fully transparent.
+    // Whether the mode's array kernel also writes where the source pixel is fully transparent.
     static const bool merge_destructive[kMergeCount];
 
     // The kernels of the modes.

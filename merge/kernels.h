@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The kernels of one instruction set: each mode's formula applied to a pixel, a run of one colour, two runs.
+// The kernels of one level: each mode's formula applied to a pixel, a run of one colour, two runs.
 #pragma once
 
 #include "merge/levels.h"
@@ -18,60 +18,60 @@ KS_INLINE uint32_t clamped(uint32_t opacity) {
 }
 
 // A vector within a run.
-struct Whole {
+struct WholeVector {
     static KS_INLINE Words load(const uint32_t* p) { return ks_merge::load(p); }
     static KS_INLINE void store(uint32_t* p, Words w) { ks_merge::store(p, w); }
 };
 
 template <class Mode>
-concept MayReplace = requires(const Drawn& s) {
+concept MayReplace = requires(const Source& s) {
     Mode::replaces(s);
 };
 
-template <class Mode> KS_INLINE bool replaces(const Drawn& s) {
+template <class Mode> KS_INLINE bool replaces(const Source& s) {
     if constexpr (MayReplace<Mode>)
         return Mode::replaces(s);
     return false;
 }
 
 // Composes the vector `s` onto the pixels at `dst`. Where it replaces them, they are not read.
-template <class Mode, class Span> KS_INLINE void step(uint32_t* dst, const Drawn& s, const Span& span) {
+template <class Mode, class Span> KS_INLINE void step(uint32_t* dst, const Source& s, const Span& span) {
     if (Mode::keeps(s))
         return;
     span.store(dst, replaces<Mode>(s) ? s.pixel : Mode::compose(span.load(dst), s));
 }
 
-// Composes four vectors of `src`. One test tells whether all of them replace the destination, which makes
-// that as fast as a plain copy.
+// Composes four vectors of `src`. One test tells whether all of them replace the destination, so that opaque
+// pixels are copied as fast as by a plain copy.
 template <class Mode> KS_INLINE void four_steps(uint32_t* dst, const uint32_t* src, uint32_t opacity) {
     const Words w0 = load(src), w1 = load(src + kLanes), w2 = load(src + 2 * kLanes),
                 w3 = load(src + 3 * kLanes);
     const Bytes lowest = least(least(bytes(w0), bytes(w1)), least(bytes(w2), bytes(w3)));
-    if (replaces<Mode>(Drawn(words(lowest), opacity))) {
+    if (replaces<Mode>(Source(words(lowest), opacity))) {
         store(dst, w0);
         store(dst + kLanes, w1);
         store(dst + 2 * kLanes, w2);
         store(dst + 3 * kLanes, w3);
     } else {
-        step<Mode>(dst, Drawn(w0, opacity), Whole());
-        step<Mode>(dst + kLanes, Drawn(w1, opacity), Whole());
-        step<Mode>(dst + 2 * kLanes, Drawn(w2, opacity), Whole());
-        step<Mode>(dst + 3 * kLanes, Drawn(w3, opacity), Whole());
+        step<Mode>(dst, Source(w0, opacity), WholeVector());
+        step<Mode>(dst + kLanes, Source(w1, opacity), WholeVector());
+        step<Mode>(dst + 2 * kLanes, Source(w2, opacity), WholeVector());
+        step<Mode>(dst + 3 * kLanes, Source(w3, opacity), WholeVector());
     }
 }
 
 template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t opacity) {
-    const Drawn s(splat(src), clamped(opacity));
+    const Source s(splat(src), clamped(opacity));
     if (Mode::keeps(s))
         return dst;
     return replaces<Mode>(s) ? src : Mode::compose(splat(dst), s)[0];
 }
 
-// Stores `pixel` throughout the run: vectors at its ends, and between them aligned ones, for a store across
-// two cache lines takes twice as long.
+// Stores `pixel` throughout the run: a vector at each end, and aligned vectors between them, because a store
+// across two cache lines takes twice as long.
 KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
     if (count < kLanes) {
-        Part(count).store(dst, pixel);
+        PartialVector(count).store(dst, pixel);
         return;
     }
     uint32_t* const last = dst + count - kLanes;
@@ -86,12 +86,12 @@ KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
     store(last, pixel);
 }
 
-template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Drawn& s, int32_t count) {
+template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Source& s, int32_t count) {
     int32_t i = 0;
     for (; i <= count - kLanes; i += kLanes)
         store(dst + i, Mode::compose(load(dst + i), s));
     if (i < count) {
-        const Part part(count - i);
+        const PartialVector part(count - i);
         part.store(dst + i, Mode::compose(part.load(dst + i), s));
     }
 }
@@ -99,16 +99,16 @@ template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Drawn& s, 
 template <class Mode>
 void color_kernel(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count, int32_t rows,
                   ptrdiff_t stride) {
-    const Drawn s(splat(color), clamped(opacity));
+    const Source s(splat(color), clamped(opacity));
     if (count <= 0 || Mode::keeps(s))
         return;
     if (replaces<Mode>(s)) {
-        for (; rows > 0; rows--, dst += stride)
-            replace_run(dst, s.pixel, count);
+        for (int32_t row = 0; row < rows; row++)
+            replace_run(dst + row * stride, s.pixel, count);
         return;
     }
-    for (; rows > 0; rows--, dst += stride)
-        compose_run<Mode>(dst, s, count);
+    for (int32_t row = 0; row < rows; row++)
+        compose_run<Mode>(dst + row * stride, s, count);
 }
 
 template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
@@ -120,15 +120,15 @@ template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint
         for (; i <= count - 4 * kLanes; i += 4 * kLanes)
             four_steps<Mode>(dst + i, src + i, opacity);
     for (; i <= count - kLanes; i += kLanes)
-        step<Mode>(dst + i, Drawn(load(src + i), opacity), Whole());
+        step<Mode>(dst + i, Source(load(src + i), opacity), WholeVector());
     if (i < count) {
-        const Part part(count - i);
-        step<Mode>(dst + i, Drawn(part.load(src + i), opacity), part);
+        const PartialVector part(count - i);
+        step<Mode>(dst + i, Source(part.load(src + i), opacity), part);
     }
 }
 
-// Dissolve draws from rand() in the order of the pixels, once for each whose threshold is below 255, so that
-// no vector of it is formed.
+// Dissolve asks rand() in the order of the pixels, once for each whose threshold is below 255, so it works
+// pixel by pixel.
 uint32_t dissolved(uint32_t dst, uint32_t src, uint32_t opacity) {
     const uint32_t threshold = (src >> 24) * opacity / 255;
     if (threshold == 255)
@@ -144,9 +144,9 @@ template <>
 inline void color_kernel<dissolve>(uint32_t* dst, uint32_t color, uint32_t opacity, int32_t count,
                                    int32_t rows, ptrdiff_t stride) {
     opacity = clamped(opacity);
-    for (; rows > 0; rows--, dst += stride)
+    for (int32_t row = 0; row < rows; row++)
         for (int32_t i = 0; i < count; i++)
-            dst[i] = dissolved(dst[i], color, opacity);
+            dst[row * stride + i] = dissolved(dst[row * stride + i], color, opacity);
 }
 
 template <>
@@ -156,13 +156,9 @@ inline void array_kernel<dissolve>(uint32_t* dst, const uint32_t* src, uint32_t 
         dst[i] = dissolved(dst[i], src[i], opacity);
 }
 
-#define KS_COLOR(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) color_kernel<run_mode>,
-#define KS_ARRAY(mode, suffix, label, destructive, pixel_mode, run_mode, array_mode) array_kernel<array_mode>,
-
-constexpr level_kernels kKernels = {{KS_MERGE_MODES(KS_COLOR)}, {KS_MERGE_MODES(KS_ARRAY)}};
-
-#undef KS_COLOR
-#undef KS_ARRAY
+// A row of the table of a level.
+#define KS_LEVEL_ROW(mode, label, destructive, pixel_mode, run_mode, array_mode)                             \
+    {color_kernel<run_mode>, array_kernel<array_mode>},
 
 }  // namespace
 }  // namespace ks_merge

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-// Vectors of pixels and the arithmetic that the composition modes need, for the processor compiled for. What
-// hdr/vectors.h says of its including units holds here too.
+// Vectors of pixels and the arithmetic of the composition modes. As simd/vectors.h, only the units of the
+// levels include it.
 #pragma once
 
-#include "hdr/vectors.h"
+#include "simd/vectors.h"
 
 namespace ks_merge {
 namespace {
@@ -18,12 +18,12 @@ KS_INLINE Words load(const uint32_t* p) {
     return ks_simd::load<Words>(p);
 }
 
-// A run shorter than a vector, of 1 to kLanes - 1 pixels. Nothing beyond it is read or written; the lanes
-// beyond it repeat its first pixel, so that what holds for all its pixels holds for all lanes.
-class Part {
+// A run shorter than a vector: 1 to kLanes - 1 pixels. Nothing behind it is read or written. The other lanes
+// repeat its first pixel, so that what holds for all its pixels holds for all lanes.
+class PartialVector {
 public:
 #if defined(__AVX512BW__)
-    KS_INLINE explicit Part(int32_t count) : _mask(static_cast<__mmask16>((1u << count) - 1)) {}
+    KS_INLINE explicit PartialVector(int32_t count) : _mask(static_cast<__mmask16>((1u << count) - 1)) {}
     KS_INLINE Words load(const uint32_t* p) const {
         return reinterpret_cast<Words>(
             _mm512_mask_loadu_epi32(reinterpret_cast<__m512i>(splat(*p)), _mask, p));
@@ -35,7 +35,7 @@ public:
 private:
     __mmask16 _mask;
 #elif defined(__AVX2__)
-    KS_INLINE explicit Part(int32_t count)
+    KS_INLINE explicit PartialVector(int32_t count)
         : _mask(_mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7))) {}
     KS_INLINE Words load(const uint32_t* p) const {
         const Words read =
@@ -49,7 +49,7 @@ private:
 private:
     __m256i _mask;
 #else
-    KS_INLINE explicit Part(int32_t count) : _count(count) {}
+    KS_INLINE explicit PartialVector(int32_t count) : _count(count) {}
     KS_INLINE Words load(const uint32_t* p) const {
         Words w = splat(*p);
         for (int32_t i = 1; i < kLanes - 1; i++)
@@ -127,8 +127,8 @@ KS_INLINE Words join(Halves rb, Halves ag) {
     return words(rb | ag << 8);
 }
 
-// 255 minus each colour channel, and the alpha as it is. (Of all ones GCC 12 makes an instruction that waits
-// for its target's former value, which chains the iterations of a loop.)
+// 255 minus each colour channel; the alpha stays. (For a constant of all ones GCC 12 makes an instruction
+// that waits for its target's former value, which chains the iterations of a loop.)
 KS_INLINE Words inverse(Words w) {
     return w ^ 0x00FFFFFFu;
 }

@@ -1,30 +1,22 @@
 // SPDX-License-Identifier: MIT
-// The run and array kernels of each instruction set. All sets give the same results.
+// The kernels of each level.
+//
+// Holds plain data only, so that the units of the levels may include it: see nymbrel_level in
+// cmake/NymbrelTargets.cmake.
 #pragma once
 
-#include "merge/KSMerge.h"
-
-#include <cstddef>
+#include "merge/rows.h"
 
 namespace ks_merge {
 
-// Composes `color` onto `rows` runs of `count` pixels, which start `stride` words apart, as ks_color_func
-// would one after another.
-using color_rows_func = void (*)(std::uint32_t* dst, std::uint32_t color, std::uint32_t opacity,
-                                 std::int32_t count, std::int32_t rows, std::ptrdiff_t stride);
-
-// The kernels of one level, indexed by ks_composition_mode.
-struct level_kernels {
-    color_rows_func color[kMergeCount];
-    ks_array_func array[kMergeCount];
+struct mode_kernels {
+    color_rows_func color;
+    ks_array_func array;
 };
 
-// Each in a unit of its own; on other processors than x86-64 there is only the first.
-extern const level_kernels kernels_baseline;
-extern const level_kernels kernels_avx2;
-extern const level_kernels kernels_avx512;
-
-// Returns the kernels of the instruction set in use.
-const level_kernels& used_kernels();
+// Indexed by ks_composition_mode, each in a unit of its own. Only x86-64 has the last two.
+extern const mode_kernels level_baseline[kMergeCount];
+extern const mode_kernels level_avx2[kMergeCount];
+extern const mode_kernels level_avx512[kMergeCount];
 
 }  // namespace ks_merge

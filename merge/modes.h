@@ -2,12 +2,13 @@
 // The composition modes: what each makes of a vector of destination pixels and one of source pixels.
 //
 // A mode is a struct of static functions:
-//   keeps(s)       whether the destination stays as it is whatever it holds, and must not be touched;
-//   replaces(s)    whether the result is s.pixel, whatever the destination holds; if it is true of the
-//                  bytewise minimum of several vectors, it is true of each of them. Only some modes have it;
+//   keeps(s)       whether any destination stays as it is, so that it must not be touched;
+//   replaces(s)    whether the result is s.pixel on any destination. If that is true of the bytewise minimum
+//   of
+//                  several vectors, it is true of each of them. Only some modes have this function;
 //   compose(d, s)  the result in general.
-// The formulas are the same for one pixel, a run of one colour and two runs: what does not depend on the
-// destination is computed once in a colour run because the compiler takes it out of the loop.
+// The formulas are the same for one pixel, a run of one colour and two runs. In a run of one colour the
+// compiler takes what does not depend on the destination out of the loop.
 #pragma once
 
 #include "merge/lanes.h"
@@ -17,13 +18,13 @@ namespace {
 
 constexpr uint32_t kAlpha = 0xFF000000u;
 
-// What is drawn: pixels, and their alpha scaled by the opacity, 0 to 255.
-struct Drawn {
+// The pixels that are drawn, and their alpha scaled by the opacity, 0 to 255.
+struct Source {
     Words pixel;
     uint32_t opacity;
     Words alpha;
 
-    KS_INLINE Drawn(Words pixel_, uint32_t opacity_)
+    KS_INLINE Source(Words pixel_, uint32_t opacity_)
         : pixel(pixel_), opacity(opacity_), alpha(scaled(pixel_ >> 24)) {}
 
     // Returns alphas, 0 to 255, scaled by the opacity.
@@ -66,7 +67,7 @@ KS_INLINE Words over_any(Words d, Words x, Words alpha) {
 }
 
 // Draws the colour of `x` as `s` would be drawn.
-KS_INLINE Words over(Words d, Words x, const Drawn& s) {
+KS_INLINE Words over(Words d, Words x, const Source& s) {
     if (s.solid())
         return x | kAlpha;
     if (all_opaque(d))
@@ -75,17 +76,17 @@ KS_INLINE Words over(Words d, Words x, const Drawn& s) {
 }
 
 struct alpha_compose {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) { return over(d, s.pixel, s); }
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
+    static KS_INLINE Words compose(Words d, const Source& s) { return over(d, s.pixel, s); }
 };
 
-// The frame of the modes that blend the colours first. The blended colour is mixed with the source's own as
-// far as the destination is not opaque, then drawn over it; on a clear destination that leaves the source's
-// colour, which is stored even where the opacity makes its alpha 0.
+// The frame of the modes that blend the colours first. The blended colour is mixed with the source's own
+// colour as far as the destination is not opaque, then drawn over the destination. On a clear destination
+// that leaves the source's colour, which is stored even where the opacity makes its alpha 0.
 template <class Mode> struct blending {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Words blended = Mode::blend(d, s.pixel);
         if (all_opaque(d))
             return s.solid() ? blended | kAlpha : over_opaque(d, blended, s.alpha);
@@ -173,29 +174,29 @@ struct Channels {
     KS_INLINE Words hue() const {
         const SignedWords by_red = red == value, by_green = green == value;
         const Words difference = by_red ? green - blue : by_green ? blue - red : red - green;
-        const Words centre = by_red ? splat(0) : by_green ? splat(510) : splat(1020);
+        const Words center = by_red ? splat(0) : by_green ? splat(510) : splat(1020);
         const SignedWords offset = quotient(floats(difference) * 255.0f, floats(delta - words(delta == 0)));
-        const SignedWords h = offset + reinterpret_cast<SignedWords>(centre);
+        const SignedWords h = offset + reinterpret_cast<SignedWords>(center);
         return delta == 0 ? splat(1275) : words(h < 0 ? h + 1530 : h);
     }
 };
 
-// The colour of a hue, saturation and value. A channel's level depends on how far the hue lies from the pure
-// channel on the circle: within a sector it is full, within the next it falls, beyond that it is at its
-// lowest.
+// The colour of a hue, saturation and value. A channel's amount depends on how far the hue lies from the pure
+// channel on the circle: up to one sector away it is full, in the next sector it falls, and beyond that it is
+// at its lowest.
 KS_INLINE Words color_of(Words hue, Words saturation, Words value) {
-    const auto level = [s = both(saturation), v = both(value)](SignedHalves distance) {
+    const auto amount = [s = both(saturation), v = both(value)](SignedHalves distance) {
         const SignedHalves none{}, beyond = distance - 255;
         const Halves fall = reinterpret_cast<Halves>(least(greatest(beyond, none), none + 255));
         return div255((255 - div255(s * fall)) * v);
     };
-    // Green is pure at 510 and blue at 1020, far enough from the seam; red at 0, which is 1530 as well.
+    // Red is pure at 0, which is 1530 as well; green at 510 and blue at 1020, far enough from that seam.
     const auto pair = [](uint32_t red, uint32_t blue) {
         return reinterpret_cast<SignedHalves>(splat(red << 16 | blue));
     };
     const SignedHalves h = reinterpret_cast<SignedHalves>(both(hue)), pure = pair(0, 1020);
     const SignedHalves red_blue_away = least(greatest(h - pure, pure - h), pair(1530, 0x7FFF) - h);
-    return join(level(red_blue_away), level(greatest(h - 510, 510 - h)));
+    return join(amount(red_blue_away), amount(greatest(h - 510, 510 - h)));
 }
 
 struct replace_hue : blending<replace_hue> {
@@ -226,28 +227,28 @@ struct replace_color : blending<replace_color> {
     }
 };
 
-// Erase on one pixel takes the alpha of the source, whatever the opacity, off that of the destination.
+// On one pixel, Erase subtracts the alpha of the source, whatever the opacity, from that of the destination.
 struct erase_by_difference {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Bytes taken = bytes(s.pixel & kAlpha);
         return words(greatest(bytes(d), taken) - taken);
     }
 };
 
-// Erase on a run scales the alpha of the destination by the complement of the source's.
+// On a run, Erase scales the alpha of the destination by the complement of the source's.
 struct erase_by_scaling {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Floats kept = 65025.0f - floats(s.coverage());
         return (d & ~kAlpha) | words(quotient(floats(d >> 24) * kept, Floats{} + 65025.0f)) << 24;
     }
 };
 
-// The mask proper: the destination's alpha times the source's, and nothing at all where either is 0.
+// The destination's alpha times the source's; the word 0 where either is 0.
 struct mask_alpha {
-    static KS_INLINE bool keeps(const Drawn&) { return false; }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source&) { return false; }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Words covered = div255(product(s.pixel >> 24, d >> 24));
         const Words masked = (d & ~kAlpha) | s.scaled(covered) << 24;
         return (d & kAlpha) == 0 || (s.pixel & kAlpha) == 0 ? Words{} : masked;
@@ -255,22 +256,22 @@ struct mask_alpha {
 };
 
 struct copy {
-    static KS_INLINE bool keeps(const Drawn&) { return false; }
-    static KS_INLINE bool replaces(const Drawn&) { return true; }
-    static KS_INLINE Words compose(Words, const Drawn& s) { return s.pixel; }
+    static KS_INLINE bool keeps(const Source&) { return false; }
+    static KS_INLINE bool replaces(const Source&) { return true; }
+    static KS_INLINE Words compose(Words, const Source& s) { return s.pixel; }
 };
 
 struct over_clear {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.pixel); }
-    static KS_INLINE bool replaces(const Drawn& s) { return none_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) { return (s.pixel & kAlpha) == 0 ? d : s.pixel; }
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
+    static KS_INLINE bool replaces(const Source& s) { return none_clear(s.pixel); }
+    static KS_INLINE Words compose(Words d, const Source& s) { return (s.pixel & kAlpha) == 0 ? d : s.pixel; }
 };
 
 // Draws on the destination as if it were opaque, with a true division by 255.
 struct alpha_overlay {
-    static KS_INLINE bool keeps(const Drawn& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Drawn& s) { return s.solid(); }
-    static KS_INLINE Words compose(Words d, const Drawn& s) {
+    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
+    static KS_INLINE Words compose(Words d, const Source& s) {
         const Halves a = both(s.alpha), rest = 255 - a;
         const Words mixed = join(div255(red_blue(d) * rest + red_blue(s.pixel) * a),
                                  div255(alpha_green(d) * rest + alpha_green(s.pixel) * a));

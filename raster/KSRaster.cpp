@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-// The raster as an object: its storage, locks, place and archive, and conversions of its pixels.
+// The raster as an object: its storage, locks, place, colours and archive, and conversions of its pixels.
 #include "raster/KSRaster.h"
 
+#include "exchange/BBitmap.h"
+#include "exchange/KSMessage.h"
 #include "hdr/ks_assert.h"
 #include "hdr/ks_math.h"
-#include "kits/BBitmap.h"
 #include "raster/raster_lock.h"
-#include "toolkit/KSMessage.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -47,12 +47,17 @@ long StorageSize(const KSRect<long>& frame, std::int32_t bytes_per_pixel) {
     return height <= 0 || height > kLongest / row ? -1 : row * height;
 }
 
-// Returns a - b. What does not fit a long wraps around: only frames without pixels are so far from valid.
+constexpr std::uint32_t Packed(long red, long green, long blue, long alpha) {
+    return static_cast<std::uint32_t>(alpha) << 24 | static_cast<std::uint32_t>(red) << 16 |
+           static_cast<std::uint32_t>(green) << 8 | static_cast<std::uint32_t>(blue);
+}
+
+// Returns a - b. A result that does not fit a long wraps around, which only happens in frames without pixels.
 constexpr long WrappedDifference(long a, long b) {
     return static_cast<long>(static_cast<unsigned long>(a) - static_cast<unsigned long>(b));
 }
 
-// Moves a rectangle; returns whether its coordinates are still in range.
+// Moves a rectangle, and returns whether its coordinates are still in range.
 bool Move(KSRect<long>& rect, long dx, long dy) {
     return !__builtin_add_overflow(rect.left, dx, &rect.left) &&
            !__builtin_add_overflow(rect.right, dx, &rect.right) &&
@@ -60,7 +65,25 @@ bool Move(KSRect<long>& rect, long dx, long dy) {
            !__builtin_add_overflow(rect.bottom, dy, &rect.bottom);
 }
 
-// Converts a bitmap's bound, which lies where its memory ends.
+std::unique_ptr<char[]> CopyOf(const char* text) {
+    const std::size_t size = std::strlen(text) + 1;
+    std::unique_ptr<char[]> copy(new char[size]);
+    std::memcpy(copy.get(), text, size);
+    return copy;
+}
+
+// Returns the first byte of a row.
+unsigned char* RowOf(const KSRaster& raster, long index) {
+    return static_cast<unsigned char*>(raster.Bits()) + index * raster.BytesPerRow();
+}
+
+// A bitmap of exactly the pixels of a frame.
+class frame_bitmap : public BBitmap {
+public:
+    explicit frame_bitmap(const KSRect<long>& frame) : BBitmap(B_RGB32, frame) {}
+};
+
+// Returns the last column or row of a bitmap's memory, or -1 if there is none.
 long TruncatedBound(float bound) {
     constexpr float kFarthest = 0x1p31f;
     return bound >= -kFarthest ? static_cast<long>(MIN(bound, kFarthest)) : -1;
@@ -72,7 +95,7 @@ KSRaster::KSRaster(KSRect<long> frame, const char* name, ks_color_space space, k
     : _frame(frame), _color_space(space), _native(native) {
     KS_ASSERT(_native != kRasterNativeDontChange);
     if (name && *name)
-        SetName(name);
+        _name = CopyOf(name);
     _bytes_per_pixel = BytesPerPixelOf(_color_space);
     if (_frame.IsValid())
         MakeStorage();
@@ -83,7 +106,7 @@ KSRaster::KSRaster(const KSMessage* archive) {
         return;
     const char* name = nullptr;
     if (archive->FindString(kNameField, &name))
-        SetName(name);
+        _name = CopyOf(name);
 
     std::int32_t space = _color_space, native = _native;
     archive->FindInt32(kColorSpaceField, &space);
@@ -112,7 +135,7 @@ KSRaster::KSRaster(BBitmap* bitmap, const char* name)
       _bitmap(bitmap) {
     std::unique_ptr<BBitmap> until_named(bitmap);
     if (name && *name)
-        SetName(name);
+        _name = CopyOf(name);
     until_named.release();
     if (bitmap == nullptr)
         return;
@@ -131,12 +154,6 @@ KSRaster::~KSRaster() {
     if (_owns_data)
         delete[] _data;
     delete _bitmap;
-}
-
-void KSRaster::SetName(const char* name) {
-    const std::size_t size = std::strlen(name) + 1;
-    _name.reset(new char[size]);
-    std::memcpy(_name.get(), name, size);
 }
 
 void KSRaster::MakeStorage() {
@@ -160,7 +177,7 @@ void KSRaster::AllocateBitmap() {
         if (StorageSize(_frame, _bytes_per_pixel) < 0)
             throw std::bad_alloc();
         _owns_data = false;
-        _bitmap = new BBitmap(B_RGB32, _frame);
+        _bitmap = new frame_bitmap(_frame);
     } catch (...) {
         _valid = false;
         throw;
@@ -207,10 +224,6 @@ KSRect<long> KSRaster::Bounds() const {
     return {0, 0, WrappedDifference(_frame.right, _frame.left), WrappedDifference(_frame.bottom, _frame.top)};
 }
 
-unsigned char* KSRaster::Row(long index) const {
-    return _data + index * _bytes_per_row;
-}
-
 void KSRaster::ResetOptmizedFrame() {
     if (_color_space != KS_RGBA_COLOR_SPACE)
         return;
@@ -219,7 +232,7 @@ void KSRaster::ResetOptmizedFrame() {
     const auto visible = [](std::uint32_t word) { return word >> 24 != 0; };
     const long width = Width(), height = _data ? Height() : 0;
     for (long y = 0; y < height; y++) {
-        const auto* row = reinterpret_cast<const std::uint32_t*>(Row(y));
+        const auto* row = reinterpret_cast<const std::uint32_t*>(RowOf(*this, y));
         const long first = std::find_if(row, row + width, visible) - row;
         if (first == width)
             continue;
@@ -297,6 +310,14 @@ const char* KSRaster::ArchiveFault(const KSMessage* archive) {
     return size > static_cast<std::size_t>(expected) ? "more pixel data than the frame asks for" : nullptr;
 }
 
+void KSRaster::SetHighColor(long red, long green, long blue, long alpha) {
+    _high_color = Packed(red, green, blue, alpha);
+}
+
+void KSRaster::SetLowColor(long red, long green, long blue, long alpha) {
+    _low_color = Packed(red, green, blue, alpha);
+}
+
 void KSRaster::SwapEndian() {
     const ks_raster_lock lock(*this);
     const std::int32_t length = BitsLength();
@@ -310,7 +331,7 @@ void KSRaster::SwapEndian() {
 }
 
 void KSRaster::FillAlpha(unsigned char alpha) {
-    if (!HasWords())
+    if (!_data || _bytes_per_pixel != 4)
         return;
     const ks_raster_lock lock(*this);
     auto* word = reinterpret_cast<std::uint32_t*>(_data);
@@ -343,5 +364,5 @@ void KSRaster::CopyFrom(KSRaster* source) {
         std::memmove(_data, source->_data, static_cast<std::size_t>(rows) * row_bytes);
     else
         for (long y = 0; y < rows; y++)
-            std::memcpy(Row(y), source->Row(y), row_bytes);
+            std::memcpy(RowOf(*this, y), RowOf(*source, y), row_bytes);
 }

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The raster: an image of 32-bit pixels placed in a coordinate plane, which can be drawn on and copied.
+// The raster: an image of 32-bit pixels with a place in a coordinate plane. It can be drawn on and copied.
 #pragma once
 
 #include "hdr/KSList.h"
@@ -25,12 +25,12 @@ enum ks_raster_native : std::int32_t {
 };
 
 // The layout of a raster's pixels. Drawing, scaling and everything that looks at alpha is for
-// KS_RGBA_COLOR_SPACE; of the others a raster knows no more than the size of a pixel.
+// KS_RGBA_COLOR_SPACE. Of the other layouts a raster only knows the size of a pixel.
 enum ks_color_space : std::int32_t {
     KS_GRAY8_COLOR_SPACE = 0,     // one byte
     KS_INDEXED8_COLOR_SPACE = 1,  // one byte
     KS_RGB16_COLOR_SPACE = 2,     // two bytes
-    KS_RGBA_COLOR_SPACE = 3,      // four bytes: the word 0xAARRGGBB. So do values that have no name here
+    KS_RGBA_COLOR_SPACE = 3,      // four bytes: the word 0xAARRGGBB; unnamed values take four too
     KS_RGBA64_COLOR_SPACE = 4,    // eight bytes
 };
 
@@ -41,36 +41,35 @@ struct ks_polyline_entry {
     std::int32_t second;    // the column of the latest further edge; below -32000 there is none
 };
 
-// A rectangle of pixels with a place in the plane (its frame), a little drawing state, and a counter of
-// users.
+// A rectangle of pixels with a place in the plane (its frame), drawing state, and a counter of users.
 //
 // Coordinates are those of the plane, x to the right and y downwards, rectangles with both ends included.
 // The pixel (x, y) lies at Bits() + (y - top) * BytesPerRow() + (x - left) * BytesPerPixel(). It is the word
 // 0xAARRGGBB in host byte order, with straight colour and alpha 255 for opaque.
 //
-// Drawing. Every pixel that a primitive paints is composed with the pixel that is there by the drawing mode
-// at opacity 255: rectangles and spans of one colour as by KSMerge::hash_color_func, pixels and patterns as
-// by KSMerge::hash_pixel_func (only kMergeErase tells the two apart). Primitives clip to the frame, report
+// Drawing. A primitive composes every pixel that it paints with the pixel that is there, by the drawing mode
+// at opacity 255: rectangles and spans of one colour as KSMerge::hash_color_func does, pixels and patterns as
+// KSMerge::hash_pixel_func does (only kMergeErase tells the two apart). Primitives clip to the frame, report
 // nothing, and take time in proportion to what lies inside the frame. Where a primitive says that it paints a
-// pixel twice, modes like kMergeAdd show it. Any long may be passed: rectangles and pixels are exact for all
-// of them, any other shape with a coordinate outside the signed 32-bit range paints nothing. On a raster
-// whose pixels do not take four bytes nothing is painted. Primitives take no raster lock.
+// pixel twice, modes like kMergeAdd show it. Coordinates may be any long. Rectangles and pixels are exact for
+// all of them; any other shape with a coordinate outside the signed 32-bit range paints nothing. Nothing is
+// painted on a raster whose pixels do not take four bytes. Primitives take no raster lock.
 //
-// A raster with an invalid frame is valid and has no pixels. One whose pixels would take more than 2^31 - 1
-// bytes cannot be made: its constructor throws std::bad_alloc, as for any lack of memory.
+// A raster with an invalid frame is valid and has no pixels. The constructors throw std::bad_alloc if the
+// pixels would take more than 2^31 - 1 bytes, as for any lack of memory.
 //
 // Contracts are checked by assertions, which abort the process. A raster may be used by one thread at a time.
 class KS_EXPORT KSRaster {
 public:
-    // Makes a raster for `frame`, with a copy of `name` unless that is null or empty. In-memory rasters are
-    // locked once until they are destroyed. Asserts that `native` is a storage kind, and that a
+    // Makes a raster for `frame`, with a copy of `name` unless that is null or empty. An in-memory raster is
+    // locked once until it is destroyed. Asserts that `native` is a storage kind, and that a
     // kRasterInBBitmap raster is KS_RGBA_COLOR_SPACE.
     KSRaster(KSRect<long> frame, const char* name = nullptr, ks_color_space space = KS_RGBA_COLOR_SPACE,
              ks_raster_native native = kRasterInMemory);
-    // Makes a raster from the fields that Archive writes; one that is missing keeps its initial value, and a
-    // null archive or one without a valid frame gives a raster without pixels. Pixel data is copied as far as
-    // both it and the raster reach. Storage kind and colour space are asserted as above, so look at
-    // ArchiveFault first if the archive comes from outside.
+    // Makes a raster from the fields that Archive writes. A field that is missing keeps its initial value; a
+    // null archive, or one without a valid frame, gives a raster without pixels. As many bytes of pixels are
+    // copied as both the archive and the raster have. Storage kind and colour space are asserted as above, so
+    // ask ArchiveFault first if the archive comes from outside.
     explicit KSRaster(const KSMessage* archive);
     // Makes a raster from a bitmap, which it owns from now on. The frame starts at (0, 0) and ends at the
     // bitmap's right and bottom, without their fractions, wherever its left and top are. A null bitmap gives
@@ -80,8 +79,8 @@ public:
     KSRaster(const KSRaster&) = delete;
     KSRaster& operator=(const KSRaster&) = delete;
 
-    // Frees the pixels, with the bitmap if there is one. Asserts that all locks are released, but for the one
-    // that an in-memory raster holds itself.
+    // Frees the pixels and the bitmap. Asserts that all locks are released but the one that an in-memory
+    // raster holds itself.
     virtual ~KSRaster();
 
     // Sets all bytes of the pixels to 255 (opaque white) if the raster is locked.
@@ -90,11 +89,12 @@ public:
     // Counts one more user of the pixels; always true. This is no thread lock.
     bool Lock();
     // Counts one user less; asserts that there is one. The lock that an in-memory raster holds itself counts
-    // too, so there one Unlock too many stops the process only when the raster is destroyed.
+    // too: one Unlock too many then stops the process only when the raster is destroyed.
     void Unlock();
     bool IsLocked() const { return _lock_count > 0; }
 
-    // Returns the first byte of the top row, or null if there are no pixels. Valid as long as the raster.
+    // Returns the first byte of the top row, or null if there are no pixels. The pointer is valid as long as
+    // the raster lives.
     void* Bits() const { return _data; }
     // Returns the size of the pixels in bytes: Height() * BytesPerRow(), or 0 if there are none.
     std::int32_t BitsLength() const;
@@ -102,7 +102,7 @@ public:
     std::int32_t BytesPerRow() const { return _bytes_per_row; }
     std::int32_t BytesPerPixel() const { return _bytes_per_pixel; }
     ks_color_space ColorSpace() const { return _color_space; }
-    // Returns right - left + 1 (bottom - top + 1).
+    // Return the frame, and its size in pixels.
     long Width() const { return _frame.PixelWidth(); }
     long Height() const { return _frame.PixelHeight(); }
     KSRect<long> Frame() const { return _frame; }
@@ -114,17 +114,17 @@ public:
     bool IsValid() const { return _valid; }
     // Returns the name, or "KSRaster" if there is none.
     const char* Name() const { return _name ? _name.get() : "KSRaster"; }
-    // Returns the bitmap that holds the pixels, which stays the raster's; null if none does.
+    // Returns the bitmap that holds the pixels, or null if none does. The raster still owns it.
     BBitmap* GetBBitmap() const { return _bitmap; }
 
-    // Returns the bounding box of the pixels whose alpha is not 0 as ResetOptmizedFrame last found it, moved
-    // along with the frame since. It is (1, 1, -1, -1) at first and when there are no such pixels.
+    // Returns the bounding box of the pixels whose alpha is not 0, as ResetOptmizedFrame last found it. It
+    // has since moved with the frame. It is (1, 1, -1, -1) at first, and if there are no such pixels.
     KSRect<long> OptimizedFrame() const { return _optimized_frame; }
     // Finds that bounding box anew; does nothing unless the colour space is KS_RGBA_COLOR_SPACE.
     void ResetOptmizedFrame();
 
-    // Moves the frame, and the optimized frame with it; pixels stay where they are in memory. Does nothing if
-    // the frame is invalid, or if a coordinate would leave the range of long.
+    // Moves the frame and the optimized frame; the pixels stay where they are in memory. Does nothing if the
+    // frame is invalid, or if a coordinate would leave the range of long.
     void OffsetBy(long dx, long dy);
     void OffsetBy(KSPoint<long> delta) { OffsetBy(delta.x, delta.y); }
     // Moves the frame so that its top left pixel is (x, y).
@@ -134,12 +134,12 @@ public:
     // Writes name, label (if not null) and frame to standard output.
     void PrintToStream(const char* label = nullptr) const;
 
-    // Adds name, frame, colour space, storage kind and pixels to a message, as "KSRaster::_name" and so on; a
-    // null message does nothing. Throws std::bad_alloc.
+    // Adds name, frame, colour space, storage kind and pixels to a message; docs/archive-format.md lists the
+    // fields. Does nothing for a null message. Throws std::bad_alloc.
     void Archive(KSMessage* archive);
-    // Returns null if the archive constructor takes everything in `archive` as it is, or else what is wrong
-    // with it, as a static English text: a storage kind or colour space that constructors assert, a frame
-    // that is too large, or pixel data of another size than the frame asks for. A null archive is no fault.
+    // Returns null if the archive constructor would take everything in `archive` as it is, or a static
+    // English text that says what is wrong: a storage kind or colour space that constructors refuse, a frame
+    // that is too large, or pixel data of another size than the frame's. Returns null for a null archive.
     static const char* ArchiveFault(const KSMessage* archive);
 
     // Reverses the bytes of each pixel of two or four bytes in place; does nothing for other sizes.
@@ -147,44 +147,49 @@ public:
     // Sets the alpha of every pixel and leaves its colour; does nothing unless pixels take four bytes.
     void FillAlpha(unsigned char alpha);
 
-    // Returns a new raster with this one's frame, name, colour space and pixels, which the caller deletes;
-    // null if it cannot be made. Drawing state and optimized frame are those of a new raster.
+    // Returns a new raster with this one's frame, name, colour space and pixels, or null if it cannot be
+    // made. Drawing state and optimized frame are those of a new raster. The caller deletes it.
     KSRaster* DuplicateRaster(ks_raster_native native = kRasterNativeDontChange);
-    // Copies the rows and bytes that both rasters have, from the top left of the one to the top left of the
-    // other. Neither frames nor colour spaces are looked at; a null source does nothing.
+    // Copies the rows and bytes that both rasters have, from top left to top left, whatever their frames and
+    // colour spaces. Does nothing for a null source.
     void CopyFrom(KSRaster* source);
 
-    // Returns a new raster for `frame` that holds this image resized to it, bilinearly (with the sides
-    // that ScaleBiLin describes) or by nearest neighbour; an image of the same size is copied. It has this
-    // one's name, and drawing state and optimized frame of a new raster. The caller deletes it. `native` is
-    // as for the constructor. Null if the frame is invalid or if this raster's pixels do not take four bytes;
-    // transparent if this raster has no pixels. Throws std::bad_alloc.
+    // Returns a new raster for `frame` that holds this image resized to it, bilinearly (with the sides that
+    // KSBitmapTools::ScaleBiLin describes) or by nearest neighbour; an image of the same size is copied. The
+    // new raster has this one's name, and the drawing state and optimized frame of a new raster. The caller
+    // deletes it. `native` is as for the constructor. Returns null if the frame is invalid, or if this
+    // raster's pixels do not take four bytes. If this raster has no pixels, the new one is transparent.
+    // Throws std::bad_alloc.
     KSRaster* CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native);
     // Returns a new in-memory raster that holds this image with its top left, top right, bottom right and
-    // bottom left corners at p1 to p4, rotated about `center` by `angle` radians if that is not 0 (content to
-    // the right of the center moves up for pi / 2). An upright rectangle is resized to the rounded corners;
-    // any other shape lies in a transparent margin of 16 pixels, and so does what is rotated. Corners are
-    // places in the plane of the result: where this raster's own frame lies does not matter. The right and
-    // lower ones are the last pixels of an upright rectangle, and where the last pixels end of any other
-    // shape. Mirror images are not made: an upright rectangle with sides swapped gives null, other corners
-    // for which KSBitmapTools::TransformPlain writes nothing give a transparent raster. Name, state and
-    // ownership are as above. Null as above, and if an argument is not finite. Throws std::bad_alloc.
+    // bottom left corners at p1 to p4, then rotated about `center` by `angle` radians if that is not 0 (pi /
+    // 2 moves the content to the right of the centre up). An upright rectangle is resized to the rounded
+    // corners. Any other shape has a transparent margin of 16 pixels around it, and so has a rotated image.
+    //
+    // Corners are places in the plane of the result; the place of this raster's frame does not matter. The
+    // right and lower corners are the last pixels of an upright rectangle; of any other shape they are where
+    // the last pixels end. Mirror images are not made: an upright rectangle with its sides swapped gives
+    // null, and other corners for which KSBitmapTools::TransformPlain writes nothing give a transparent
+    // raster.
+    //
+    // Name, state and ownership are as above. Returns null as above, and if an argument is not finite. Throws
+    // std::bad_alloc.
     KSRaster* CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint<double> p3, KSPoint<double> p4,
                            bool bilinear, double angle, KSPoint<double> center);
 
-    // Sets the mode by which primitives compose, kMergeOver at first. Primitives assert that it is one of the
-    // kMergeCount modes.
+    // Sets the mode by which primitives compose; it is kMergeOver at first. Primitives assert that it is one
+    // of the kMergeCount modes.
     void SetDrawingMode(ks_composition_mode mode) { _drawing_mode = mode; }
-    // Sets the colour that primitives paint in (opaque white at first), and the one of a pattern's clear bits
-    // (transparent at first). Components are 0 to 255 and not clamped: bits above are set in the components
-    // before it, of which alpha is the first (a red of 300 changes alpha, a green of 300 changes red).
+    // Set the colour that primitives paint in (opaque white at first), and the colour of a pattern's clear
+    // bits (transparent at first). Components are 0 to 255 and are not clamped: a component's higher bits are
+    // set in the components before it in 0xAARRGGBB (a red of 300 changes alpha, a green of 300 changes red).
     void SetHighColor(ks_color color) { _high_color = ks_pixel_word(color); }
     void SetHighColor(long red, long green, long blue, long alpha);
     void SetLowColor(ks_color color) { _low_color = ks_pixel_word(color); }
     void SetLowColor(long red, long green, long blue, long alpha);
-    // Sets the pattern of eight bytes that the primitives paint; null paints solid. Bit x & 7 (bit 0 the
-    // least) of byte y & 7 says whether the pixel (x, y) takes the high colour, so a pattern is fixed to the
-    // plane. The bytes stay the caller's and must live as long as the pattern is set.
+    // Sets the pattern of eight bytes that primitives paint; null paints solid. The pixel (x, y) takes the
+    // high colour if bit x & 7 (bit 0 is the least) of byte y & 7 is set, so a pattern is fixed to the plane.
+    // The caller owns the bytes, which must live as long as the pattern is set.
     void SetPattern(const unsigned char* pattern) { _pattern = pattern; }
 
     // Fills a rectangle; a reversed one paints nothing.
@@ -197,7 +202,7 @@ public:
     void StrokeRect(KSPoint<long> a, KSPoint<long> b) { StrokeRect(a.x, a.y, b.x, b.y); }
     void StrokeRect(KSRect<long> r) { StrokeRect(r.left, r.top, r.right, r.bottom); }
 
-    // Draws a line with both its ends, by Bresenham's algorithm; an upright or level one is a rectangle.
+    // Draws a line with both its ends by Bresenham's algorithm. An upright or level line is a rectangle.
     void StrokeLine(long x1, long y1, long x2, long y2);
     void StrokeLine(KSPoint<long> a, KSPoint<long> b) { StrokeLine(a.x, a.y, b.x, b.y); }
     void StrokeLine(KSRect<long> r) { StrokeLine(r.left, r.top, r.right, r.bottom); }
@@ -206,46 +211,39 @@ public:
     void PutPixel(long x, long y);
     void PutPixel(KSPoint<long> p) { PutPixel(p.x, p.y); }
 
-    // Draws the outline of the ellipse in the box from (x1, y1) to (x2, y2), by the midpoint algorithm. The
-    // centre is that of the box, rounded towards zero, and the radii reach from it to x1 and y1: the last
-    // column or row of a box of even size is left out. Pixels on the axes are painted twice. A reversed box
-    // paints nothing.
+    // Draws the outline of the ellipse in the box from (x1, y1) to (x2, y2) by the midpoint algorithm. Its
+    // centre is the box's centre, rounded towards zero, and its radii reach to x1 and y1, so the last column
+    // or row of a box of even size stays free. Pixels on the axes are painted twice. A reversed box paints
+    // nothing.
     void StrokeEllipse(long x1, long y1, long x2, long y2);
     void StrokeEllipse(KSPoint<long> a, KSPoint<long> b) { StrokeEllipse(a.x, a.y, b.x, b.y); }
     void StrokeEllipse(KSRect<long> r) { StrokeEllipse(r.left, r.top, r.right, r.bottom); }
 
     // Fills the same ellipse by spans that start at its axes: level ones where the outline is steep, upright
-    // ones where it is flat. Pixels that lie in several spans are painted as often, the centre eight times.
+    // ones where it is flat. A pixel is painted once for each span that it lies in, the centre eight times.
     void FillEllipse(long x1, long y1, long x2, long y2);
     void FillEllipse(KSPoint<long> a, KSPoint<long> b) { FillEllipse(a.x, a.y, b.x, b.y); }
     void FillEllipse(KSRect<long> r) { FillEllipse(r.left, r.top, r.right, r.bottom); }
 
-    // Fills the polygon of points[0] to points[count - 1], which should be convex: a row is painted between
-    // the first and the latest of its edges. The topmost row is not painted; edges left of column -32000
-    // count as none. A count below 1 reads and paints nothing. Throws std::bad_alloc.
+    // Fills the polygon of points[0] to points[count - 1], which should be convex: each row is painted
+    // between the first and the latest edge that crosses it. The topmost row is not painted, and crossings
+    // left of column -32000 do not count. A count below 1 reads and paints nothing. Throws std::bad_alloc.
     void FillPolygon(const KSPoint<long>* points, long count);
-    // Fills a triangle row by row, the rows where it is one column wide left out; the row of the middle
-    // corner is painted twice unless it is also the row of another.
+    // Fills a triangle row by row, except rows where it is one column wide. The row of the middle corner is
+    // painted twice unless another corner lies on it.
     void FillTriangle(KSPoint<long> a, KSPoint<long> b, KSPoint<long> c);
 
     // Records for FillPolygon where the edge from (x1, y1) to (x2, y2) crosses the rows of the frame: in the
-    // record of the row if there is one, or else in a new one at the end. The upper end's row is not crossed.
+    // row's record if there is one, or else in a new one at the end. The row of the upper end is not crossed.
     // Throws std::bad_alloc.
     void polyline(long x1, long y1, long x2, long y2, KSList<ks_polyline_entry>& crossings) const;
 
 private:
     friend class ks_painter;
 
-    void SetName(const char* name);
     void MakeStorage();
     void AllocateBitmap();
     void AllocateMemory();
-    bool HasWords() const { return _data != nullptr && _bytes_per_pixel == 4; }
-    unsigned char* Row(long index) const;
-    std::unique_ptr<KSRaster> NewLike(KSRect<long> frame, ks_raster_native native) const;
-    void ResizeInto(KSRaster& result, bool bilinear) const;
-    void MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) const;
-    void RotateInto(KSRaster& result, KSPoint<double> center, double angle, bool bilinear);
 
     std::unique_ptr<char[]> _name;
     unsigned char* _data = nullptr;

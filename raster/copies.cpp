@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // Scaled, transformed and rotated copies of a raster.
 #include "bitmaptools/KSBitmapTools.h"
+#include "bitmaptools/turn.h"
 #include "hdr/ks_math.h"
-#include "hdr/ks_turn.h"
 #include "raster/KSRaster.h"
 #include "raster/raster_lock.h"
 
@@ -13,9 +13,9 @@
 
 namespace {
 
-constexpr long kMargin = 16;  // around what does not fill its frame
+constexpr long kMargin = 16;  // around an image that does not fill its frame
 
-// Returns a finite number without its fraction; throws std::bad_alloc for one that no frame reaches.
+// Returns a finite number without its fraction. Throws std::bad_alloc if no frame can reach it.
 long Truncated(double value) {
     constexpr double kFarthest = 0x1p62;
     if (std::fabs(value) > kFarthest)
@@ -41,7 +41,7 @@ KSRect<long> BoundsOf(const KSPoint<double> (&points)[4]) {
 
 // Returns the bounding box of a rotated frame, with the margin around it.
 KSRect<long> RotatedBounds(const KSRect<long>& frame, KSPoint<double> center, double angle) {
-    // A center farther away than this moves everything out of sight.
+    // A centre farther away than this moves everything out of sight.
     constexpr double kFarthest = 0x1p40;
     const double x = std::trunc(std::clamp(center.x, -kFarthest, kFarthest));
     const double y = std::trunc(std::clamp(center.y, -kFarthest, kFarthest));
@@ -62,51 +62,53 @@ std::int32_t RowLength(const KSRaster& raster) {
     return raster.BytesPerRow() / 4;
 }
 
-}  // namespace
-
-std::unique_ptr<KSRaster> KSRaster::NewLike(KSRect<long> frame, ks_raster_native native) const {
-    return std::make_unique<KSRaster>(frame, Name(), _color_space, native);
+// Returns a raster without the drawing state of `source`.
+std::unique_ptr<KSRaster> NewLike(const KSRaster& source, KSRect<long> frame, ks_raster_native native) {
+    return std::make_unique<KSRaster>(frame, source.Name(), source.ColorSpace(), native);
 }
 
-void KSRaster::ResizeInto(KSRaster& result, bool bilinear) const {
+void Resize(const KSRaster& source, KSRaster& result, bool bilinear) {
     const ks_raster_lock lock(result);
-    if (!_data)
+    if (!source.Bits())
         return;
     const long width = result.Width(), height = result.Height();
-    if (width == Width() && height == Height()) {
+    if (width == source.Width() && height == source.Height()) {
         for (long y = 0; y < height; y++)
-            std::memcpy(result.Row(y), Row(y), static_cast<std::size_t>(width) * 4);
+            std::memcpy(Words(result) + y * RowLength(result), Words(source) + y * RowLength(source),
+                        static_cast<std::size_t>(width) * 4);
         return;
     }
     const auto scale = bilinear ? KSBitmapTools::ScaleBiLin : KSBitmapTools::ScalePlain;
-    scale(static_cast<std::int32_t>(Width()), static_cast<std::int32_t>(Height()),
-          static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), Words(*this), Words(result),
-          RowLength(*this), RowLength(result));
+    scale(static_cast<std::int32_t>(source.Width()), static_cast<std::int32_t>(source.Height()),
+          static_cast<std::int32_t>(width), static_cast<std::int32_t>(height), Words(source), Words(result),
+          RowLength(source), RowLength(result));
 }
 
-void KSRaster::MapInto(KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) const {
+void Map(const KSRaster& source, KSRaster& result, const KSPoint<double> (&corners)[4], bool bilinear) {
     const ks_raster_lock lock(result);
-    if (!_data)
+    if (!source.Bits())
         return;
     const auto transform = bilinear ? KSBitmapTools::TransformBiLin : KSBitmapTools::TransformPlain;
-    transform(_frame, corners[0], corners[1], corners[2], corners[3], result._frame, Words(*this),
-              Words(result), static_cast<std::uint32_t>(RowLength(*this)),
+    transform(source.Frame(), corners[0], corners[1], corners[2], corners[3], result.Frame(), Words(source),
+              Words(result), static_cast<std::uint32_t>(RowLength(source)),
               static_cast<std::uint32_t>(RowLength(result)));
 }
 
-void KSRaster::RotateInto(KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
-    const ks_raster_lock result_lock(result), lock(*this);
+void Rotate(KSRaster& source, KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
+    const ks_raster_lock result_lock(result), lock(source);
     const auto rotate = bilinear ? KSBitmapTools::RotateBiLin : KSBitmapTools::RotatePlain;
-    rotate(_frame, result._frame, center, angle, Words(*this), Words(result),
-           static_cast<std::uint32_t>(RowLength(*this)), static_cast<std::uint32_t>(RowLength(result)));
+    rotate(source.Frame(), result.Frame(), center, angle, Words(source), Words(result),
+           static_cast<std::uint32_t>(RowLength(source)), static_cast<std::uint32_t>(RowLength(result)));
 }
+
+}  // namespace
 
 KSRaster* KSRaster::CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) {
     if (!frame.IsValid() || _bytes_per_pixel != 4)
         return nullptr;
     const ks_raster_lock lock(*this);
-    auto result = NewLike(frame, native);
-    ResizeInto(*result, bilinear);
+    auto result = NewLike(*this, frame, native);
+    Resize(*this, *result, bilinear);
     return result.release();
 }
 
@@ -122,15 +124,15 @@ KSRaster* KSRaster::CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint
         const KSRect<long> frame(Rounded(p1.x), Rounded(p1.y), Rounded(p3.x), Rounded(p3.y));
         if (!frame.IsValid())
             return nullptr;
-        result = NewLike(frame, kRasterInMemory);
-        ResizeInto(*result, bilinear);
+        result = NewLike(*this, frame, kRasterInMemory);
+        Resize(*this, *result, bilinear);
     } else {
-        result = NewLike(BoundsOf(corners), kRasterInMemory);
-        MapInto(*result, corners, bilinear);
+        result = NewLike(*this, BoundsOf(corners), kRasterInMemory);
+        Map(*this, *result, corners, bilinear);
     }
     if (angle == 0.0)
         return result.release();
-    auto rotated = NewLike(RotatedBounds(result->_frame, center, angle), kRasterInMemory);
-    result->RotateInto(*rotated, center, angle, bilinear);
+    auto rotated = NewLike(*this, RotatedBounds(result->Frame(), center, angle), kRasterInMemory);
+    Rotate(*result, *rotated, center, angle, bilinear);
     return rotated.release();
 }

@@ -13,15 +13,13 @@
 inline constexpr std::int32_t kUnsetBelow = -32000;
 inline constexpr std::int32_t kUnset = -32001;
 
-// Adds crossings to a list of records, one per row, and knows where the record of a row is.
+// Adds crossings to a list of records, one per row, and finds the record of a row.
 class crossing_recorder {
 public:
-    // Records go behind those that are in `records` already. Rows that are not between `top` and `bottom` are
-    // left out.
+    // New records go to the end of `records`. Rows above `top` or below `bottom` are left out.
     crossing_recorder(KSList<ks_polyline_entry>& records, long top, long bottom);
 
-    // Records the rows behind the upper end of an edge up to its lower end. Both ends have 32-bit
-    // coordinates.
+    // Records the rows from below the upper end of an edge to its lower end. Both have 32-bit coordinates.
     void Record(KSPoint<long> from, KSPoint<long> to);
 
 private:

@@ -12,10 +12,10 @@
 // are
 //     d1 = 2 * f(x - 1/2, y + 1)   (first part: x shrinks too where this is not negative)
 //     d2 = 2 * f(x - 1, y + 1/2)   (negative in the first part; second part: y grows where it is negative)
-// rounded down, which does not change their signs. So they depend on the place alone and not on the way to
-// it, and the walk passes through the pixel nearest to the ellipse in each row of the first part and in each
-// column of the second: it can start there. The one exception is the pixel where the second part begins,
-// which may be farther out.
+// rounded down, which does not change their signs. So they depend only on the place, not on the way to it.
+// The walk passes through the pixel nearest to the ellipse in each row of the first part and in each column
+// of the second, and can start there. The one exception is the pixel where the second part begins, which may
+// be farther out.
 //
 // Number has to hold 4 * a * a * b * b: long for radii up to kSmall, 128 bits for any others up to 2^31.
 template <class Number> class ks_ellipse_walk {
@@ -80,17 +80,17 @@ private:
         _t9 = 4 * _a2 * y;
     }
 
-    // Returns a row that the first part reaches for certain, not far before its end: the part goes on while
-    // the ellipse falls off by less than a column per row, and is farther than half a column from the axis.
-    // A row is reached if that holds half a row before it, so that it does not matter how this is rounded.
+    // Returns a row near the end of the first part that it certainly reaches. The part goes on while the
+    // ellipse moves inwards by less than a column per row and is farther than half a column from the axis. A
+    // row is reached if that holds half a row before it, so the rounding here does not matter.
     long LastSafeRow() const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b);
         const double steep = b / std::hypot(a / b, 1.0), wide = b * std::sqrt(1 - 0.25 / (a * a));
         return static_cast<long>(std::min(steep, wide));
     }
 
-    // Returns the column x of a safe row with the ellipse between x - 1/2 and x + 1/2: where it passes,
-    // without the fraction, or the next one. What is rounded is too small to matter.
+    // Returns the column x of a safe row with the ellipse between x - 1/2 and x + 1/2: the column where the
+    // ellipse passes, rounded down, or the next one. The rounding errors are too small to matter.
     long NearestColumn(long y) const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b), row = static_cast<double>(y);
         auto x = static_cast<long>(a * std::sqrt((b - row) * (b + row)) / b);
@@ -99,8 +99,8 @@ private:
         return x;
     }
 
-    // Returns the row y of a column of the second part with the ellipse between y - 1/2 and y + 1/2,
-    // likewise.
+    // Returns the row y of a column of the second part with the ellipse between y - 1/2 and y + 1/2 in the
+    // same way.
     long NearestRow(long x) const {
         const auto a = static_cast<double>(_a), b = static_cast<double>(_b), column = static_cast<double>(x);
         auto y = static_cast<long>(b * std::sqrt((a - column) * (a + column)) / a);

@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-// Composes rectangles and pixels onto a raster: what all drawing primitives come down to.
+// Composes rectangles and pixels onto a raster. All drawing primitives use it.
 #pragma once
 
 #include "hdr/KSRect.h"
 #include "merge/KSMerge.h"
-#include "merge/levels.h"
+#include "merge/rows.h"
 #include "raster/KSRaster.h"
 
 #include <cstddef>
@@ -20,37 +20,37 @@ public:
     ~ks_scattered_run() { Compose(); }
 
     void Add(std::uint32_t* pixel) {
-        if (_count == kMost)
+        if (_count == kBatch)
             Compose();
         _pixels[_count++] = pixel;
     }
 
 private:
-    static constexpr std::int32_t kMost = 64;
+    static constexpr std::int32_t kBatch = 64;
 
     void Compose();
 
     ks_merge::color_rows_func _compose;
     std::uint32_t _color;
     std::int32_t _count = 0;
-    std::uint32_t* _pixels[kMost];
+    std::uint32_t* _pixels[kBatch];
 };
 
-// Holds what a primitive needs of the raster's drawing state, for the time of one call.
+// Holds what a primitive needs of the raster and its drawing state during one call.
 class ks_painter {
 public:
     // Asserts that the raster's drawing mode is one of the modes.
     explicit ks_painter(const KSRaster& raster);
 
-    // The part of the frame that shapes can reach whose coordinates are limited to 32 bits; it may be
-    // invalid.
-    const KSRect<long>& Reach() const { return _reach; }
-    // Returns whether two corners have coordinates that such shapes take.
-    static bool Takes(long x1, long y1, long x2, long y2);
+    // Returns the part of the frame within 32-bit coordinates, to which all shapes but rectangles are
+    // limited. It may be invalid.
+    const KSRect<long>& ShapeFrame() const { return _shape_frame; }
+    // Returns whether two points have coordinates that such shapes can have.
+    static bool InShapeRange(long x1, long y1, long x2, long y2);
 
     // Returns whether the order in which pixels are painted shows.
     bool NeedsOrder() const { return _mode == kMergeDissolve; }
-    // Returns whether to paint a pixel a second time changes nothing.
+    // Returns whether painting a pixel a second time changes nothing.
     bool PaintsOnce() const;
 
     // Returns whether the pixel lies in the frame.
@@ -62,15 +62,13 @@ public:
         return (y - _frame.top) * _words_per_row + (x - _frame.left);
     }
 
-    // Composes the rectangle, as far as it lies in the frame, row by row.
+    // Composes the part of the rectangle that lies in the frame, row by row.
     void Fill(long left, long top, long right, long bottom) const;
     // Composes the pixel if it lies in the frame.
     void Plot(long x, long y) const;
-    // Composes the pixels of a line that is neither upright nor level.
-    void Line(long x1, long y1, long x2, long y2) const;
 
-    // Calls `paint(put)`, where `put(place, x, y)` composes the pixel (x, y) of the frame; no pixel may be
-    // put twice. Pixels may be composed later than they are put, but not later than this returns.
+    // Calls `paint(put)`, where `put(place, x, y)` composes the pixel (x, y) of the frame. No pixel may be
+    // put twice. All are composed when this returns, but not always at once.
     template <class Paint> void PaintPixels(const Paint& paint) const;
 
 private:
@@ -82,7 +80,7 @@ private:
     void FillPatternByPixels(const KSRect<long>& area) const;
 
     KSRect<long> _frame;
-    KSRect<long> _reach;
+    KSRect<long> _shape_frame;
     std::uint32_t* _pixels;
     long _words_per_row;
     const unsigned char* _pattern;

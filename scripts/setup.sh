@@ -1,12 +1,12 @@
 # SPDX-License-Identifier: MIT
-# Sourced by ./run and ./test: Debian packages, the build, and the user's catalogs.
+# Sourced by ./run, ./test and the scripts of bench/ and tests/: Debian packages, the build, and the user's catalogs.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev libfontconfig-dev libstb-dev)
 window_packages=(fonts-dejavu-core)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
-test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core libx11-dev libxtst-dev doxygen clang-19 libclang-rt-19-dev git)
+test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
 
 fail() {
     echo "${0##*/}: $*" >&2

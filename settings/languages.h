@@ -9,12 +9,12 @@ namespace config {
 // What the language list sends to the application when its selection changes.
 constexpr std::uint32_t kLanguageSelected = ks_message_code("LIST");
 
-// Makes the language list (`_llist`), to be added to the window by the caller: "english", then every entry
-// of the catalogs directory, in the directory's order, that has another name. The list's target is the
-// application. A directory that cannot be read leaves "english" alone.
+// Makes the language list (`_llist`), which the caller adds to the window: "english", then every entry of the
+// catalogs directory with another name, in the directory's order. The list's target is the application. When
+// the directory cannot be read, "english" is the only item.
 void FillLanguageList();
 
-// Takes the list's selection over into `_language`; where there is none, "english" is selected again.
+// Makes `_language` the list's selection; when nothing is selected, selects "english" again.
 void TakeSelectedLanguage();
 
 }  // namespace config

@@ -20,6 +20,6 @@ for target in archive drawing; do
     "build/coverage/tests/fuzz/${target}_seeded" 5000 2> /dev/null
 done
 gcovr --root . --object-directory build/coverage --exclude-throw-branches --exclude-unreachable-branches \
-    --filter 'raster/' --filter 'merge/' --filter 'bitmaptools/' --filter 'hdr/' --filter 'kits/BBitmap' \
-    --filter 'toolkit/KSMessage' --exclude 'tests/' --html-details build/coverage/report.html --txt - --print-summary \
+    --filter 'raster/' --filter 'merge/' --filter 'bitmaptools/' --filter 'hdr/' --filter 'simd/' --filter 'exchange/' \
+    --exclude 'tests/' --html-details build/coverage/report.html --txt - --print-summary \
     --fail-under-line 98 --fail-under-branch 95 build/coverage

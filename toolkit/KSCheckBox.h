@@ -8,7 +8,7 @@ class KSCheckBox : public KSEditor<bool> {
 public:
     KSCheckBox(const char* name, unsigned flags) : KSEditor(name, flags) {}
 
-    void SetValue(bool on);
-    void EditValue(bool on);
-    bool Value() const;
+    void SetValue(bool on) { ProgramSets(on); }
+    void EditValue(bool on) { UserSets(on); }
+    bool Value() const { return Copy(); }
 };

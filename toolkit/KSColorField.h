@@ -7,10 +7,11 @@
 
 class KSColorField : public KSEditor<ks_color> {
 public:
-    KSColorField(const char* name, unsigned flags);
+    // Starts with opaque black.
+    KSColorField(const char* name, unsigned flags) : KSEditor(name, flags) { ProgramSets(ks_color(0, 0, 0)); }
 
-    // `notify` and `drag` are false.
-    void SetColor(const ks_color& color, bool notify, bool drag);
-    void EditColor(const ks_color& color);
-    ks_color Color() const;
+    // The last two arguments, notify and drag, are false.
+    void SetColor(const ks_color& color, bool, bool) { ProgramSets(color); }
+    void EditColor(const ks_color& color) { UserSets(color); }
+    ks_color Color() const { return Copy(); }
 };

@@ -46,8 +46,7 @@ public:
     void SetLabel(const char* label, bool redraw);
     std::string Label() const;
 
-    // Messages are posted to `handler`, which has to be a looper to get any, or to `looper` where that is
-    // null.
+    // Messages go to `handler`, which must be a looper to receive any; when it is null, they go to `looper`.
     void SetTarget(BHandler* handler, BLooper* looper);
     // Keeps a copy of the message; null sends none.
     void SetMessage(const BMessage* message);
@@ -70,8 +69,7 @@ public:
     }
 
 protected:
-    // Tells whoever shows the window that this control's state is not what it shows any more. Called under
-    // the window's lock.
+    // Tells whoever shows the window that this control's state has changed. Called under the window's lock.
     void Changed();
     BLooper* Target() const { return _target; }
     void Send(const std::optional<BMessage>& message) const;

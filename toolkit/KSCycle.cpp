@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A choice between a few labels.
 #include "toolkit/KSCycle.h"
 
 #include "kits/utf8.h"
@@ -20,11 +19,6 @@ void KSCycle::AddLabel(const char* label) {
     const KSAutolock lock(this);
     _labels.push_back(CutLabel(label));
     Changed();
-}
-
-long KSCycle::CountLabels() const {
-    const KSAutolock lock(this);
-    return static_cast<long>(_labels.size());
 }
 
 bool KSCycle::GetLabel(long index, char* buffer) const {

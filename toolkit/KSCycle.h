@@ -12,7 +12,6 @@ public:
 
     // Appends a label; the first one is the selection. Labels are at most 63 bytes (longer ones are cut).
     void AddLabel(const char* label);
-    long CountLabels() const;
     // Copies a label and its end mark into `buffer` of 64 bytes; false, and an empty text, for an index
     // without a label.
     bool GetLabel(long index, char* buffer) const;

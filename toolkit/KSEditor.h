@@ -12,7 +12,7 @@ template <class T> class KSEditor : public KSControl {
 public:
     bool Revert() override {
         const KSAutolock lock(this);
-        return MarkIf(_value.Revert());
+        return ChangedIf(_value.Revert());
     }
     void Settle() override {
         const KSAutolock lock(this);
@@ -29,11 +29,11 @@ protected:
 
     void ProgramSets(T value) {
         const KSAutolock lock(this);
-        MarkIf(_value.Set(std::move(value)));
+        ChangedIf(_value.Set(std::move(value)));
     }
     void UserSets(T value) {
         const KSAutolock lock(this);
-        MarkIf(_value.Edit(std::move(value)));
+        ChangedIf(_value.Edit(std::move(value)));
     }
     T Copy() const {
         const KSAutolock lock(this);
@@ -43,7 +43,7 @@ protected:
     const T& Present() const { return _value.Get(); }
 
 private:
-    bool MarkIf(bool changed) {
+    bool ChangedIf(bool changed) {
         if (changed)
             Changed();
         return changed;

@@ -51,10 +51,6 @@ void KSListView::DraggingRequested(KSPoint<long>, BMessage*) {}
 
 void KSListView::SelectionChanged() {}
 
-void KSListView::HideColumnBar(bool, bool) {}
-
-void KSListView::HideHideButton(bool, bool) {}
-
 void KSListView::SetSelectionMessage(const BMessage* message) {
     const KSAutolock lock(this);
     _selection_message = message ? std::optional(*message) : std::nullopt;

@@ -56,17 +56,17 @@ public:
 
     // The base gives the height of the first items, four at most, and no width.
     KSPoint<long> MinSize() override;
-    // Called when the user starts to drag an item; fills `message` with what is dragged. The base, too,
-    // drags nothing.
+    // Called when the user starts to drag an item, to fill `message` with what is dragged. The base drags
+    // nothing.
     virtual void DraggingRequested(KSPoint<long> where, BMessage* message);
     // Called after the selection has changed: on the display's thread under the window's lock where a window
     // shows the list, else by whoever changed it.
     virtual void SelectionChanged();
 
     void SetListMode(long) {}  // always 0: at most one item is selected
-    // A list has neither here.
-    void HideColumnBar(bool hide, bool redraw);
-    void HideHideButton(bool hide, bool redraw);
+    // These two do nothing: a list has neither here.
+    void HideColumnBar(bool, bool) {}
+    void HideHideButton(bool, bool) {}
     // Keeps a copy of the message, which goes to the target whenever the selection changes.
     void SetSelectionMessage(const BMessage* message);
 

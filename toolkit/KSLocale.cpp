@@ -15,8 +15,8 @@ KSLocale locale;
 
 constexpr std::size_t kLargestCatalog = 1 << 20;
 
-// Returns the directory of a language's catalogs; nothing when `language` does not name an entry of the
-// catalogs directory itself.
+// Returns the directory of a language's catalogs; nothing unless `language` names an entry of the catalogs
+// directory.
 std::optional<std::string> LanguageDirectory(const std::string& language) {
     if (language.empty() || language == "." || language == ".." || language.find('/') != std::string::npos)
         return std::nullopt;
@@ -27,7 +27,7 @@ std::optional<std::string> LanguageDirectory(const std::string& language) {
     return path;
 }
 
-// Returns the file's bytes; none when it cannot be read or is too large to be a catalog.
+// Returns the file's bytes; none when it cannot be read or is too large.
 std::string ReadCatalog(const std::string& path) {
     const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(path), std::fclose);
     if (!file)
@@ -37,8 +37,8 @@ std::string ReadCatalog(const std::string& path) {
     return text.size() > kLargestCatalog ? std::string() : text;
 }
 
-// Returns the text with its escapes replaced: \n is a line feed, a backslash before any other character
-// leaves that one. Nothing when a lone backslash ends it.
+// Replaces the escapes: \n becomes a line feed, a backslash before another character goes. Returns nothing
+// when the text ends in a lone backslash.
 std::optional<std::string> Unescaped(std::string_view text) {
     std::string plain;
     for (std::size_t i = 0; i < text.size(); ++i) {

@@ -10,12 +10,12 @@
 class KSLocale {
 public:
     // Opens `catalog` of the language that the settings file names: the last LANGUAGE line whose value has
-    // an entry in the catalogs directory, else "english". Whatever cannot be read leaves no texts; neither
-    // does a catalog of more than 1 MiB.
+    // an entry in the catalogs directory, else "english". A catalog that cannot be read, or is larger than
+    // 1 MiB, leaves no texts.
     void Open(const char* catalog);
-    // Reads a catalog of the X/Open message source form, UTF-8: "12 Text" with \n and \\ escapes; lines may
-    // end in CR LF. Lines that are not of this form are skipped, comments ("$ ...") among them. Of two lines
-    // with one id the second counts.
+    // Reads a catalog of the X/Open message source form in UTF-8: lines "12 Text" with the escapes \n and
+    // \\. Lines may end in CR LF. Any other line is skipped, such as a comment ("$ ..."). Of two lines with
+    // one id the second counts.
     void Read(std::string_view text);
 
     // Returns the catalog's text for `id`, or `default_text` when it has none or an empty one. The

@@ -10,8 +10,15 @@ public:
 
     // Names the image file. A bare name is looked for beside the program's data, then in the working
     // directory; a missing file leaves a blank picture of the usual size.
-    void SetFileName(const char* file_name);
-    std::string FileName() const;
+    void SetFileName(const char* file_name) {
+        const KSAutolock lock(this);
+        _file_name = file_name ? file_name : "";
+        Changed();
+    }
+    std::string FileName() const {
+        const KSAutolock lock(this);
+        return _file_name;
+    }
 
 private:
     std::string _file_name;

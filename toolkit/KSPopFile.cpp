@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A file's path with a way to choose another.
 #include "toolkit/KSPopFile.h"
 
 #include "kits/storage.h"

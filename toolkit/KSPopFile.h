@@ -10,11 +10,10 @@ class KSPopFile : public KSEditor<std::string> {
 public:
     KSPopFile(const char* name, unsigned flags) : KSEditor(name, flags) {}
 
-    // Sets the path; null and the empty text mean none. `notify` changes nothing here.
+    // Sets the path; null and the empty text mean none. `notify` has no effect.
     void SetText(const char* path, bool notify);
     void SetText(const BPath* path, bool notify);
-    // The user's path: text that would not come back from the settings file (see ks_fits_settings_line) is
-    // refused, with false.
+    // The user's path. A text that does not pass ks_fits_settings_line is refused, with false.
     bool EditText(const std::string& path);
     // Returns the path, never null. Valid until it is next changed: hold the lock, or ask Path().
     const char* Text() const;

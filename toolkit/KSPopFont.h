@@ -14,7 +14,7 @@ public:
     void SetValue(const BFont* font, bool notify);
     // The user's font. A new name that does not pass ks_fits_font_field is refused, with false.
     bool EditValue(const BFont& font);
-    // Returns the font, owned by the control; hold the lock, or ask Font().
+    // Returns the font, owned by the control. Valid until it is next changed: hold the lock, or ask Font().
     const BFont* Value() const;
     BFont Font() const;
 };

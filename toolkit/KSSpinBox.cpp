@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-// A number between two bounds, with buttons to step it.
 #include "toolkit/KSSpinBox.h"
 
 #include "hdr/ks_math.h"

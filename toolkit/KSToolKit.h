@@ -8,7 +8,7 @@
 struct ks_text_style;  // no style is defined: always null
 enum ks_truncate : int { KS_TRUNCATE_NONE = 0 };
 
-// What a control measures and draws with; made by whoever shows the window. Coordinates are the control's,
+// What a control measures and draws with; whoever shows the window makes it. Coordinates are the control's,
 // in pixels; texts are UTF-8.
 class KSSurface {
 public:
@@ -31,9 +31,9 @@ public:
     bool Lock() const;
     void Unlock() const;
 
-    // The drawing operations act on the surface that is set while a drawing hook runs; outside of one they
-    // do nothing and measure 0. A negative length means all of the text; `style` is null, `truncate`
-    // KS_TRUNCATE_NONE and `whole` true.
+    // The drawing operations act on the surface that is set while a drawing hook runs. Without one they do
+    // nothing and measure 0. A negative length means all of the text; `style` is null, `truncate` is
+    // KS_TRUNCATE_NONE and `whole` is true.
     void SetHighPen(ks_pen pen);
     KSPoint<long> StringSize(const char* text, long* ascent, ks_text_style* style, long length,
                              ks_truncate truncate, bool whole);
@@ -41,7 +41,7 @@ public:
                     ks_truncate truncate, bool whole);
     void FillRect(KSRect<long> rect);
 
-    // Set by whoever shows the window around the drawing hooks, under the window's lock.
+    // Whoever shows the window calls this around the drawing hooks, under the window's lock.
     void SetSurface(KSSurface* surface) { _surface = surface; }
 
 private:

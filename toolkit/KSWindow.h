@@ -10,6 +10,6 @@ using ks_window_feel = long;
 class KSWindow : public BWindow {
 public:
     // Look 1 is an ordinary titled window; feel, flags and workspaces are 0.
-    KSWindow(KSRect<long> frame, const char* title, ks_window_look look, ks_window_feel feel, unsigned flags,
-             unsigned workspaces);
+    KSWindow(KSRect<long> frame, const char* title, ks_window_look, ks_window_feel, unsigned, unsigned)
+        : BWindow(frame, title) {}
 };

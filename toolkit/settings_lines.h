@@ -20,9 +20,9 @@ struct ks_settings_line {
     bool Is(std::string_view other) const;
 };
 
-// Reads the file in pieces of at most 1023 characters, one line each at most, and calls `handle` for every
-// piece that has a key and something behind it; a NUL byte ends its piece. Returns false, without waiting,
-// when there is no regular file that can be opened.
+// Reads the file in pieces of at most 1023 characters, each a line or a part of one. Calls `handle` for every
+// piece that has a key and something behind it; a NUL byte ends its piece. Returns false when there is no
+// regular file that can be opened. Never waits.
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle);
 
 // Writes `text` over the file, which keeps its inode and is created where it is missing. Returns whether all
@@ -30,6 +30,6 @@ bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& 
 // one may leave the new text's start before the old text's rest. Never waits for a pipe's other end.
 bool ks_write_settings_file(std::string_view text);
 
-// Returns whether a value that is written behind a key comes back whole: it is not empty, has no line feed or
-// NUL in it, no space or "=" at its start, no space at its end, and leaves room for the key in a piece.
+// Returns whether a value that is written behind a key comes back whole: it is not empty, contains no line
+// feed and no NUL, starts with neither space nor "=", does not end in a space, and leaves room for the key.
 bool ks_fits_settings_line(std::string_view value);

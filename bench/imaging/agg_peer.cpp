@@ -32,28 +32,12 @@ agg::rgba8 agg_colour(std::uint32_t pixel) {
     return agg::rgba8(pixel >> 16 & 255, pixel >> 8 & 255, pixel & 255, pixel >> 24);
 }
 
-std::optional<agg::comp_op_e> operator_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeMultiply:
-        return agg::comp_op_multiply;
-    case kMergeScreen:
-        return agg::comp_op_screen;
-    case kMergeErase:
-        return agg::comp_op_dst_out;
-    case kMergeAdd:
-        return agg::comp_op_plus;
-    case kMergeDarkest:
-        return agg::comp_op_darken;
-    case kMergeLightest:
-        return agg::comp_op_lighten;
-    case kMergeDifference:
-        return agg::comp_op_difference;
-    case kMergeAlphaMask:
-        return agg::comp_op_dst_in;
-    default:
-        return std::nullopt;
-    }
-}
+constexpr ModeRow<agg::comp_op_e> kOperators[] = {
+    {kMergeMultiply, agg::comp_op_multiply},     {kMergeScreen, agg::comp_op_screen},
+    {kMergeErase, agg::comp_op_dst_out},         {kMergeAdd, agg::comp_op_plus},
+    {kMergeDarkest, agg::comp_op_darken},        {kMergeLightest, agg::comp_op_lighten},
+    {kMergeDifference, agg::comp_op_difference}, {kMergeAlphaMask, agg::comp_op_dst_in},
+};
 
 // Adds a contender that composes row by row through the pixel format `Format`, made with `options`.
 template <class Format, class... Options>
@@ -62,11 +46,11 @@ void add_format(Contest& contest, const Composition& task, bool premultiplied, O
     const auto buffer = std::make_shared<agg::rendering_buffer>(wrap(scene.destination));
     const auto source_buffer = std::make_shared<agg::rendering_buffer>(
         wrap(premultiplied ? scene.premultiplied_source : scene.straight_source));
-    const auto colour = agg_colour(premultiplied ? ::premultiplied(kColour) : kColour);
+    const auto colour = agg_colour(premultiplied ? premultiplied_pixel(kColour) : kColour);
     const bool copies = task.mode == kMergeCopy;
     const bool run = task.family == Family::kRun;
     contest.Add(
-        premultiplied ? "AGG premultiplied" : "AGG straight",
+        Kind::kPeer, premultiplied ? "AGG premultiplied" : "AGG straight",
         premultiplied ? Picture::kPremultiplied : Picture::kStraight,
         [=, width = static_cast<unsigned>(scene.destination.Width()), height = scene.destination.Height()] {
             Format format(*buffer, options...);
@@ -123,8 +107,8 @@ void add_agg(Contest& contest, const Composition& task) {
         add_format<agg::pixfmt_bgra32_plain>(contest, task, false);
         return;
     }
-    const auto operation = operator_of(task.mode);
-    if (!operation || (task.family == Family::kRun && task.mode == kMergeAlphaMask))
+    const auto operation = operation_of(task.mode, kOperators);
+    if (!operation)
         return;
     add_format<CompositingFormat<agg::comp_op_adaptor_rgba_pre>>(contest, task, true,
                                                                  static_cast<unsigned>(*operation));
@@ -134,11 +118,11 @@ void add_agg(Contest& contest, const Composition& task) {
 
 void add_agg(Contest& contest, Resampling& task) {
     if (task.kind == Resampling::Kind::kTransform) {
-        contest.Add("AGG", Picture::kPremultiplied, transforming_pass(task));
+        contest.Add(Kind::kPeer, "AGG", Picture::kPremultiplied, transforming_pass(task));
         return;
     }
     const auto& m = task.to_source;
-    contest.Add("AGG", Picture::kPremultiplied,
+    contest.Add(Kind::kPeer, "AGG", Picture::kPremultiplied,
                 sampling_pass<agg::span_interpolator_linear<>>(
                     task, agg::trans_affine(m[0], m[3], m[1], m[4], m[2], m[5])));
 }
@@ -193,9 +177,9 @@ void draw_box(Primitives& primitives, Drawing::Kind kind, const KSRect<long>& bo
 }
 
 template <class Format> void add_drawing(Contest& contest, const Drawing& task, bool premultiplied) {
-    const agg::rgba8 colour = agg_colour(premultiplied ? ::premultiplied(task.colour) : task.colour);
+    const agg::rgba8 colour = agg_colour(premultiplied ? premultiplied_pixel(task.colour) : task.colour);
     contest.Add(
-        premultiplied ? "AGG premultiplied" : "AGG straight",
+        Kind::kPeer, premultiplied ? "AGG premultiplied" : "AGG straight",
         premultiplied ? Picture::kPremultiplied : Picture::kStraight,
         [=, &task] {
             agg::rendering_buffer buffer = wrap(task.scene->destination);

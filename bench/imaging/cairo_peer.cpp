@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What Cairo's image surfaces can do of the benchmarks' tasks, without antialiasing. It keeps premultiplied
-// colour.
+// Drawing onto Cairo's image surfaces, without antialiasing. It keeps premultiplied colour.
 #include "bench/imaging/tasks.h"
 
 #include <cairo.h>
@@ -26,87 +25,6 @@ void set_colour(cairo_t* context, std::uint32_t colour) {
     const auto channel = [&](int shift) { return (colour >> shift & 255) / 255.0; };
     cairo_set_source_rgba(context, channel(16), channel(8), channel(0), channel(24));
 }
-
-std::optional<cairo_operator_t> operator_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeNormal:
-        return CAIRO_OPERATOR_OVER;
-    case kMergeMultiply:
-        return CAIRO_OPERATOR_MULTIPLY;
-    case kMergeScreen:
-        return CAIRO_OPERATOR_SCREEN;
-    case kMergeErase:
-        return CAIRO_OPERATOR_DEST_OUT;
-    case kMergeAdd:
-        return CAIRO_OPERATOR_ADD;
-    case kMergeDarkest:
-        return CAIRO_OPERATOR_DARKEN;
-    case kMergeLightest:
-        return CAIRO_OPERATOR_LIGHTEN;
-    case kMergeDifference:
-        return CAIRO_OPERATOR_DIFFERENCE;
-    case kMergeReplaceHue:
-        return CAIRO_OPERATOR_HSL_HUE;
-    case kMergeReplaceSaturation:
-        return CAIRO_OPERATOR_HSL_SATURATION;
-    case kMergeReplaceLuminosity:
-        return CAIRO_OPERATOR_HSL_LUMINOSITY;
-    case kMergeReplaceColor:
-        return CAIRO_OPERATOR_HSL_COLOR;
-    case kMergeAlphaMask:
-        return CAIRO_OPERATOR_DEST_IN;
-    case kMergeCopy:
-        return CAIRO_OPERATOR_SOURCE;
-    default:
-        return std::nullopt;
-    }
-}
-
-}  // namespace
-
-void add_cairo(Contest& contest, const Composition& task) {
-    const auto operation = operator_of(task.mode);
-    if (!operation || (task.family == Family::kRun && task.mode == kMergeAlphaMask))
-        return;
-    Scene& scene = *task.scene;
-    const Surface destination = wrap(scene.destination);
-    const Surface source = wrap(scene.premultiplied_source);
-    const Context context = context_on(destination);
-    cairo_set_operator(context.get(), *operation);
-    if (task.family == Family::kRun)
-        set_colour(context.get(), kColour);
-    else
-        cairo_set_source_surface(context.get(), source.get(), 0, 0);
-    contest.Add(
-        "Cairo", Picture::kPremultiplied,
-        [=] {
-            cairo_surface_mark_dirty(destination.get());
-            cairo_paint(context.get());
-            cairo_surface_flush(destination.get());
-        },
-        scene.RestorePremultiplied());
-}
-
-void add_cairo(Contest& contest, Resampling& task) {
-    if (task.kind == Resampling::Kind::kTransform)
-        return;  // Cairo's maps are affine.
-    const Surface source = wrap(task.premultiplied_source), destination = wrap(task.destination);
-    const Context context = context_on(destination);
-    cairo_set_operator(context.get(), CAIRO_OPERATOR_SOURCE);
-    cairo_set_source_surface(context.get(), source.get(), 0, 0);
-    const auto& m = task.to_source;
-    const cairo_matrix_t matrix = {m[0], m[3], m[1], m[4], m[2], m[5]};
-    cairo_pattern_set_matrix(cairo_get_source(context.get()), &matrix);
-    cairo_pattern_set_filter(cairo_get_source(context.get()),
-                             task.is_bilinear ? CAIRO_FILTER_BILINEAR : CAIRO_FILTER_NEAREST);
-    contest.Add("Cairo", Picture::kPremultiplied, [=] {
-        cairo_surface_mark_dirty(destination.get());
-        cairo_paint(context.get());
-        cairo_surface_flush(destination.get());
-    });
-}
-
-namespace {
 
 void add_path(cairo_t* context, const Drawing& task, std::size_t index) {
     if (task.kind == Drawing::Kind::kPolygons) {
@@ -154,7 +72,7 @@ void add_cairo(Contest& contest, const Drawing& task) {
     const bool strokes = task.kind == Drawing::Kind::kLines || task.kind == Drawing::Kind::kOutlinedEllipses;
     const std::size_t count = std::max(task.boxes.size(), task.polygons.size());
     contest.Add(
-        "Cairo", Picture::kPremultiplied,
+        Kind::kPeer, "Cairo", Picture::kPremultiplied,
         [=, &task] {
             cairo_surface_mark_dirty(destination.get());
             for (std::size_t i = 0; i < count; ++i) {

@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
 // The contests of composing: every mode over colour runs and arrays, in the cache and in memory.
+#include "tests/reference/composition.h"
 #include "bench/imaging/contests.h"
-#include "bench/imaging/levels.h"
-#include "bench/imaging/plain.h"
 #include "bench/imaging/tasks.h"
 
 #include <array>
 #include <cstring>
+#include <utility>
 
 Scene::Scene(int width, int height, Alphas destination_alphas, Alphas source_alphas)
     : destination(width, height),
@@ -51,57 +51,65 @@ Picture picture_of(ks_composition_mode mode) {
 }
 
 void add_own(Contest& contest, const Composition& task) {
-    const auto restore = task.scene->RestoreStraight();
-    const Picture picture = picture_of(task.mode);
-    for (const Level& level : levels())
-        contest.Add(level.name, picture, at_level(level, kernel_pass(task)), restore);
+    contest.AddOwn(picture_of(task.mode), kernel_pass(task), task.scene->RestoreStraight());
 }
 
-// The pixel kernel of the table in a loop; and the mode as plain C++ writes it.
-void add_scalar(Contest& contest, const Composition& task) {
-    Scene& scene = *task.scene;
+// The pixel kernel of the table in a loop.
+void add_pixel_kernel(Contest& contest, const Composition& task) {
     const bool run = task.family == Family::kRun;
-    const bool differs = task.mode == kMergeErase || (task.mode == kMergeAlphaMask && !run);
-    if (!differs)  // The pixel family has its own rule for these.
-        contest.Add("pixel kernel", picture_of(task.mode),
-                    each_row(scene,
-                             [run, kernel = KSMerge::hash_pixel_func[task.mode]](
-                                 std::uint32_t* destination, const std::uint32_t* source, int count) {
-                                 for (int x = 0; x < count; ++x)
-                                     destination[x] = kernel(destination[x], run ? kColour : source[x], 255);
-                             }),
-                    scene.RestoreStraight());
-    // Only arrays mask; the other families of the mode are those of XOR Mask.
-    const bool masks = task.mode == kMergeAlphaMask && !run;
-    plain::with_mode(task.mode == kMergeAlphaMask && !masks ? kMergeXorMask : task.mode, [&](auto mode) {
-        contest.Add("plain C++", Picture::kSame,
-                    each_row(scene,
-                             [run, mode](std::uint32_t* destination, const std::uint32_t* source, int count) {
-                                 for (int x = 0; x < count; ++x)
-                                     destination[x] = mode(destination[x], run ? kColour : source[x]);
-                             }),
-                    scene.RestoreStraight());
-    });
+    if (task.mode == kMergeErase || (task.mode == kMergeAlphaMask && !run))
+        return;  // The pixel family has its own rule for these.
+    contest.Add(Kind::kPlain, "pixel kernel", picture_of(task.mode),
+                each_row(*task.scene,
+                         [run, kernel = KSMerge::hash_pixel_func[task.mode]](
+                             std::uint32_t* destination, const std::uint32_t* source, int count) {
+                             for (int x = 0; x < count; ++x)
+                                 destination[x] = kernel(destination[x], run ? kColour : source[x], 255);
+                         }),
+                task.scene->RestoreStraight());
+}
+
+// The mode as the tests define it, compiled for the one mode.
+template <int mode>
+void define_row(bool run, std::uint32_t* destination, const std::uint32_t* source, int count) {
+    constexpr auto kMode = static_cast<ks_composition_mode>(mode);
+    for (int x = 0; x < count; ++x)
+        destination[x] = run ? reference::ComposeInRun(kMode, destination[x], kColour, 255)
+                             : reference::ComposeInArray(kMode, destination[x], source[x], 255);
+}
+
+template <int... modes> constexpr auto definitions(std::integer_sequence<int, modes...>) {
+    return std::array{define_row<modes>...};
+}
+constexpr auto kDefinitions = definitions(std::make_integer_sequence<int, kMergeCount>());
+
+void add_definition(Contest& contest, const Composition& task) {
+    contest.Add(Kind::kPlain, "definition", picture_of(task.mode),
+                each_row(*task.scene, [run = task.family == Family::kRun,
+                                       define = kDefinitions[static_cast<std::size_t>(task.mode)]](
+                                          std::uint32_t* destination, const std::uint32_t* source,
+                                          int count) { define(run, destination, source, count); }),
+                task.scene->RestoreStraight());
 }
 
 void add_memory(Contest& contest, const Composition& task) {
     Scene& scene = *task.scene;
     const auto restore = scene.RestoreStraight();
     if (task.family == Family::kRun)
-        contest.Add("memset", Picture::kUnrelated,
+        contest.Add(Kind::kMemory, "memset", Picture::kUnrelated,
                     each_row(scene,
                              [](std::uint32_t* destination, const std::uint32_t*, int count) {
                                  std::memset(destination, 0x5A, static_cast<std::size_t>(count) * 4);
                              }),
                     restore);
-    contest.Add("memcpy", Picture::kUnrelated,
+    contest.Add(Kind::kMemory, "memcpy", Picture::kUnrelated,
                 each_row(scene,
                          [](std::uint32_t* destination, const std::uint32_t* source, int count) {
                              std::memcpy(destination, source, static_cast<std::size_t>(count) * 4);
                          }),
                 restore);
     // The least that a mode does whose result depends on the destination.
-    contest.Add("read change write", Picture::kUnrelated,
+    contest.Add(Kind::kMemory, "read change write", Picture::kUnrelated,
                 each_row(scene,
                          [run = task.family == Family::kRun](std::uint32_t* destination,
                                                              const std::uint32_t* source, int count) {
@@ -112,7 +120,7 @@ void add_memory(Contest& contest, const Composition& task) {
 }
 
 using AddPeer = void (*)(Contest&, const Composition&);
-constexpr AddPeer kPeers[] = {add_pixman, add_qt, add_libyuv, add_sdl, add_agg, add_cairo, add_opencv};
+constexpr AddPeer kPeers[] = {add_pixman, add_qt, add_libyuv, add_sdl, add_agg};
 
 // A composing contest has a destination of one kind of alphas and a size.
 struct Place {
@@ -135,14 +143,17 @@ void run_composition(Runner& runner, const Place& place, Alphas alphas, ks_compo
     Contest contest(name, static_cast<double>(scene->destination.Count()), &scene->destination);
     add_own(contest, task);
     add_memory(contest, task);
-    add_scalar(contest, task);
-    for (const AddPeer add : kPeers)
-        add(contest, task);
+    add_pixel_kernel(contest, task);
+    add_definition(contest, task);
+    // A colour has no mask: that run composes like XOR Mask, which no peer has.
+    if (mode != kMergeAlphaMask || family == Family::kArray)
+        for (const AddPeer add : kPeers)
+            add(contest, task);
     runner.Run(std::move(contest));
 }
 
 void run_modes(Runner& runner, const Place& place, Alphas alphas,
-               std::initializer_list<ks_composition_mode> modes) {
+               const std::vector<ks_composition_mode>& modes) {
     std::unique_ptr<Scene> scene;
     for (const ks_composition_mode mode : modes)
         for (const Family family : {Family::kRun, Family::kArray})
@@ -152,30 +163,11 @@ void run_modes(Runner& runner, const Place& place, Alphas alphas,
 }  // namespace
 
 void run_composition_contests(Runner& runner) {
+    std::vector<ks_composition_mode> all;
+    for (std::int32_t mode = 0; mode < kMergeCount; ++mode)
+        all.push_back(static_cast<ks_composition_mode>(mode));
     for (const Alphas alphas : {Alphas::kOpaque, Alphas::kTranslucent, Alphas::kMixed})
-        run_modes(runner, kRows, alphas,
-                  {kMergeNormal,
-                   kMergeMultiply,
-                   kMergeScreen,
-                   kMergeErase,
-                   kMergeAdd,
-                   kMergeSubtract,
-                   kMergeDarkest,
-                   kMergeLightest,
-                   kMergeDifference,
-                   kMergeAverage,
-                   kMergeInvert,
-                   kMergeDissolve,
-                   kMergeReplaceHue,
-                   kMergeReplaceSaturation,
-                   kMergeReplaceLuminosity,
-                   kMergeReplaceColor,
-                   kMergeXorMask,
-                   kMergeAlphaMask,
-                   kMergeCopy,
-                   kMergeOver,
-                   kMergeFilter,
-                   kMergeOverlay});
+        run_modes(runner, kRows, alphas, all);
     run_modes(runner, kLarge, Alphas::kOpaque,
               {kMergeNormal, kMergeMultiply, kMergeErase, kMergeAlphaMask, kMergeCopy});
     run_modes(runner, kLarge, Alphas::kTranslucent, {kMergeNormal, kMergeErase, kMergeAlphaMask});

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "bench/imaging/image.h"
+#include "bench/imaging/result.h"
 
 #include <functional>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,49 +17,41 @@ enum class Picture {
     kUnrelated,      // other work, there for its speed
 };
 
-// One way of doing the work of a contest.
-struct Contender {
-    std::string name;
-    std::function<void()> pass;     // does the work once; timed
-    std::function<void()> restore;  // called before each pass, not timed; may be empty
-    Picture picture;
-    std::function<void()> reveal = {};  // brings what a pass drew elsewhere into the destination; not timed
-    double rate = 0;                    // units per microsecond: median over the rounds of the best passes
-    double spread = 0;                  // half the distance of the rounds' quartiles, as a share of `rate`
-    std::optional<double> difference;   // mean distance of premultiplied channels from the first contender's
-};
-
-// What a contest compares, and what came out.
+// What a contest compares.
 class Contest {
 public:
-    // `units` is how many pixels one pass works on. `result` is where every contender leaves its picture, or
-    // null where there is nothing to look at; it outlives the contest.
-    Contest(std::string name, double units, Image* result);
+    using Step = std::function<void()>;
 
-    // Adds a contender and returns it. The first one is the one that the ratios refer to.
-    Contender& Add(std::string name, Picture picture, std::function<void()> pass,
-                   std::function<void()> restore = {});
+    // `units` is how many pixels one pass works on. `destination` is where every contender leaves its
+    // picture, or null where there is nothing to look at; it outlives the contest.
+    Contest(std::string name, double units, Image* destination);
 
-    const std::string& Name() const { return _name; }
-    const std::vector<Contender>& Contenders() const { return _contenders; }
-    bool IsEmpty() const { return _contenders.empty(); }
+    // Adds a contender. `pass` does the work once and is timed; `restore` is called before each pass,
+    // untimed.
+    void Add(Kind kind, std::string name, Picture picture, Step pass, Step restore = {});
 
-    // Runs every contender once and compares the results, then `rounds` rounds in which each has its turn of
+    // Adds the library, held to each instruction set that this processor has, from the newest down:
+    // `ksimaging` is the one that it chooses itself. `reveal` brings what a pass drew elsewhere into the
+    // destination.
+    void AddOwn(Picture picture, const Step& pass, const Step& restore = {}, const Step& reveal = {});
+
+    // Runs every contender once and compares the pictures, then `rounds` rounds in which each has its turn of
     // about `milliseconds`, at least one pass. Throws std::runtime_error where a contender drew nothing,
     // or not the same where it must.
-    void Run(int rounds, double milliseconds);
-
-    // Returns the rate of the contender of this name, if it takes part.
-    std::optional<double> RateOf(const std::string& name) const;
-
-    // Writes the results as a table to standard output.
-    void Print() const;
+    Result Run(int rounds, double milliseconds);
 
 private:
-    void CompareResults();
+    struct Contender {
+        Figure figure;
+        Picture picture;
+        Step pass, restore, reveal;
+    };
+
+    static double BestPass(const Contender& contender, double milliseconds);
+    void ComparePictures();
 
     std::string _name;
     double _units;
-    Image* _result;
+    Image* _destination;
     std::vector<Contender> _contenders;
 };

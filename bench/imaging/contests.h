@@ -21,11 +21,11 @@ public:
     bool Wants(const std::string& name) const { return std::regex_search(name, _options.filter); }
     void Run(Contest contest);
 
-    const std::vector<Contest>& Finished() const { return _finished; }
+    const std::vector<Result>& Finished() const { return _finished; }
 
 private:
     Options _options;
-    std::vector<Contest> _finished;
+    std::vector<Result> _finished;
 };
 
 void run_composition_contests(Runner& runner);

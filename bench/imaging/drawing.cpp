@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The contests of drawing shapes, and of making scaled copies.
 #include "bench/imaging/contests.h"
-#include "bench/imaging/levels.h"
 #include "bench/imaging/tasks.h"
 #include "bitmaptools/KSBitmapTools.h"
 #include "raster/KSRaster.h"
@@ -16,7 +15,7 @@ Image pattern_tile(const Drawing& task) {
     for (int y = 0; y < 8; ++y)
         for (int x = 0; x < 8; ++x) {
             const bool set = task.pattern[static_cast<std::size_t>(y)] >> x & 1;
-            tile.Row(y)[x] = premultiplied(set ? task.colour : task.other_colour);
+            tile.Row(y)[x] = premultiplied_pixel(set ? task.colour : task.other_colour);
         }
     return tile;
 }
@@ -79,22 +78,22 @@ double covered_pixels(Drawing task) {
 }
 
 void add_own(Contest& contest, const Drawing& task) {
-    for (const Level& level : levels()) {
-        const auto raster = std::make_shared<KSRaster>(KSRect<long>(0, 0, kSize - 1, kSize - 1));
-        set_up(*raster, task);
-        Contender& contender = contest.Add(level.name, Picture::kSame, at_level(level, [raster, &task] {
-                                               for (std::size_t i = 0; i < shape_count(task); ++i)
-                                                   draw_shape(*raster, task, i);
-                                           }));
-        Scene& scene = *task.scene;
-        contender.restore = [raster, &scene] {
+    const auto raster = std::make_shared<KSRaster>(KSRect<long>(0, 0, kSize - 1, kSize - 1));
+    set_up(*raster, task);
+    Scene& scene = *task.scene;
+    contest.AddOwn(
+        Picture::kSame,
+        [raster, &task] {
+            for (std::size_t i = 0; i < shape_count(task); ++i)
+                draw_shape(*raster, task, i);
+        },
+        [raster, &scene] {
             copy_into(*raster, scene.straight_start);
             scene.destination.CopyFrom(scene.straight_start);
-        };
-        contender.reveal = [raster, &scene] {
+        },
+        [raster, &scene] {
             std::memcpy(scene.destination.Pixels(), raster->Bits(), scene.destination.Bytes());
-        };
-    }
+        });
 }
 
 // Returns boxes of least to most pixels a side that lie inside the image.
@@ -157,16 +156,16 @@ void run_copies(Runner& runner) {
     std::memcpy(raster.Bits(), picture(400, 400, Alphas::kOpaque).Pixels(),
                 static_cast<std::size_t>(raster.BitsLength()));
     Contest contest(name, kSize * kSize, nullptr);
-    contest.Add("ksimaging", Picture::kUnrelated, [&] {
+    contest.Add(Kind::kOurs, "ksimaging", Picture::kUnrelated, [&] {
         delete raster.CreateScaled(KSRect<long>(0, 0, kSize - 1, kSize - 1), true, kRasterInMemory);
     });
     const auto tool = [&](std::uint32_t* destination) {
         KSBitmapTools::ScaleBiLin(400, 400, kSize, kSize, static_cast<const std::uint32_t*>(raster.Bits()),
                                   destination, 400, kSize);
     };
-    contest.Add("the tool alone", Picture::kUnrelated,
+    contest.Add(Kind::kOther, "the tool alone", Picture::kUnrelated,
                 [tool, image = std::make_shared<Image>(kSize, kSize)] { tool(image->Pixels()); });
-    contest.Add("the tool into a new raster", Picture::kUnrelated, [tool] {
+    contest.Add(Kind::kOther, "the tool into a new raster", Picture::kUnrelated, [tool] {
         KSRaster result({0, 0, kSize - 1, kSize - 1});
         tool(static_cast<std::uint32_t*>(result.Bits()));
     });
@@ -176,17 +175,17 @@ void run_copies(Runner& runner) {
 }  // namespace
 
 void run_drawing_contests(Runner& runner) {
-    using Kind = Drawing::Kind;
+    using Shape = Drawing::Kind;
     const std::array<std::uint8_t, 8> pattern = {0x99, 0xCC, 0x66, 0x33, 0x99, 0xCC, 0x66, 0x33};
-    const auto drawing = [&](Kind kind, long least, long most) {
-        return Drawing{kind, 0, nullptr, random_boxes(least, most), {}, pattern, 0};
+    const auto drawing = [&](Shape shape, long least, long most) {
+        return Drawing{shape, 0, nullptr, random_boxes(least, most), {}, pattern, 0};
     };
-    run_shape(runner, "Rectangles of 4 to 16 pixels", drawing(Kind::kRectangles, 4, 16));
-    run_shape(runner, "Rectangles of 16 to 128 pixels", drawing(Kind::kRectangles, 16, 128));
-    run_shape(runner, "Lines", drawing(Kind::kLines, 8, 128));
-    run_shape(runner, "Filled ellipses", drawing(Kind::kFilledEllipses, 8, 128));
-    run_shape(runner, "Outlined ellipses", drawing(Kind::kOutlinedEllipses, 8, 128));
-    run_shape(runner, "Patterned rectangles", drawing(Kind::kPatterns, 16, 128));
-    run_shape(runner, "Polygons", Drawing{Kind::kPolygons, 0, nullptr, {}, random_polygons(), pattern, 0});
+    run_shape(runner, "Rectangles of 4 to 16 pixels", drawing(Shape::kRectangles, 4, 16));
+    run_shape(runner, "Rectangles of 16 to 128 pixels", drawing(Shape::kRectangles, 16, 128));
+    run_shape(runner, "Lines", drawing(Shape::kLines, 8, 128));
+    run_shape(runner, "Filled ellipses", drawing(Shape::kFilledEllipses, 8, 128));
+    run_shape(runner, "Outlined ellipses", drawing(Shape::kOutlinedEllipses, 8, 128));
+    run_shape(runner, "Patterned rectangles", drawing(Shape::kPatterns, 16, 128));
+    run_shape(runner, "Polygons", Drawing{Shape::kPolygons, 0, nullptr, {}, random_polygons(), pattern, 0});
     run_copies(runner);
 }

@@ -88,16 +88,10 @@ Image picture(int width, int height, Alphas alphas) {
     return image;
 }
 
-std::uint32_t premultiplied(std::uint32_t straight) {
-    const std::uint32_t alpha = straight >> 24;
-    const auto scaled = [&](int shift) { return ((straight >> shift & 255) * alpha + 127) / 255 << shift; };
-    return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
-}
-
 Image premultiplied(const Image& straight) {
     Image result(straight.Width(), straight.Height());
     std::transform(straight.Pixels(), straight.Pixels() + straight.Count(), result.Pixels(),
-                   [](std::uint32_t pixel) { return premultiplied(pixel); });
+                   premultiplied_pixel);
     return result;
 }
 

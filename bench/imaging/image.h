@@ -2,6 +2,8 @@
 // Pixels to work on: straight 0xAARRGGBB words, and the premultiplied ones that most peers want.
 #pragma once
 
+#include "examples/adapters/buffer.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -55,8 +57,7 @@ Image random_image(int width, int height, Alphas alphas, unsigned seed);
 // Returns an image as pictures are: smooth colour with edges, so that sampling it looks like work on a photo.
 Image picture(int width, int height, Alphas alphas);
 
-// Returns the colour with its channels multiplied by its alpha, rounded.
-std::uint32_t premultiplied(std::uint32_t straight);
+// Returns the image with its colours multiplied by their alphas.
 Image premultiplied(const Image& straight);
 
 // Returns how many pixels differ between two images of the same size.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Compares the imaging library with its peers: prints tables, and writes them as CSV where asked to.
+// Compares the imaging library with its peers, or reads a former comparison, and writes the results.
 #include "bench/imaging/contests.h"
 #include "bench/imaging/report.h"
 
@@ -11,25 +11,29 @@
 #include <iomanip>
 #include <iostream>
 #include <sched.h>
+#include <sstream>
 #include <stdexcept>
 #include <unistd.h>
 
 namespace {
 
 constexpr char kUsage[] =
-    "usage: bench_imaging [--filter REGEX] [--rounds N] [--milliseconds T] [--csv FILE] [--markdown FILE]\n"
-    "                     [--cpu N]\n"
+    "usage: bench_imaging [--filter REGEX] [--rounds N] [--milliseconds T] [--cpu N] [--csv FILE]\n"
+    "                     [--markdown FILE]\n"
+    "       bench_imaging --from FILE [--markdown FILE]\n"
     "\n"
     "Contests are named operation/family/destination/size, for example Normal/array/opaque/rows.\n"
     "  --filter        runs the contests whose names match (default: all)\n"
     "  --rounds        how often each contender has its turn (default: 15)\n"
     "  --milliseconds  how long a turn is (default: 2)\n"
+    "  --cpu           the processor to stay on (default: the last one)\n"
     "  --csv           writes every result to FILE\n"
-    "  --markdown      writes the goals and a summary to FILE\n"
-    "  --cpu           the processor to stay on (default: the last one)\n";
+    "  --markdown      writes the tables to FILE\n"
+    "  --from          measures nothing and takes the results from FILE, which --csv has written\n";
 
 struct Arguments {
     std::string filter = ".";
+    std::string from;
     std::string csv;
     std::string markdown;
     int rounds = 15;
@@ -50,6 +54,8 @@ Arguments parse(int count, char** arguments) {
         const std::string value = arguments[i + 1];
         if (option == "--filter")
             parsed.filter = value;
+        else if (option == "--from")
+            parsed.from = value;
         else if (option == "--csv")
             parsed.csv = value;
         else if (option == "--markdown")
@@ -85,14 +91,40 @@ std::string processor_name() {
     return "unknown processor";
 }
 
-void write_markdown(std::ostream& out, const Arguments& arguments, const std::vector<Contest>& contests) {
+Record measure(const Arguments& arguments) {
+    stay_on(arguments.cpu);
+    Runner runner({std::regex(arguments.filter), arguments.rounds, arguments.milliseconds});
+    run_composition_contests(runner);
+    run_resampling_contests(runner);
+    run_noise_contests(runner);
+    run_drawing_contests(runner);
+    if (runner.Finished().empty())
+        throw std::runtime_error("no contest matches " + arguments.filter);
     const std::time_t now = std::time(nullptr);
-    out << "Measured on " << std::put_time(std::gmtime(&now), "%Y-%m-%d") << ", " << processor_name()
-        << ", one of " << sysconf(_SC_NPROCESSORS_ONLN) << " processors, " << arguments.rounds
-        << " rounds.\n\n## Goals\n\n";
-    write_goals(out, contests);
+    std::ostringstream conditions;
+    conditions << "Measured on " << std::put_time(std::gmtime(&now), "%Y-%m-%d") << ", " << processor_name()
+               << ", one of " << sysconf(_SC_NPROCESSORS_ONLN) << " processors, " << arguments.rounds
+               << " rounds.";
+    return {conditions.str(), runner.Finished()};
+}
+
+Record read(const std::string& path) {
+    std::ifstream file(path);
+    if (!file)
+        throw std::runtime_error("cannot read " + path);
+    return read_csv(file);
+}
+
+void write_markdown(std::ostream& out, const Record& record) {
+    out << record.conditions << "\n\n## Goals\n\n";
+    write_goals(out, record.results);
+    out << "\n## Modes\n\n"
+           "How many times as fast as the fastest peer the library composes a colour (run) and an image "
+           "(array), in the\n"
+           "second-level cache. Where it says none, no peer takes part.\n\n";
+    write_modes(out, record.results);
     out << "\n## Contests\n\n";
-    write_summary(out, contests);
+    write_contests(out, record.results);
 }
 
 // Has `write` fill the file at `path`; an empty path asks for none.
@@ -106,27 +138,18 @@ void write_file(const std::string& path, const std::function<void(std::ostream&)
 }
 
 void run(const Arguments& arguments) {
-    stay_on(arguments.cpu);
-    Runner runner({std::regex(arguments.filter), arguments.rounds, arguments.milliseconds});
-    run_composition_contests(runner);
-    run_resampling_contests(runner);
-    run_noise_contests(runner);
-    run_drawing_contests(runner);
-    if (runner.Finished().empty())
-        throw std::runtime_error("no contest matches " + arguments.filter);
+    const Record record = arguments.from.empty() ? measure(arguments) : read(arguments.from);
     std::cout << '\n';
-    write_goals(std::cout, runner.Finished());
-    write_file(arguments.csv, [&](std::ostream& file) { write_csv(file, runner.Finished()); });
-    write_file(arguments.markdown,
-               [&](std::ostream& file) { write_markdown(file, arguments, runner.Finished()); });
+    write_goals(std::cout, record.results);
+    write_file(arguments.csv, [&](std::ostream& file) { write_csv(file, record); });
+    write_file(arguments.markdown, [&](std::ostream& file) { write_markdown(file, record); });
 }
 
 }  // namespace
 
 void Runner::Run(Contest contest) {
-    contest.Run(_options.rounds, _options.milliseconds);
-    contest.Print();
-    _finished.push_back(std::move(contest));
+    _finished.push_back(contest.Run(_options.rounds, _options.milliseconds));
+    _finished.back().Print();
 }
 
 int main(int count, char** arguments) {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // The contests of removing noise: what the radius costs, and what a quiet image costs.
 #include "bench/imaging/contests.h"
-#include "bench/imaging/levels.h"
 #include "bitmaptools/KSBitmapTools.h"
+#include "tests/reference/sampling.h"
 
 #include <algorithm>
 #include <cstring>
@@ -41,63 +41,15 @@ void make_quiet(Image& image, bool has_specks) {
     image.Data()[kSize * kSize / 3] = 200;
 }
 
-// The operation as it is defined: every test counts what it asks for.
-class PlainRemover {
-public:
-    PlainRemover(std::uint8_t* image, int radius)
-        : _image(image), _input(image, image + kSize * kSize), _radius(radius) {}
-
-    void Run() {
-        for (int y = 0; y < kSize; ++y)
-            for (int x = 0; x < kSize; ++x)
-                if (!HasEqualNeighbour(x, y) && CountInSquare(x, y) < kThreshold)
-                    _image[y * kSize + x] = Replacement(x, y);
-    }
-
-private:
-    std::uint8_t At(int x, int y) const { return _input[static_cast<std::size_t>(y * kSize + x)]; }
-
-    bool HasEqualNeighbour(int x, int y) const {
-        for (int v = std::max(0, y - 1); v <= std::min(kSize - 1, y + 1); ++v)
-            for (int u = std::max(0, x - 1); u <= std::min(kSize - 1, x + 1); ++u)
-                if ((u != x || v != y) && At(u, v) == At(x, y))
-                    return true;
-        return false;
-    }
-
-    int CountInSquare(int x, int y) const {
-        int count = 0;
-        for (int v = std::max(0, y - _radius); v <= std::min(kSize - 1, y + _radius); ++v)
-            for (int u = std::max(0, x - _radius); u <= std::min(kSize - 1, x + _radius); ++u)
-                count += u != x && v != y && At(u, v) == At(x, y);
-        return count;
-    }
-
-    std::uint8_t Replacement(int x, int y) const {
-        const std::uint8_t left = At(x > 0 ? x - 1 : x + 1, y), right = At(x < kSize - 1 ? x + 1 : x - 1, y);
-        int left_count = 0, right_count = 0;
-        for (int u = std::max(0, x - _radius); u <= std::min(kSize - 1, x + _radius); ++u) {
-            left_count += At(u, y) == left;
-            right_count += At(u, y) == right;
-        }
-        return left_count > right_count ? left : right;
-    }
-
-    std::uint8_t* _image;
-    std::vector<std::uint8_t> _input;
-    int _radius;
-};
-
-std::function<void()> own_pass(Scan& scan, int radius) {
-    return [&scan, radius] {
-        KSBitmapTools::NoiseRemover(scan.bytes.Data(), kSize, kSize, static_cast<std::uint8_t>(radius),
-                                    kThreshold);
+std::function<void()> pass_of(decltype(KSBitmapTools::NoiseRemover) remove, Scan& scan, int radius) {
+    return [remove, &scan, radius] {
+        remove(scan.bytes.Data(), kSize, kSize, static_cast<std::uint8_t>(radius), kThreshold);
     };
 }
 
 void add_memcpy(Contest& contest, Scan& scan) {
     contest.Add(
-        "memcpy", Picture::kUnrelated,
+        Kind::kMemory, "memcpy", Picture::kUnrelated,
         [&scan, from = std::make_shared<Image>(random_image(kSize / 4, kSize, Alphas::kOpaque, 6))] {
             scan.bytes.CopyFrom(*from);
         },
@@ -105,22 +57,20 @@ void add_memcpy(Contest& contest, Scan& scan) {
 }
 
 // One radius a contest, so that all of its contenders leave the same image; the radii are compared by rate.
-void run_radius(Runner& runner, Scan& scan, const std::string& image, int radius, bool with_plain) {
+void run_radius(Runner& runner, Scan& scan, const std::string& image, int radius, bool with_definition) {
     const std::string name = "NoiseRemover/" + image + "/radius " + std::to_string(radius);
     if (!runner.Wants(name))
         return;
     Contest contest(name, kSize * kSize, &scan.bytes);
-    for (const Level& level : levels())
-        contest.Add(level.name, Picture::kSame, at_level(level, own_pass(scan, radius)), scan.Restore());
+    contest.AddOwn(Picture::kSame, pass_of(KSBitmapTools::NoiseRemover, scan, radius), scan.Restore());
     for (const int other : {8, 64, 255})
         if (other != radius)
-            contest.Add("radius " + std::to_string(other), Picture::kUnrelated, own_pass(scan, other),
-                        scan.Restore());
+            contest.Add(Kind::kOther, "radius " + std::to_string(other), Picture::kUnrelated,
+                        pass_of(KSBitmapTools::NoiseRemover, scan, other), scan.Restore());
     add_memcpy(contest, scan);
-    if (with_plain)
-        contest.Add(
-            "plain C++", Picture::kSame, [&scan, radius] { PlainRemover(scan.bytes.Data(), radius).Run(); },
-            scan.Restore());
+    if (with_definition)
+        contest.Add(Kind::kPlain, "definition", Picture::kSame,
+                    pass_of(reference::BitmapTools::NoiseRemover, scan, radius), scan.Restore());
     runner.Run(std::move(contest));
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What OpenCV can do of the benchmarks' tasks. It composes nothing, but has arithmetic on channels.
+// What OpenCV can do of the benchmarks' tasks: it scales and maps.
 #include "bench/imaging/tasks.h"
 
 #include <opencv2/core.hpp>
@@ -12,41 +12,7 @@ cv::Mat wrap(Image& image) {
                    static_cast<std::size_t>(image.BytesPerRow()));
 }
 
-using Arithmetic = void (*)(cv::Mat& destination, const cv::Mat& source);
-
-Arithmetic arithmetic_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeAdd:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::add(d, s, d); };
-    case kMergeSubtract:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::subtract(d, s, d); };
-    case kMergeDarkest:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::min(d, s, d); };
-    case kMergeLightest:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::max(d, s, d); };
-    case kMergeDifference:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::absdiff(d, s, d); };
-    case kMergeXorMask:
-        return [](cv::Mat& d, const cv::Mat& s) { cv::bitwise_xor(d, s, d); };
-    default:
-        return nullptr;
-    }
-}
-
 }  // namespace
-
-void add_opencv(Contest& contest, const Composition& task) {
-    const Arithmetic operation = arithmetic_of(task.mode);
-    if (!operation || task.family == Family::kRun)
-        return;
-    Scene& scene = *task.scene;
-    contest.Add(
-        "OpenCV (channels only)", Picture::kStraight,
-        [operation, destination = wrap(scene.destination), source = wrap(scene.straight_source)]() mutable {
-            operation(destination, source);
-        },
-        scene.RestoreStraight());
-}
 
 void add_opencv(Contest& contest, Resampling& task) {
     cv::setNumThreads(1);
@@ -72,5 +38,5 @@ void add_opencv(Contest& contest, Resampling& task) {
         };
         break;
     }
-    contest.Add("OpenCV", Picture::kPremultiplied, std::move(pass));
+    contest.Add(Kind::kPeer, "OpenCV", Picture::kPremultiplied, std::move(pass));
 }

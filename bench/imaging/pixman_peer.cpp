@@ -18,7 +18,7 @@ Handle wrap(Image& image) {
 }
 
 pixman_color_t pixman_colour(std::uint32_t straight) {
-    const std::uint32_t pixel = premultiplied(straight);
+    const std::uint32_t pixel = premultiplied_pixel(straight);
     const auto wide = [&](int shift) { return static_cast<std::uint16_t>((pixel >> shift & 255) * 257); };
     return {wide(16), wide(8), wide(0), wide(24)};
 }
@@ -28,48 +28,30 @@ Handle solid(std::uint32_t straight) {
     return adopt(pixman_image_create_solid_fill(&colour));
 }
 
-std::optional<pixman_op_t> operator_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeNormal:
-        return PIXMAN_OP_OVER;
-    case kMergeMultiply:
-        return PIXMAN_OP_MULTIPLY;
-    case kMergeScreen:
-        return PIXMAN_OP_SCREEN;
-    case kMergeErase:
-        return PIXMAN_OP_OUT_REVERSE;
-    case kMergeAdd:
-        return PIXMAN_OP_ADD;
-    case kMergeDarkest:
-        return PIXMAN_OP_DARKEN;
-    case kMergeLightest:
-        return PIXMAN_OP_LIGHTEN;
-    case kMergeDifference:
-        return PIXMAN_OP_DIFFERENCE;
-    case kMergeReplaceHue:
-        return PIXMAN_OP_HSL_HUE;
-    case kMergeReplaceSaturation:
-        return PIXMAN_OP_HSL_SATURATION;
-    case kMergeReplaceLuminosity:
-        return PIXMAN_OP_HSL_LUMINOSITY;
-    case kMergeReplaceColor:
-        return PIXMAN_OP_HSL_COLOR;
-    case kMergeAlphaMask:
-        return PIXMAN_OP_IN_REVERSE;
-    case kMergeCopy:
-        return PIXMAN_OP_SRC;
-    default:
-        return std::nullopt;
-    }
-}
+constexpr ModeRow<pixman_op_t> kOperators[] = {
+    {kMergeNormal, PIXMAN_OP_OVER},
+    {kMergeMultiply, PIXMAN_OP_MULTIPLY},
+    {kMergeScreen, PIXMAN_OP_SCREEN},
+    {kMergeErase, PIXMAN_OP_OUT_REVERSE},
+    {kMergeAdd, PIXMAN_OP_ADD},
+    {kMergeDarkest, PIXMAN_OP_DARKEN},
+    {kMergeLightest, PIXMAN_OP_LIGHTEN},
+    {kMergeDifference, PIXMAN_OP_DIFFERENCE},
+    {kMergeReplaceHue, PIXMAN_OP_HSL_HUE},
+    {kMergeReplaceSaturation, PIXMAN_OP_HSL_SATURATION},
+    {kMergeReplaceLuminosity, PIXMAN_OP_HSL_LUMINOSITY},
+    {kMergeReplaceColor, PIXMAN_OP_HSL_COLOR},
+    {kMergeAlphaMask, PIXMAN_OP_IN_REVERSE},
+    {kMergeCopy, PIXMAN_OP_SRC},
+};
 
-void add_operator(Contest& contest, const Composition& task, const char* name, Picture picture,
+void add_operator(Contest& contest, const Composition& task, Kind kind, const char* name, Picture picture,
                   pixman_op_t operation) {
     Scene& scene = *task.scene;
     const Handle destination = wrap(scene.destination);
     const Handle source = task.family == Family::kRun ? solid(kColour) : wrap(scene.premultiplied_source);
     contest.Add(
-        name, picture,
+        kind, name, picture,
         [=, &scene] {
             pixman_image_composite32(operation, source.get(), nullptr, destination.get(), 0, 0, 0, 0, 0, 0,
                                      scene.destination.Width(), scene.destination.Height());
@@ -97,17 +79,15 @@ Handle wrap_source(const Resampling& task) {
 }  // namespace
 
 void add_pixman(Contest& contest, const Composition& task) {
-    if (task.family == Family::kRun && task.mode == kMergeAlphaMask)
-        return;  // A colour has no mask.
-    if (const auto operation = operator_of(task.mode))
-        add_operator(contest, task, "pixman", Picture::kPremultiplied, *operation);
+    if (const auto operation = operation_of(task.mode, kOperators))
+        add_operator(contest, task, Kind::kPeer, "pixman", Picture::kPremultiplied, *operation);
     // What composing costs at least, to hold the modes against that no peer has.
     if (task.mode != kMergeNormal)
-        add_operator(contest, task, "pixman OVER", Picture::kUnrelated, PIXMAN_OP_OVER);
+        add_operator(contest, task, Kind::kOther, "pixman OVER", Picture::kUnrelated, PIXMAN_OP_OVER);
 }
 
 void add_pixman(Contest& contest, Resampling& task) {
-    contest.Add("pixman", Picture::kPremultiplied,
+    contest.Add(Kind::kPeer, "pixman", Picture::kPremultiplied,
                 [source = wrap_source(task), destination = wrap(task.destination), &task] {
                     pixman_image_composite32(PIXMAN_OP_SRC, source.get(), nullptr, destination.get(), 0, 0, 0,
                                              0, 0, 0, task.destination.Width(), task.destination.Height());
@@ -170,8 +150,8 @@ void add_pixman(Contest& contest, const Drawing& task) {
     std::function<void()> pass;
     switch (task.kind) {
     case Drawing::Kind::kRectangles:
-        contest.Add("pixman at once", Picture::kPremultiplied, boxes_pass(task, destination, true),
-                    task.scene->RestorePremultiplied());
+        contest.Add(Kind::kOther, "pixman at once", Picture::kPremultiplied,
+                    boxes_pass(task, destination, true), task.scene->RestorePremultiplied());
         pass = boxes_pass(task, destination, false);
         break;
     case Drawing::Kind::kPatterns:
@@ -183,5 +163,6 @@ void add_pixman(Contest& contest, const Drawing& task) {
     default:
         return;  // Pixman draws neither lines nor ellipses.
     }
-    contest.Add("pixman", Picture::kPremultiplied, std::move(pass), task.scene->RestorePremultiplied());
+    contest.Add(Kind::kPeer, "pixman", Picture::kPremultiplied, std::move(pass),
+                task.scene->RestorePremultiplied());
 }

@@ -21,47 +21,24 @@ QColor qt_colour(std::uint32_t straight) {
     return QColor::fromRgba(straight);
 }
 
-std::optional<QPainter::CompositionMode> mode_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeNormal:
-        return QPainter::CompositionMode_SourceOver;
-    case kMergeMultiply:
-        return QPainter::CompositionMode_Multiply;
-    case kMergeScreen:
-        return QPainter::CompositionMode_Screen;
-    case kMergeErase:
-        return QPainter::CompositionMode_DestinationOut;
-    case kMergeAdd:
-        return QPainter::CompositionMode_Plus;
-    case kMergeDarkest:
-        return QPainter::CompositionMode_Darken;
-    case kMergeLightest:
-        return QPainter::CompositionMode_Lighten;
-    case kMergeDifference:
-        return QPainter::CompositionMode_Difference;
-    case kMergeInvert:
-        return QPainter::RasterOp_NotDestination;
-    case kMergeXorMask:
-        return QPainter::RasterOp_SourceXorDestination;
-    case kMergeAlphaMask:
-        return QPainter::CompositionMode_DestinationIn;
-    case kMergeCopy:
-        return QPainter::CompositionMode_Source;
-    default:
-        return std::nullopt;
-    }
-}
-
-// Qt's raster operations work on the channels and know no alpha.
-bool is_channels_only(ks_composition_mode mode) {
-    return mode == kMergeInvert || mode == kMergeXorMask;
-}
+constexpr ModeRow<QPainter::CompositionMode> kModes[] = {
+    {kMergeNormal, QPainter::CompositionMode_SourceOver},
+    {kMergeMultiply, QPainter::CompositionMode_Multiply},
+    {kMergeScreen, QPainter::CompositionMode_Screen},
+    {kMergeErase, QPainter::CompositionMode_DestinationOut},
+    {kMergeAdd, QPainter::CompositionMode_Plus},
+    {kMergeDarkest, QPainter::CompositionMode_Darken},
+    {kMergeLightest, QPainter::CompositionMode_Lighten},
+    {kMergeDifference, QPainter::CompositionMode_Difference},
+    {kMergeAlphaMask, QPainter::CompositionMode_DestinationIn},
+    {kMergeCopy, QPainter::CompositionMode_Source},
+};
 
 }  // namespace
 
 void add_qt(Contest& contest, const Composition& task) {
-    const auto mode = mode_of(task.mode);
-    if (!mode || (task.family == Family::kRun && task.mode == kMergeAlphaMask))
+    const auto mode = operation_of(task.mode, kModes);
+    if (!mode)
         return;
     for (const bool premultiplied : {true, false}) {
         Scene& scene = *task.scene;
@@ -73,8 +50,7 @@ void add_qt(Contest& contest, const Composition& task) {
         std::function<void()> pass = [=] { canvas->painter.drawImage(0, 0, source); };
         if (task.family == Family::kRun)
             pass = [=] { canvas->painter.fillRect(canvas->image.rect(), qt_colour(kColour)); };
-        const std::string name = premultiplied ? "Qt premultiplied" : "Qt straight";
-        contest.Add(is_channels_only(task.mode) ? name + " (channels only)" : name,
+        contest.Add(Kind::kPeer, premultiplied ? "Qt premultiplied" : "Qt straight",
                     premultiplied ? Picture::kPremultiplied : Picture::kStraight, std::move(pass),
                     premultiplied ? scene.RestorePremultiplied() : scene.RestoreStraight());
     }
@@ -90,7 +66,7 @@ void add_qt(Contest& contest, Resampling& task) {
         canvas->painter.setRenderHint(QPainter::SmoothPixmapTransform, task.is_bilinear);
         canvas->painter.setTransform(transform);
         const QImage source = wrap(premultiplied ? task.premultiplied_source : task.straight_source, format);
-        contest.Add(premultiplied ? "Qt premultiplied" : "Qt straight",
+        contest.Add(Kind::kPeer, premultiplied ? "Qt premultiplied" : "Qt straight",
                     premultiplied ? Picture::kPremultiplied : Picture::kStraight,
                     [=] { canvas->painter.drawImage(0, 0, source); });
     }
@@ -156,7 +132,7 @@ void add_qt(Contest& contest, const Drawing& task) {
         const auto format = premultiplied ? QImage::Format_ARGB32_Premultiplied : QImage::Format_ARGB32;
         const std::shared_ptr<Canvas> canvas(new Canvas{wrap(task.scene->destination, format)});
         contest.Add(
-            premultiplied ? "Qt premultiplied" : "Qt straight",
+            Kind::kPeer, premultiplied ? "Qt premultiplied" : "Qt straight",
             premultiplied ? Picture::kPremultiplied : Picture::kStraight,
             [canvas, pass = drawing_pass(task, canvas->painter)] { pass(); },
             premultiplied ? task.scene->RestorePremultiplied() : task.scene->RestoreStraight());

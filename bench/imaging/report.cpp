@@ -1,60 +1,67 @@
 // SPDX-License-Identifier: MIT
-// Writes the results.
 #include "bench/imaging/report.h"
 
-#include <algorithm>
 #include <iomanip>
+#include <map>
 #include <ostream>
-#include <regex>
 
 namespace {
 
-// A peer that does the same work: not the library, memory traffic, plain code, or functions without alpha.
-const Contender* fastest_peer(const Contest& contest) {
-    static const std::regex others("ksimaging.*|memcpy|memset|plain C\\+\\+|pixel kernel|pixman OVER|radius "
-                                   ".*|the tool.*|.*channels only.");
-    const Contender* fastest = nullptr;
-    for (const Contender& contender : contest.Contenders())
-        if (!std::regex_match(contender.name, others) && (!fastest || contender.rate > fastest->rate))
-            fastest = &contender;
-    return fastest;
+constexpr const char* kPlaces[] = {"/run/opaque/rows",   "/run/translucent/rows",   "/run/mixed/rows",
+                                   "/array/opaque/rows", "/array/translucent/rows", "/array/mixed/rows"};
+
+void write_rate(std::ostream& out, const Figure* figure) {
+    out << " | ";
+    if (figure)
+        out << std::setprecision(figure->rate < 10 ? 1 : 0) << figure->rate;
 }
 
-void write_rate(std::ostream& out, std::optional<double> rate) {
-    out << " | ";
-    if (rate)
-        out << std::setprecision(*rate < 10 ? 1 : 0) << *rate;
+void write_peer(std::ostream& out, const Result& result) {
+    if (const Figure* peer = result.Fastest("peer"))
+        out << std::setprecision(2) << result.RatioTo(*peer) << " × " << peer->name;
+    else
+        out << "none";
 }
 
 }  // namespace
 
-void write_summary(std::ostream& out, const std::vector<Contest>& contests) {
+void write_modes(std::ostream& out, const std::vector<Result>& results) {
+    std::map<std::string, const Result*> by_name;
+    for (const Result& result : results)
+        by_name[result.contest] = &result;
     out << std::fixed
-        << "| Contest (Mpixel/s) | ksimaging | AVX2 | baseline | memcpy, memset | fastest peer | | times |\n"
-           "|---|---:|---:|---:|---:|---:|---|---:|\n";
-    for (const Contest& contest : contests) {
-        out << "| " << contest.Name();
-        for (const char* name : {"ksimaging", "ksimaging AVX2", "ksimaging baseline"})
-            write_rate(out, contest.RateOf(name));
-        const auto filled = contest.RateOf("memset");
-        write_rate(out, filled ? filled : contest.RateOf("memcpy"));
-        const Contender* peer = fastest_peer(contest);
-        write_rate(out, peer ? std::optional(peer->rate) : std::nullopt);
-        out << " | " << (peer ? peer->name : "") << " | ";
-        if (peer)
-            out << std::setprecision(2) << contest.Contenders().front().rate / peer->rate;
+        << "| Mode | colour on opaque | on translucent | on mixed | image on opaque | on translucent | on "
+           "mixed |\n"
+           "|---|---|---|---|---|---|---|\n";
+    for (const Result& result : results) {
+        const std::string mode = result.contest.substr(0, result.contest.find('/'));
+        if (result.contest != mode + kPlaces[0])
+            continue;
+        out << "| " << mode;
+        for (const char* place : kPlaces) {
+            out << " | ";
+            if (const auto found = by_name.find(mode + place); found != by_name.end())
+                write_peer(out, *found->second);
+        }
         out << " |\n";
     }
 }
 
-void write_csv(std::ostream& out, const std::vector<Contest>& contests) {
-    out << "contest,contender,mpixel_per_second,ratio,spread,difference\n";
-    for (const Contest& contest : contests)
-        for (const Contender& contender : contest.Contenders()) {
-            out << contest.Name() << ',' << contender.name << ',' << contender.rate << ','
-                << contest.Contenders().front().rate / contender.rate << ',' << contender.spread << ',';
-            if (contender.difference)
-                out << *contender.difference;
-            out << '\n';
-        }
+void write_contests(std::ostream& out, const std::vector<Result>& results) {
+    out << std::fixed
+        << "| Contest (Mpixel/s) | ksimaging | AVX2 | baseline | memcpy, memset | fastest peer | | times |\n"
+           "|---|---:|---:|---:|---:|---:|---|---:|\n";
+    for (const Result& result : results) {
+        out << "| " << result.contest;
+        for (const char* name : {"ksimaging", "ksimaging avx2", "ksimaging baseline"})
+            write_rate(out, result.Fastest(name));
+        const Figure* filled = result.Fastest("memset");
+        write_rate(out, filled ? filled : result.Fastest("memcpy"));
+        const Figure* peer = result.Fastest("peer");
+        write_rate(out, peer);
+        out << " | " << (peer ? peer->name : "") << " | ";
+        if (peer)
+            out << std::setprecision(2) << result.RatioTo(*peer);
+        out << " |\n";
+    }
 }

@@ -1,16 +1,16 @@
 // SPDX-License-Identifier: MIT
-// Results on paper: the goals and a summary as Markdown, everything as CSV.
+// Results as Markdown tables.
 #pragma once
 
-#include "bench/imaging/contest.h"
+#include "bench/imaging/result.h"
 
 #include <iosfwd>
 
-// Writes each goal whose contests were run, with the worst ratio measured for it.
-void write_goals(std::ostream& out, const std::vector<Contest>& contests);
+// Writes each goal whose contests are there, with the worst ratio measured for it.
+void write_goals(std::ostream& out, const std::vector<Result>& results);
+
+// Writes a line a mode: the fastest peer of each of its contests in the cache, and the ratio to it.
+void write_modes(std::ostream& out, const std::vector<Result>& results);
 
 // Writes a line a contest: the library at its levels, memcpy or memset, and the fastest peer.
-void write_summary(std::ostream& out, const std::vector<Contest>& contests);
-
-// Writes a line a contender.
-void write_csv(std::ostream& out, const std::vector<Contest>& contests);
+void write_contests(std::ostream& out, const std::vector<Result>& results);

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The contests of scaling, rotating and transforming.
 #include "bench/imaging/contests.h"
-#include "bench/imaging/levels.h"
 #include "bench/imaging/tasks.h"
 #include "bitmaptools/KSBitmapTools.h"
 
@@ -68,7 +67,7 @@ std::function<void()> own_pass(Resampling& task) {
 void add_memcpy(Contest& contest, Resampling& task) {
     const auto from = std::make_shared<Image>(
         random_image(task.destination.Width(), task.destination.Height(), Alphas::kOpaque, 5));
-    contest.Add("memcpy", Picture::kUnrelated, [&task, from] {
+    contest.Add(Kind::kMemory, "memcpy", Picture::kUnrelated, [&task, from] {
         for (int y = 0; y < task.destination.Height(); ++y)
             std::memcpy(task.destination.Row(y), from->Row(y),
                         static_cast<std::size_t>(task.destination.BytesPerRow()));
@@ -76,8 +75,7 @@ void add_memcpy(Contest& contest, Resampling& task) {
 }
 
 using AddPeer = void (*)(Contest&, Resampling&);
-constexpr AddPeer kPeers[] = {add_pixman, add_qt,    add_libyuv, add_sdl,
-                              add_agg,    add_cairo, add_opencv, add_stb};
+constexpr AddPeer kPeers[] = {add_pixman, add_qt, add_libyuv, add_sdl, add_agg, add_opencv};
 
 struct Operation {
     const char* name;
@@ -100,8 +98,7 @@ void run_operation(Runner& runner, const Operation& operation, const std::string
         return;
     Resampling task(operation.kind, operation.is_bilinear, alphas, source_size, destination_size);
     Contest contest(name, static_cast<double>(task.destination.Count()), &task.destination);
-    for (const Level& level : levels())
-        contest.Add(level.name, Picture::kSame, at_level(level, own_pass(task)));
+    contest.AddOwn(Picture::kSame, own_pass(task));
     add_memcpy(contest, task);
     for (const AddPeer add : kPeers)
         add(contest, task);

@@ -27,25 +27,17 @@ void set_colour(SDL_Renderer* renderer, std::uint32_t colour) {
     SDL_SetRenderDrawColor(renderer, channel(16), channel(8), channel(0), channel(24));
 }
 
-std::optional<SDL_BlendMode> blend_mode_of(ks_composition_mode mode) {
-    switch (mode) {
-    case kMergeNormal:
-        return SDL_BLENDMODE_BLEND;
-    case kMergeMultiply:
-        return SDL_BLENDMODE_MUL;
-    case kMergeAdd:
-        return SDL_BLENDMODE_ADD;
-    case kMergeCopy:
-        return SDL_BLENDMODE_NONE;
-    default:
-        return std::nullopt;
-    }
-}
+constexpr ModeRow<SDL_BlendMode> kModes[] = {
+    {kMergeNormal, SDL_BLENDMODE_BLEND},
+    {kMergeMultiply, SDL_BLENDMODE_MUL},
+    {kMergeAdd, SDL_BLENDMODE_ADD},
+    {kMergeCopy, SDL_BLENDMODE_NONE},
+};
 
 }  // namespace
 
 void add_sdl(Contest& contest, const Composition& task) {
-    const auto mode = blend_mode_of(task.mode);
+    const auto mode = operation_of(task.mode, kModes);
     if (!mode)
         return;
     Scene& scene = *task.scene;
@@ -67,7 +59,7 @@ void add_sdl(Contest& contest, const Composition& task) {
             SDL_RenderFlush(renderer.get());
         };
     }
-    contest.Add("SDL2", copies ? Picture::kStraight : Picture::kPremultiplied, std::move(pass),
+    contest.Add(Kind::kPeer, "SDL2", copies ? Picture::kStraight : Picture::kPremultiplied, std::move(pass),
                 copies ? scene.RestoreStraight() : scene.RestorePremultiplied());
 }
 
@@ -75,7 +67,7 @@ void add_sdl(Contest& contest, Resampling& task) {
     if (task.kind != Resampling::Kind::kScale)
         return;
     const Surface source = wrap(task.premultiplied_source), destination = wrap(task.destination);
-    contest.Add("SDL2", Picture::kPremultiplied, [=, bilinear = task.is_bilinear] {
+    contest.Add(Kind::kPeer, "SDL2", Picture::kPremultiplied, [=, bilinear = task.is_bilinear] {
         (bilinear ? SDL_SoftStretchLinear : SDL_SoftStretch)(source.get(), nullptr, destination.get(),
                                                              nullptr);
     });
@@ -136,7 +128,7 @@ void add_sdl(Contest& contest, const Drawing& task) {
         return;  // SDL has neither ellipses nor patterns.
     }
     contest.Add(
-        "SDL2", Picture::kPremultiplied,
+        Kind::kPeer, "SDL2", Picture::kPremultiplied,
         [=] {
             pass();
             SDL_RenderFlush(renderer.get());

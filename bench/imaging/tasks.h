@@ -40,6 +40,21 @@ struct Composition {
 
 constexpr std::uint32_t kColour = 0x90C86432;
 
+// What a peer calls a mode; its table has a row for each mode that it has.
+template <class Operator> struct ModeRow {
+    ks_composition_mode mode;
+    Operator operation;
+};
+
+// Returns the peer's operation for the mode, or nothing where it has none.
+template <class Operator, std::size_t count>
+std::optional<Operator> operation_of(ks_composition_mode mode, const ModeRow<Operator> (&rows)[count]) {
+    for (const ModeRow<Operator>& row : rows)
+        if (row.mode == mode)
+            return row.operation;
+    return std::nullopt;
+}
+
 // Sampling a picture into the whole destination, which starts transparent.
 struct Resampling {
     enum class Kind { kScale, kRotate, kTransform };
@@ -76,22 +91,18 @@ struct Drawing {
 Image pattern_tile(const Drawing& task);
 
 void add_agg(Contest& contest, const Composition& task);
-void add_cairo(Contest& contest, const Composition& task);
 void add_libyuv(Contest& contest, const Composition& task);
-void add_opencv(Contest& contest, const Composition& task);
 void add_pixman(Contest& contest, const Composition& task);
 void add_qt(Contest& contest, const Composition& task);
 void add_sdl(Contest& contest, const Composition& task);
 
 // The task outlives the contest.
 void add_agg(Contest& contest, Resampling& task);
-void add_cairo(Contest& contest, Resampling& task);
 void add_libyuv(Contest& contest, Resampling& task);
 void add_opencv(Contest& contest, Resampling& task);
 void add_pixman(Contest& contest, Resampling& task);
 void add_qt(Contest& contest, Resampling& task);
 void add_sdl(Contest& contest, Resampling& task);
-void add_stb(Contest& contest, Resampling& task);
 
 // The task outlives the contest.
 void add_agg(Contest& contest, const Drawing& task);

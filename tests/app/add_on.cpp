@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
-// An add-on: links no imaging library of its own, and draws with the one in the image that loads it.
+// An add-on: links no imaging library of its own. Its entry draws with the one of the image that loads it,
+// and returns null or what went wrong.
 #include "bitmaptools/KSBitmapTools.h"
 #include "hdr/ks_export.h"
 #include "raster/KSRaster.h"

@@ -29,9 +29,8 @@ TEST_F(Commands, StartsWithTheDefaultsAndWritesNothingUnasked) {
 
 TEST_F(Commands, ReadsTheFileAtTheStartAndDropsWhatIsNotThere) {
     const std::string bitmap = home.NewFile("marble.tga");
-    ScopedHome::Write(home.SettingsFile(),
-                      "LANGUAGE = deutsch\nKS_PEN_TEXT = 1,2,3,4\nKS_PEN_BG_EDIT_BMP = " + bitmap +
-                          "\nKS_PEN_BG_READ_BMP = /missing\nLOOK = Nymbrel\n");
+    home.Write(home.SettingsFile(), "LANGUAGE = deutsch\nKS_PEN_TEXT = 1,2,3,4\nKS_PEN_BG_EDIT_BMP = " +
+                                        bitmap + "\nKS_PEN_BG_READ_BMP = /missing\nLOOK = Nymbrel\n");
     RunningProgram::Run([&](RunningProgram& program) {
         reference::settings wanted = Defaults();
         wanted.look = "Nymbrel";
@@ -163,7 +162,7 @@ TEST_F(Commands, UnknownMessagesDoNothing) {
 TEST_F(Commands, SpeakTheLanguageOfTheSettings) {
     std::filesystem::create_directories(home.CatalogsDirectory());
     std::filesystem::copy(NYMBREL_CATALOGS "/deutsch", home.CatalogsDirectory() / "deutsch");
-    ScopedHome::Write(home.SettingsFile(), "LANGUAGE = deutsch\n");
+    home.Write(home.SettingsFile(), "LANGUAGE = deutsch\n");
     RunningProgram::Run([&](RunningProgram& program) {
         std::vector<std::string> texts;
         program.Root()->ForEach([&](KSControl& control) {

@@ -3,6 +3,7 @@
 #include "kits/BWindow.h"
 #include "tests/app/running_program.h"
 #include "tests/settings/editors.h"
+#include "tests/support/recording_surface.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSLabel.h"
 #include "toolkit/KSPicture.h"
@@ -11,53 +12,55 @@
 
 #include <algorithm>
 #include <iomanip>
+#include <map>
 #include <sstream>
+#include <typeinfo>
 
 namespace {
 
-template <class Control> long place_of(const KSControl& control, Control* const* begin, Control* const* end) {
-    return std::find(begin, end, &control) - begin;
+// What the settings model calls its editors.
+std::map<const KSControl*, std::string> model_names() {
+    using namespace config;
+    std::map<const KSControl*, std::string> names = {{_bubbletime, "bubble time"},
+                                                     {_mousetime, "mouse time"},
+                                                     {_bubblehelp, "bubble help"},
+                                                     {_beos_size, "conform"},
+                                                     {_look, "look"},
+                                                     {_llist, "languages"}};
+    const auto number = [&](const char* kind, const auto& editors) {
+        for (std::size_t i = 0; i < std::size(editors); ++i)
+            names[editors[i]] = kind + std::to_string(i);
+    };
+    number("color ", _colors);
+    number("file ", _backgrounds);
+    number("font ", _fonts);
+    return names;
 }
 
+// The class's name behind the length that the compiler puts before it, the model's name and what is
+// particular.
 std::string kind_of(const KSControl& control) {
-    using namespace config;
+    const auto names = model_names();
+    const std::string type = typeid(control).name();
     std::ostringstream text;
-    if (dynamic_cast<const KSColorField*>(&control))
-        text << "color " << place_of(control, std::begin(_colors), std::end(_colors));
-    else if (dynamic_cast<const KSPopFile*>(&control))
-        text << "file " << place_of(control, std::begin(_backgrounds), std::end(_backgrounds));
-    else if (dynamic_cast<const KSPopFont*>(&control))
-        text << "font " << place_of(control, std::begin(_fonts), std::end(_fonts));
-    else if (const auto* spin = dynamic_cast<const KSSpinBox*>(&control))
-        text << "spin "
-             << (spin == _bubbletime  ? "bubble "
-                 : spin == _mousetime ? "mouse "
-                                      : "")
-             << std::fixed << std::setprecision(0) << spin->MinValue() << ".." << spin->MaxValue() << " by "
-             << spin->Step();
+    std::string kind = type.substr(type.find_first_not_of("0123456789"));
+    if (kind.starts_with("KS"))
+        kind.erase(0, 2);
+    text << (kind == "Control" ? "." : kind);
+    if (const auto name = names.find(&control); name != names.end())
+        text << ' ' << name->second;
+    if (const auto* spin = dynamic_cast<const KSSpinBox*>(&control))
+        text << ' ' << std::fixed << std::setprecision(0) << spin->MinValue() << ".." << spin->MaxValue()
+             << " by " << spin->Step();
     else if (const auto* picture = dynamic_cast<const KSPicture*>(&control))
-        text << "picture " << picture->FileName();
-    else if (dynamic_cast<const KSCheckBox*>(&control))
-        text << "check" << (&control == _bubblehelp ? " bubble" : &control == _beos_size ? " beos" : "");
+        text << ' ' << picture->FileName();
     else if (const auto* cycle = dynamic_cast<const KSCycle*>(&control)) {
-        text << (cycle == _look ? "look" : "cycle");
         char label[64];
         for (long i = 0; cycle->GetLabel(i, label); ++i)
             text << ' ' << label;
-    } else if (&control == _llist)
-        text << "languages";
-    else if (dynamic_cast<const NCListView*>(&control))
-        text << "categories";
-    else if (dynamic_cast<const KSTitleGroup*>(&control))
-        text << "titled";
-    else if (dynamic_cast<const KSLabel*>(&control))
-        text << "label";
-    else if (dynamic_cast<const KSButton*>(&control))
-        text << (control.IsDefault() ? "default button" : "button");
-    else if (dynamic_cast<const KSSeparator*>(&control))
-        text << "separator";
-    else
-        text << (control.Children().empty() ? "." : "group");
+    }
+    if (control.IsDefault())
+        text << " default";
     return text.str();
 }
 
@@ -100,34 +103,34 @@ std::string tree_of(const KSControl& control, const std::string& indent = "") {
     return indent + kind_of(control) + traits_of(control) + leaves + "\n" + groups;
 }
 
-constexpr const char* kTree = R"(group border 4,4,4,4 down | <> | separator | <>
-  group #settings | <> | <>
-    group down | picture NymbrelConfig.tga | categories #NCListView 'Categories' weight 30,100
-    group #MainTab forced 2 | <> | <> | <> | <>
-      group 'Pens' frame 7,1 border 6,6,6,6 | <> | <>
-        titled 'Text' | . | <> | .
-          group down columns 2 | . | . | label 'Default color and Text' aligned 2 | color 9 | label 'Disabled Text' aligned 2 | color 10 | label 'Cursor foreground' aligned 2 | color 11 | label 'Cursor background' aligned 2 | color 12 | label 'Marked text foreground' aligned 2 | color 13 | label 'Marked text background' aligned 2 | color 14 | . | .
-        titled 'System' | . | <> | .
-          group down columns 2 | . | . | label 'Shining edges' aligned 2 | color 15 | label 'Dark edges' aligned 2 | color 16 | label 'Halfshining edges' aligned 2 | color 17 | label 'Halfdark edges' aligned 2 | color 18 | label 'Marked widgets' aligned 2 | color 19 | label 'Paint: Shining edges' aligned 2 | color 20 | label 'Paint: Container' aligned 2 | color 21 | label 'Paint: Dark edges' aligned 2 | color 22 | . | .
-      group frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | label 'Low level' aligned 2 | <> | label 'Medium level' aligned 2 | <> | label 'High level' aligned 2 | <> | label 'Edit areas' aligned 2 | <> | label 'Read areas' aligned 2 | <> | label 'Listviews' aligned 2 | <> | label 'Buttons' aligned 2 | <> | label 'Sliders' aligned 2 | <> | label 'Selected menuitems' aligned 2 | <> | . | .
-        group | color 0 | file 0
-        group | color 1 | file 1
-        group | color 2 | file 2
-        group | color 3 | file 3
-        group | color 4 | file 4
-        group | color 5 | file 5
-        group | color 6 | file 6
-        group | color 7 | file 7
-        group | color 8 | file 8
-      group frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | label 'Normal' aligned 2 | font 0 | label 'Fixedwidth' aligned 2 | font 1 | label 'Title' aligned 2 | font 2 | label 'Small' aligned 2 | font 3 | label 'Large' aligned 2 | font 4 | . | .
-      group 'Options' frame 7,1 border 6,6,6,6 down hidden | <> | <> | <>
-        titled 'Language' down | languages | <>
-          group | . | label 'Note: You have to restart your program(s) after a change' | .
-        titled 'Advanced' | . | <> | .
-          group down columns 2 | . | . | label 'Bubblehelp wait time' aligned 2 | spin bubble 500000..10000000 by 100000 | . | check bubble 'Use Bubblehelp' | . | . | label 'Mouse hold time' aligned 2 | spin mouse 10000..50000 by 1000 | . | .
-        titled 'Look' | . | <> | .
-          group down columns 3 | . | . | . | check beos 'BeOS conform' | look BeOS Nymbrel | . | button 'Reset colors' | . | . | .
-  group | button 'Revert' | . | . | button 'Apply' | default button 'OK'
+constexpr const char* kTree = R"(. border 4,4,4,4 down | <> | Separator | <>
+  . #settings | <> | <>
+    . down | Picture NymbrelConfig.tga | NCListView #NCListView 'Categories' weight 30,100
+    . #MainTab forced 2 | <> | <> | <> | <>
+      . 'Pens' frame 7,1 border 6,6,6,6 | <> | <>
+        TitleGroup 'Text' | . | <> | .
+          . down columns 2 | . | . | Label 'Default color and Text' aligned 2 | ColorField color 9 | Label 'Disabled Text' aligned 2 | ColorField color 10 | Label 'Cursor foreground' aligned 2 | ColorField color 11 | Label 'Cursor background' aligned 2 | ColorField color 12 | Label 'Marked text foreground' aligned 2 | ColorField color 13 | Label 'Marked text background' aligned 2 | ColorField color 14 | . | .
+        TitleGroup 'System' | . | <> | .
+          . down columns 2 | . | . | Label 'Shining edges' aligned 2 | ColorField color 15 | Label 'Dark edges' aligned 2 | ColorField color 16 | Label 'Halfshining edges' aligned 2 | ColorField color 17 | Label 'Halfdark edges' aligned 2 | ColorField color 18 | Label 'Marked widgets' aligned 2 | ColorField color 19 | Label 'Paint: Shining edges' aligned 2 | ColorField color 20 | Label 'Paint: Container' aligned 2 | ColorField color 21 | Label 'Paint: Dark edges' aligned 2 | ColorField color 22 | . | .
+      . frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | Label 'Low level' aligned 2 | <> | Label 'Medium level' aligned 2 | <> | Label 'High level' aligned 2 | <> | Label 'Edit areas' aligned 2 | <> | Label 'Read areas' aligned 2 | <> | Label 'Listviews' aligned 2 | <> | Label 'Buttons' aligned 2 | <> | Label 'Sliders' aligned 2 | <> | Label 'Selected menuitems' aligned 2 | <> | . | .
+        . | ColorField color 0 | PopFile file 0
+        . | ColorField color 1 | PopFile file 1
+        . | ColorField color 2 | PopFile file 2
+        . | ColorField color 3 | PopFile file 3
+        . | ColorField color 4 | PopFile file 4
+        . | ColorField color 5 | PopFile file 5
+        . | ColorField color 6 | PopFile file 6
+        . | ColorField color 7 | PopFile file 7
+        . | ColorField color 8 | PopFile file 8
+      . frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | Label 'Normal' aligned 2 | PopFont font 0 | Label 'Fixedwidth' aligned 2 | PopFont font 1 | Label 'Title' aligned 2 | PopFont font 2 | Label 'Small' aligned 2 | PopFont font 3 | Label 'Large' aligned 2 | PopFont font 4 | . | .
+      . 'Options' frame 7,1 border 6,6,6,6 down hidden | <> | <> | <>
+        TitleGroup 'Language' down | ListView languages | <>
+          . | . | Label 'Note: You have to restart your program(s) after a change' | .
+        TitleGroup 'Advanced' | . | <> | .
+          . down columns 2 | . | . | Label 'Bubblehelp wait time' aligned 2 | SpinBox bubble time 500000..10000000 by 100000 | . | CheckBox bubble help 'Use Bubblehelp' | . | . | Label 'Mouse hold time' aligned 2 | SpinBox mouse time 10000..50000 by 1000 | . | .
+        TitleGroup 'Look' | . | <> | .
+          . down columns 3 | . | . | . | CheckBox conform 'BeOS conform' | Cycle look BeOS Nymbrel | . | Button 'Reset colors' | . | . | .
+  . | Button 'Revert' | . | . | Button 'Apply' | Button default 'OK'
 )";
 
 TEST(Window, HoldsTheControlsInTheirOrder) {
@@ -207,37 +210,16 @@ TEST(Categories, ChangeNothingWithoutTheLock) {
     EXPECT_EQ(seen_groups(), "1111");
 }
 
-// Measures every text as a box of fixed size, and keeps what is drawn as text.
-class RecordingSurface : public KSSurface {
-public:
-    explicit RecordingSurface(long text_height) : _text_height(text_height) {}
-
-    void SetHighPen(ks_pen pen) override { drawn << "pen " << pen << "; "; }
-    KSPoint<long> StringSize(const char*, long length, long* ascent) override {
-        *ascent = _text_height - 3;
-        return {7 * length, _text_height};
-    }
-    void DrawString(const char* text, long length, KSPoint<long> where) override {
-        drawn << std::string(text, static_cast<std::size_t>(length)) << " at " << where.x << ',' << where.y;
-    }
-    void FillRect(KSRect<long>) override { drawn << "fill; "; }
-
-    std::ostringstream drawn;
-
-private:
-    long _text_height;
-};
-
 TEST(Categories, MeasureAndDrawTheirItems) {
     struct item_row {
         long text_height, height;
         const char* drawn;
     };
     const item_row rows[] = {
-        {10, 24, "pen 5; fill; pen 9; Pens at 13,54"},  // 40 + (24 - 10) / 2 + 7
-        {11, 24, "pen 5; fill; pen 9; Pens at 13,54"},  // the half pixel is cut
-        {20, 28, "pen 5; fill; pen 9; Pens at 13,61"},
-        {17, 25, "pen 5; fill; pen 9; Pens at 13,58"},
+        {10, 24, "pen 5; fill 5,40,104,63; pen 9; Pens at 13,54; "},  // 40 + (24 - 10) / 2 + 7
+        {11, 24, "pen 5; fill 5,40,104,63; pen 9; Pens at 13,54; "},  // the half pixel is cut
+        {20, 28, "pen 5; fill 5,40,104,67; pen 9; Pens at 13,61; "},
+        {17, 25, "pen 5; fill 5,40,104,64; pen 9; Pens at 13,58; "},
     };
     for (const item_row& row : rows) {
         SCOPED_TRACE(row.text_height);

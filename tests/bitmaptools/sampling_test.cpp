@@ -9,7 +9,7 @@ namespace {
 
 // The weights that are less than their shares by what one addition and one shift tell.
 TEST(Sampling, OpaqueWeightsAreThoseOfAlpha255) {
-    static_cast<void>(kPixelFunctions);
+    static_cast<void>(kLevel);
     Words shares;
     for (std::uint32_t k = 0; k < kLanes; k++)
         shares[k] = k;

@@ -4,7 +4,6 @@
 
 #include <QAccessible>
 #include <QAccessibleInterface>
-#include <QDialog>
 
 #include <cmath>
 #include <map>
@@ -50,7 +49,7 @@ void Collect(QAccessibleInterface* from, Editors& editors) {
 
 TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
     const std::string path = home.NewFile("a.png");
-    ScopedHome::Write(home.SettingsFile(), "KS_PEN_BG_LOW_BMP = " + path + "\nKS_PEN_TEXT = 1,2,3,4\n");
+    home.Write(home.SettingsFile(), "KS_PEN_BG_LOW_BMP = " + path + "\nKS_PEN_TEXT = 1,2,3,4\n");
     ShownProgram::Run([&](ShownProgram& program) {
         Editors editors;
         ASSERT_TRUE(program.Eventually([&] {
@@ -102,7 +101,7 @@ TEST_F(Accessibility, OpensAColorFieldByItsAction) {
                 ->actionInterface()
                 ->doAction(QAccessibleActionInterface::pressAction());
         });
-        EXPECT_TRUE(program.Eventually([&] { return program.Top()->findChild<QDialog*>() != nullptr; }));
+        program.OpenedDialog<QDialog>();
     });
 }
 

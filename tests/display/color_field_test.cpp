@@ -4,7 +4,6 @@
 
 #include <QColorDialog>
 #include <QImage>
-#include <QMimeData>
 
 using namespace config;
 
@@ -12,22 +11,19 @@ namespace {
 
 class ColorField : public Shown {};
 
-QColor MiddleOf(QWidget* widget) {
-    return widget->grab().toImage().pixelColor(widget->rect().center());
-}
-
 TEST_F(ColorField, ShowsWhatTheProgramSets) {
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(0);
+        const auto color_at = [&](int x) {
+            QWidget* field = program.Named<QWidget>("Disabled Text");
+            return field->grab().toImage().pixelColor(x, field->height() / 2);
+        };
         _colors[KS_PEN_DISABLEDTEXT]->SetColor(ks_color(12, 200, 99), false, false);
-        EXPECT_TRUE(program.Eventually(
-            [&] { return MiddleOf(program.Named<QWidget>("Disabled Text")) == QColor(12, 200, 99); }));
+        EXPECT_TRUE(program.Eventually([&] { return color_at(9) == QColor(12, 200, 99); }));
         // A transparent colour lets a checker through: its two shades, not one colour.
         _colors[KS_PEN_DISABLEDTEXT]->SetColor(ks_color(255, 0, 0, 128), false, false);
         EXPECT_TRUE(program.Eventually([&] {
-            const QImage image = program.Named<QWidget>("Disabled Text")->grab().toImage();
-            QColor first = image.pixelColor(4, 4);
-            return first.red() > 200 && first.green() > 50 && first != image.pixelColor(9, 4);
+            return color_at(4).red() > 200 && color_at(4).green() > 50 && color_at(4) != color_at(9);
         }));
     });
 }
@@ -38,18 +34,14 @@ TEST_F(ColorField, TakesTheDialogsColorWithAlpha) {
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
             _colors[KS_PEN_TEXT]->SetColor(ks_color(9, 9, 9), false, false);
             program.OnScreen([&] { QTest::keyClick(program.Named<QWidget>("Default color and Text"), key); });
-            QColorDialog* dialog = nullptr;
-            ASSERT_TRUE(program.Eventually([&] {
-                dialog = program.Top()->findChild<QColorDialog*>();
-                return dialog && dialog->isVisible();
-            }));
+            auto* dialog = program.OpenedDialog<QColorDialog>();
             program.OnScreen([&] {
                 EXPECT_TRUE(dialog->testOption(QColorDialog::ShowAlphaChannel));
                 dialog->setCurrentColor(QColor(10, 20, 30, 40));
                 QTest::keyClick(dialog, Qt::Key_Return);
             });
             EXPECT_EQ(_colors[KS_PEN_TEXT]->Color(), ks_color(10, 20, 30, 40));
-            ASSERT_TRUE(program.Eventually([&] { return !program.Top()->findChild<QColorDialog*>(); }));
+            program.WaitUntilDialogIsClosed();
         }
     });
 }

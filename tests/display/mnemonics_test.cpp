@@ -7,7 +7,7 @@
 namespace {
 
 // The texts with "&" before their mnemonics.
-std::vector<std::string> Marked(const std::vector<QString>& texts, std::set<char> used = {}) {
+std::vector<std::string> Marked(const std::vector<QString>& texts, std::set<char> used) {
     const std::vector<int> chosen = ChooseMnemonics(texts, used);
     std::vector<std::string> marked;
     for (std::size_t i = 0; i < texts.size(); ++i) {
@@ -19,29 +19,25 @@ std::vector<std::string> Marked(const std::vector<QString>& texts, std::set<char
     return marked;
 }
 
-using Texts = std::vector<std::string>;
-
-TEST(Mnemonics, StartWordsWhereTheyCan) {
-    EXPECT_EQ(Marked({"Dark edges", "Disabled text", "Deep"}),
-              (Texts{"&Dark edges", "Disabled &text", "D&eep"}));
-}
-
-TEST(Mnemonics, LeaveOutWhatIsUsedWithoutRegardToCase) {
-    EXPECT_EQ(Marked({"Apply", "Pens"}, {'a', 'e'}), (Texts{"A&pply", "Pe&ns"}));
-}
-
-TEST(Mnemonics, MoveToAnotherLetterToMakeRoom) {
-    // The first text could keep "a", but then nothing would be left for the second.
-    EXPECT_EQ(Marked({"ab", "a"}), (Texts{"a&b", "&a"}));
-    EXPECT_EQ(Marked({"abc", "ab", "a"}), (Texts{"ab&c", "a&b", "&a"}));
-}
-
-TEST(Mnemonics, AreOnEveryKeyboard) {
-    EXPECT_EQ(Marked({"Öl", "色", "Ä 1", ""}), (Texts{"Ö&l", "色", "Ä &1", ""}));
-}
-
-TEST(Mnemonics, AreLeftOutWhereNoneIsLeft) {
-    EXPECT_EQ(Marked({"a", "A"}), (Texts{"&a", "A"}));
+TEST(Mnemonics, StartWordsWhereTheyCanAndDiffer) {
+    const struct {
+        const char* name;
+        std::vector<QString> texts;
+        std::set<char> used;
+        std::vector<std::string> want;
+    } rows[] = {
+        {"starts of words",
+         {"Dark edges", "Disabled text", "Deep"},
+         {},
+         {"&Dark edges", "Disabled &text", "D&eep"}},
+        {"used, in any case", {"Apply", "Pens"}, {'a', 'e'}, {"A&pply", "Pe&ns"}},
+        {"moved to make room", {"ab", "a"}, {}, {"a&b", "&a"}},
+        {"moved twice", {"abc", "ab", "a"}, {}, {"ab&c", "a&b", "&a"}},
+        {"on every keyboard", {"Öl", "色", "Ä 1", ""}, {}, {"Ö&l", "色", "Ä &1", ""}},
+        {"none left", {"a", "A"}, {}, {"&a", "A"}},
+    };
+    for (const auto& row : rows)
+        EXPECT_EQ(Marked(row.texts, row.used), row.want) << row.name;
 }
 
 }  // namespace

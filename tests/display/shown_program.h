@@ -2,33 +2,29 @@
 // The program with its window on Qt's offscreen platform, and a test's thread that uses it.
 #pragma once
 
-#include "app/NymbrelConfig.h"
 #include "display/server.h"
 #include "kits/BWindow.h"
 #include "settings/model.h"
-#include "tests/kits/test_application.h"
-#include "tests/settings/home.h"
+#include "tests/support/used_program.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
 #include "toolkit/KSCycle.h"
+#include "toolkit/KSListView.h"
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSPopFont.h"
 #include "toolkit/KSSpinBox.h"
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QDropEvent>
 #include <QListWidget>
 #include <QMimeData>
 #include <QTest>
-#include <QWidget>
 
-#include <algorithm>
 #include <chrono>
-#include <functional>
 #include <future>
 #include <stdexcept>
-#include <thread>
 
 // Has a test's functions run on the main thread, in order with the program's own.
 class TestDisplay : public DisplayServer {
@@ -36,17 +32,19 @@ public:
     void Post(std::function<void()> function) { _queue.Post(std::move(function)); }
 };
 
-class ShownProgram : public NCApplication {
+class ShownProgram : public UsedProgram {
 public:
     // Starts the program and calls `use` on a thread of its own once the window is on the screen and has its
     // values; returns when the program has ended. It is told to when `use` returns.
     static void Run(const std::function<void(ShownProgram&)>& use) {
-        const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
         const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
         TestDisplay server;
-        ShownProgram program(server, use);
-        program.NCApplication::Run(&server);
-        program._user.join();
+        ShownProgram(server, use).RunUsed(server);
+    }
+
+    bool QuitRequested() override {
+        quits.Add(B_QUIT_REQUESTED);
+        return UsedProgram::QuitRequested();
     }
 
     // Runs `function` on the main thread and returns what it returns.
@@ -60,9 +58,6 @@ public:
         return result.get();
     }
 
-    // Has `function` run on the main thread, some time.
-    void Later(std::function<void()> function) { _server.Post(std::move(function)); }
-
     // Returns whether `condition`, which is asked on the main thread, comes true in time.
     bool Eventually(const std::function<bool()>& condition) {
         const auto deadline = std::chrono::steady_clock::now() + kPatience;
@@ -70,6 +65,26 @@ public:
             if (std::chrono::steady_clock::now() > deadline)
                 return false;
         return true;
+    }
+
+    // Shows one of the four pages, and gives the window the keyboard.
+    void Open(int category) {
+        OnScreen([=, this] {
+            ClickRow(Categories(), category);
+            Top()->activateWindow();
+        });
+        KSControl* const pages[] = {config::ch_pen, config::ch_background, config::ch_font, config::ch_dimen};
+        EXPECT_FALSE(pages[category]->IsHidden());
+        OnScreen([] {});  // behind the wake that the selection has posted
+    }
+    // Waits for a dialog of the window and returns it.
+    template <class Kind> Kind* OpenedDialog() {
+        Kind* dialog = nullptr;
+        const auto is_open = [&] { return (dialog = Top()->findChild<Kind*>()) && dialog->isVisible(); };
+        return Eventually(is_open) ? dialog : throw std::runtime_error("no dialog");
+    }
+    void WaitUntilDialogIsClosed() {
+        EXPECT_TRUE(Eventually([&] { return !Top()->findChild<QDialog*>(); }));
     }
 
     // What follows is for the main thread.
@@ -80,6 +95,7 @@ public:
                 return widget;
         throw std::runtime_error("no window");
     }
+    QListWidget* Categories() const { return Top()->findChildren<QListWidget*>().front(); }
     // The widget of a kind that bears an accessible name.
     template <class Kind> Kind* Named(const char* name, QWidget* below = nullptr) const {
         for (Kind* widget : (below ? below : Top())->findChildren<Kind*>())
@@ -110,51 +126,23 @@ public:
         return drop.isAccepted();
     }
 
-    // What follows is for the test's thread.
-
-    // Shows one of the four pages, and gives the window the keyboard.
-    void Open(int category) {
-        OnScreen([=, this] { ClickRow(Categories(), category); });
-        KSControl* const pages[] = {config::ch_pen, config::ch_background, config::ch_font, config::ch_dimen};
-        ASSERT_FALSE(pages[category]->IsHidden());
-        OnScreen([=, this] { Top()->activateWindow(); });
-        // The page is on the screen when something on it is.
-        const char* const sample[] = {"Disabled Text", "Low level", "Normal", "Look"};
-        ASSERT_TRUE(Eventually([=, this] { return Named<QWidget>(sample[category])->isVisible(); }));
-    }
-    QListWidget* Categories() const { return Named<QListWidget>("Categories"); }
-
-    // Waits until the application has handled `count` messages of this code.
-    bool WaitForMessage(std::uint32_t code, long count = 1) {
-        return Eventually([&] { return std::ranges::count(_handled.Entries(), code) >= count; });
-    }
-
-    void ReadyToRun() override {
-        NCApplication::ReadyToRun();
-        _user = std::thread([this] {
-            try {
-                _use(*this);
-            } catch (const std::exception& error) {
-                ADD_FAILURE() << error.what();
-            }
-            PostMessage(B_QUIT_REQUESTED);
-        });
-    }
-    void MessageReceived(BMessage* message) override {
-        NCApplication::MessageReceived(message);
-        _handled.Add(message->what);
-    }
+    Journal<std::uint32_t> quits;  // an entry each time that the program is told to end
 
 private:
     static constexpr std::chrono::seconds kPatience{20};
 
-    ShownProgram(TestDisplay& server, std::function<void(ShownProgram&)> use)
-        : _server(server), _use(std::move(use)) {}
+    ShownProgram(TestDisplay& server, const std::function<void(ShownProgram&)>& use)
+        : UsedProgram([this, use] {
+              try {
+                  use(*this);
+              } catch (const std::exception& error) {
+                  ADD_FAILURE() << error.what();
+              }
+              PostMessage(B_QUIT_REQUESTED);
+          }),
+          _server(server) {}
 
     TestDisplay& _server;
-    std::function<void(ShownProgram&)> _use;
-    std::thread _user;
-    Journal<std::uint32_t> _handled;
 };
 
 // Each test has a home of its own.

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 // The view program: what it makes of a picture, and of words that it does not know.
 #include "examples/picture_file.h"
+#include "tests/support/home.h"
 
-#include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 namespace {
 
@@ -20,27 +18,19 @@ protected:
         raster.PutPixel(0, 0);
         write_png(raster, _in);
     }
-    void TearDown() override {
-        std::remove(_in.c_str());
-        std::remove(_out.c_str());
-        std::remove((_out + ".log").c_str());
-    }
-
     // Returns whether the program accepted the operation.
     bool Run(const std::string& operation) {
-        return std::system(
-                   (PROGRAMS "/view '" + _in + "' '" + _out + "' " + operation + " >'" + _out + ".log' 2>&1")
-                       .c_str()) == 0;
+        const std::string command = PROGRAMS "/view '" + _in + "' '" + _out + "' " + operation;
+        return std::system((command + " >/dev/null 2>&1").c_str()) == 0;
     }
     std::uint32_t Result(long x, long y) {
         const auto raster = read_png(_out);
         return static_cast<const std::uint32_t*>(raster->Bits())[y * raster->Width() + x];
     }
 
-    // Tests run at the same time.
-    const std::string _start = testing::TempDir() + "view_" + std::to_string(getpid());
-    std::string _in = _start + "_in.png";
-    const std::string _out = _start + "_out.png";
+    const TemporaryDirectory _directory;
+    std::string _in = _directory / "in.png";
+    const std::string _out = _directory / "out.png";
 };
 
 TEST_F(View, ScalesComposesAndTurns) {
@@ -65,9 +55,8 @@ TEST_F(View, ScalesComposesAndTurns) {
 TEST_F(View, ReadsTga) {
     const unsigned char bytes[] = {0, 0, 2, 0, 0, 0,  0,    0,    0,    0,    0,
                                    0, 1, 0, 1, 0, 32, 0x28, 0x11, 0x22, 0x33, 0x44};
-    std::remove(_in.c_str());
-    _in = _start + "_in.tga";
-    std::ofstream(_in, std::ios::binary).write(reinterpret_cast<const char*>(bytes), sizeof bytes);
+    _in = _directory / "in.tga";
+    _directory.Write(_in, {reinterpret_cast<const char*>(bytes), sizeof bytes});
     ASSERT_TRUE(Run("scale 2 2 plain"));
     EXPECT_EQ(0x44332211, Result(1, 1));
 }

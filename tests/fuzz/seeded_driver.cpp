@@ -1,81 +1,75 @@
 // SPDX-License-Identifier: MIT
-// Drives a fuzz target without libFuzzer.
+// Drives a fuzz target without libFuzzer, by mutated seeds and random bytes.
 //
-// Usage: <program> <number of inputs> [<first seed>]  runs mutated seeds and random bytes
-//        <program> --write <folder>                   writes the seeds as a corpus for libFuzzer
-//        <program> --replay <file>...                 runs the files
+// Usage: <program> <number of inputs> [<first seed>]  runs them
+//        <program> --write <folder>                   writes some as a corpus for libFuzzer
 #include "tests/fuzz/fuzz_target.h"
+#include "tests/support/noise.h"
 
 #include <algorithm>
 #include <fstream>
-#include <iterator>
-#include <random>
 #include <string>
 
 namespace {
 
 using input = std::vector<std::uint8_t>;
 
-input Mutated(input bytes, std::mt19937& random) {
-    for (unsigned i = random() % 5; i > 0 && !bytes.empty(); i--) {
-        const std::size_t at = random() % bytes.size();
-        switch (random() % 4) {
+std::uint8_t Byte(Noise& noise) {
+    return static_cast<std::uint8_t>(noise.Word());
+}
+
+void Mutate(input& bytes, Noise& noise) {
+    for (long i = noise.In(0, 4); i > 0 && !bytes.empty(); i--) {
+        const auto at = bytes.begin() + noise.In(0, static_cast<long>(bytes.size()) - 1);
+        switch (noise.In(0, 3)) {
         case 0:
-            bytes[at] = static_cast<std::uint8_t>(random());
+            *at = Byte(noise);
             break;
         case 1:
-            bytes[at] ^= static_cast<std::uint8_t>(1u << random() % 8);
+            *at ^= static_cast<std::uint8_t>(1 << noise.In(0, 7));
             break;
         case 2:
-            bytes.resize(at);
+            bytes.erase(at, bytes.end());
             break;
         default:
-            bytes.insert(bytes.begin() + static_cast<std::ptrdiff_t>(at), random() % 2 ? 0xFF : 0x00);
+            bytes.insert(at, noise.OneIn(2) ? 0xFF : 0x00);
         }
     }
-    return bytes;
 }
 
-input Random(std::mt19937& random) {
-    input bytes(random() % 400);
-    std::generate(bytes.begin(), bytes.end(), [&] { return static_cast<std::uint8_t>(random()); });
-    return bytes;
-}
-
-void Run(const input& bytes) {
-    // A buffer of exactly the size lets AddressSanitizer see any read beyond it.
-    const input exact(bytes.begin(), bytes.end());
-    LLVMFuzzerTestOneInput(exact.data(), exact.size());
-}
-
-void RunSeeded(unsigned long count, unsigned first) {
-    const std::vector<input> seeds = FuzzSeeds();
-    for (unsigned long i = 0; i < count; i++) {
-        const unsigned seed = first + static_cast<unsigned>(i);
-        std::mt19937 random(seed);
-        // Written before the run, so that the last line says which seed went wrong.
-        std::fprintf(stderr, "\rseed %u", seed);
-        const bool mutate = random() % 2 && !seeds.empty();
-        Run(mutate ? Mutated(seeds[random() % seeds.size()], random) : Random(random));
+input InputOf(std::uint32_t seed) {
+    static const std::vector<input> seeds = FuzzSeeds();
+    Noise noise(seed);
+    if (!seeds.empty() && noise.OneIn(2)) {
+        input bytes = seeds[noise.Word() % seeds.size()];
+        Mutate(bytes, noise);
+        // Without spare capacity, so that AddressSanitizer sees any read beyond the end.
+        bytes.shrink_to_fit();
+        return bytes;
     }
-    std::fprintf(stderr, "\n");
+    input bytes(noise.Word() % 400);
+    std::generate(bytes.begin(), bytes.end(), [&noise] { return Byte(noise); });
+    return bytes;
 }
 
 }  // namespace
 
 int main(int count, char** arguments) {
     const std::string first = count > 1 ? arguments[1] : "1000";
-    if (first == "--write" && count > 2) {
-        int number = 0;
-        for (const input& seed : FuzzSeeds())
-            std::ofstream(std::string(arguments[2]) + "/seed" + std::to_string(number++), std::ios::binary)
-                .write(reinterpret_cast<const char*>(seed.data()), static_cast<std::streamsize>(seed.size()));
-    } else if (first == "--replay") {
-        for (int i = 2; i < count; i++) {
-            std::ifstream file(arguments[i], std::ios::binary);
-            Run(input(std::istreambuf_iterator<char>(file), {}));
+    const bool write = first == "--write" && count > 2;
+    const unsigned long inputs = write ? 200 : std::stoul(first);
+    const unsigned long start = !write && count > 2 ? std::stoul(arguments[2]) : 1;
+    for (unsigned long seed = start; seed < start + inputs; seed++) {
+        const input bytes = InputOf(static_cast<std::uint32_t>(seed));
+        if (write) {
+            std::ofstream(arguments[2] + ("/seed" + std::to_string(seed)), std::ios::binary)
+                .write(reinterpret_cast<const char*>(bytes.data()),
+                       static_cast<std::streamsize>(bytes.size()));
+        } else {
+            // Written before the run, so that the last line says which seed went wrong.
+            std::fprintf(stderr, "\rseed %lu", seed);
+            LLVMFuzzerTestOneInput(bytes.data(), bytes.size());
         }
-    } else {
-        RunSeeded(std::stoul(first), count > 2 ? static_cast<unsigned>(std::stoul(arguments[2])) : 1);
     }
+    std::fprintf(stderr, "\n");
 }

@@ -3,12 +3,12 @@
 #include "kits/BRoster.h"
 #include "kits/BView.h"
 #include "kits/BWindow.h"
-#include "tests/kits/test_application.h"
+#include "tests/support/home.h"
+#include "tests/support/recorders.h"
 
 #include <algorithm>
 #include <atomic>
 #include <csignal>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <stdexcept>
 #include <thread>
@@ -23,8 +23,7 @@ constexpr std::uint32_t kSecond = ks_message_code("SCND");
 
 class Application : public Test {
 protected:
-    void SetUp() override { setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1); }
-
+    ScopedVariable no_bus{"DBUS_SESSION_BUS_ADDRESS", "disabled:"};
     TestApplication app;
     TestServer server;
 };
@@ -78,25 +77,25 @@ TEST_F(Application, LosesNoMessageOfManyThreads) {
     EXPECT_EQ(count, kThreads * kEach);
 }
 
-class QuitSignal : public Application, public testing::WithParamInterface<int> {};
-
-TEST_P(QuitSignal, IsAQuitRequest) {
-    const auto is_blocked = [] {
-        sigset_t mask;
-        pthread_sigmask(SIG_SETMASK, nullptr, &mask);
-        return sigismember(&mask, GetParam()) == 1;
-    };
-    int asked = 0;
-    app.on_ready = [] { kill(getpid(), GetParam()); };
-    app.on_quit = [&] { return ++asked > 0; };
-    ASSERT_FALSE(is_blocked());
-    app.Run(&server);
-    EXPECT_EQ(asked, 1);
-    EXPECT_FALSE(is_blocked());
+TEST(QuitSignals, AreQuitRequestsWhileTheApplicationRuns) {
+    const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const auto is_blocked = [&] {
+            sigset_t mask;
+            pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+            return sigismember(&mask, signal) == 1;
+        };
+        ASSERT_FALSE(is_blocked());
+        int asked = 0;
+        TestApplication app;
+        TestServer server;
+        app.on_ready = [&] { kill(getpid(), signal); };
+        app.on_quit = [&] { return ++asked > 0; };
+        app.Run(&server);
+        EXPECT_EQ(asked, 1) << signal;
+        EXPECT_FALSE(is_blocked()) << signal;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Signals, QuitSignal, testing::Values(SIGTERM, SIGINT),
-                         [](const auto& param) { return param.param == SIGTERM ? "Term" : "Int"; });
 
 TEST_F(Application, ThrowsOnWhatAHookThrows) {
     app.on_ready = [] { throw std::runtime_error("no window"); };
@@ -128,7 +127,7 @@ TEST(ApplicationsWindows, AreShownByTheServerAndDeletedByTheApplication) {
         ~View() override { deleted = true; }
         bool& deleted;
     };
-    setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
+    const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     bool deleted = false;
     {
         TestApplication app;

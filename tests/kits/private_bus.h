@@ -2,12 +2,12 @@
 // A session bus of a test's own, its other users and its impostors.
 #pragma once
 
-#include "tests/kits/temporary_directory.h"
+#include "tests/support/home.h"
+#include "tests/support/recorders.h"
 
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
-#include <functional>
 #include <gtest/gtest.h>
 #include <poll.h>
 #include <spawn.h>
@@ -88,9 +88,7 @@ private:
 // A dbus-daemon that the environment names as the session bus.
 class PrivateBus {
 public:
-    PrivateBus() : daemon({"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1"}) {
-        setenv("DBUS_SESSION_BUS_ADDRESS", daemon.ReadLine().c_str(), 1);
-    }
+    PrivateBus() { setenv("DBUS_SESSION_BUS_ADDRESS", daemon.ReadLine().c_str(), 1); }
 
     // Returns once the bus has taken everything that was sent to it before. The bus serves all connections
     // that have something for it before it looks again, so the second answer comes after that.
@@ -110,14 +108,20 @@ public:
         return connection;
     }
 
-    ChildProcess daemon;
+private:
+    TemporaryDirectory _directory;
+
+public:
+    ChildProcess daemon{{"dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address=1",
+                         "--address=unix:path=" + _directory / "bus"}};
 };
 
-// A Unix socket that the environment names as the session bus and behind which `talk` serves the first
-// connection, if there is a `talk`: without one connections are taken and never answered.
+// A Unix socket that the environment names as the session bus. It gives its `answers` to the first
+// connection, one for each thing that it is sent, and reads on until the connection is closed; without
+// answers it never even takes a connection.
 class FakeBus {
 public:
-    explicit FakeBus(std::function<void(int connection)> talk = nullptr) {
+    explicit FakeBus(std::vector<std::string> answers = {}) : _answers(std::move(answers)) {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         const std::string path = _directory / "socket";
@@ -127,14 +131,8 @@ public:
             listen(_listener, 8) != 0)
             throw std::system_error(errno, std::generic_category(), "listen");
         setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + path).c_str(), 1);
-        if (talk)
-            _talker = std::thread([this, talk] {
-                const int connection = accept(_listener, nullptr, nullptr);
-                if (connection >= 0) {
-                    talk(connection);
-                    close(connection);
-                }
-            });
+        if (!_answers.empty())
+            _talker = std::thread([this] { Talk(); });
     }
     ~FakeBus() {
         shutdown(_listener, SHUT_RDWR);
@@ -145,8 +143,25 @@ public:
     FakeBus(const FakeBus&) = delete;
     FakeBus& operator=(const FakeBus&) = delete;
 
+    Journal<bool> closed;  // has an entry once the other side has closed the connection
+
 private:
+    void Talk() {
+        const int connection = accept(_listener, nullptr, nullptr);
+        char request[512];
+        for (const std::string& answer : _answers) {
+            if (read(connection, request, sizeof request) <= 0)
+                break;
+            send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);
+        }
+        while (read(connection, request, sizeof request) > 0) {
+        }
+        closed.Add(true);
+        close(connection);
+    }
+
     TemporaryDirectory _directory;
+    std::vector<std::string> _answers;
     int _listener = -1;
     std::thread _talker;
 };

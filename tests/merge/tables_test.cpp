@@ -1,21 +1,20 @@
 // SPDX-License-Identifier: MIT
-// The tables themselves, worked values, Dissolve's random numbers, and the pixels promised on every
-// processor.
-#include "tests/instruction_sets.h"
-#include "tests/merge/modes.h"
+// The tables themselves, worked values, and the pixels promised on every processor.
 #include "tests/published.h"
 #include "tests/reference/composition.h"
+#include "tests/support/levels.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
+#include <string>
 #include <vector>
 
 namespace {
 
-using Word = std::uint32_t;
+using reference::Word;
 using Row = std::vector<Word>;
 
 // The initialiser calls a kernel before main.
@@ -31,116 +30,60 @@ TEST(Tables, AreReadyBeforeMain) {
 }
 
 TEST(Tables, NameTheModesInTheirOrder) {
-    const char* const labels[] = {"Normal",
-                                  "Multiply",
-                                  "Screen",
-                                  "Erase",
-                                  "Add",
-                                  "Subtract",
-                                  "Darkest",
-                                  "Lightest",
-                                  "Difference",
-                                  "Average",
-                                  "Invert",
-                                  "Dissolve",
-                                  "Replace Hue",
-                                  "Replace Saturation",
-                                  "Replace Luminosity",
-                                  "Replace Color",
-                                  "XOR Mask",
-                                  "Alpha Mask",
-                                  "Copy",
-                                  "Over",
-                                  "Filter",
-                                  "Overlay"};
-    static_assert(std::size(labels) == kMergeCount);
+    std::string labels, destructive;
     for (int mode = 0; mode < kMergeCount; mode++) {
-        EXPECT_STREQ(KSMerge::composition_label[mode], labels[mode]);
-        EXPECT_EQ(KSMerge::merge_destructive[mode], mode == kMergeAlphaMask || mode == kMergeCopy);
+        labels += KSMerge::composition_label[mode] + std::string(";");
+        if (KSMerge::merge_destructive[mode])
+            destructive += KSMerge::composition_label[mode] + std::string(";");
     }
+    EXPECT_EQ(labels,
+              "Normal;Multiply;Screen;Erase;Add;Subtract;Darkest;Lightest;Difference;Average;Invert;Dissolve;"
+              "Replace Hue;Replace Saturation;Replace Luminosity;Replace Color;XOR Mask;Alpha Mask;Copy;Over;"
+              "Filter;Overlay;");
+    EXPECT_EQ(destructive, "Alpha Mask;Copy;");
 }
+
+using Oracle = Word(ks_composition_mode, Word dst, Word src, Word opacity, const reference::Random&);
 
 struct WorkedPixel {
     const char* name;
+    Oracle* oracle;
     ks_composition_mode mode;
     Word dst, src, opacity, want;
 };
 
-// Values worked by hand, so that the reference too is held to something.
+constexpr Oracle *OnPixel = reference::ComposePixel, *InRun = reference::ComposeInRun,
+                 *InArray = reference::ComposeInArray;
+
+// Values worked by hand, which the reference is held to as the kernels are held to the reference.
 constexpr WorkedPixel kWorked[] = {
-    // name                        mode                dst         src         opacity want
-    {"OpaqueDividesBy256", kMergeNormal, 0xFFFFFFFF, 0x80FFFFFF, 255, 0xFFFEFEFE},
-    {"MeanDividesBySumPlus1", kMergeNormal, 0x80FFFFFF, 0x80FFFFFF, 255, 0xBFFEFEFE},
-    {"ClearTakesSource", kMergeNormal, 0x00123456, 0x80FFFFFF, 128, 0x40FFFFFF},
-    {"ClearTakesSourceUnblended", kMergeMultiply, 0x00112233, 0x80FFFFFF, 128, 0x40FFFFFF},
-    {"ClearTakesSourceAtOpacity0", kMergeAdd, 0x00112233, 0x80FFFFFF, 0, 0x00FFFFFF},
-    {"Multiply", kMergeMultiply, 0xFF808080, 0xFF808080, 255, 0xFF404040},
-    {"Screen", kMergeScreen, 0xFF808080, 0xFF808080, 255, 0xFFBFBFBF},
-    {"HalfCoveredFades", kMergeAdd, 0x80406080, 0xFF404040, 255, 0xFF607080},
-    {"HueOfYellow", kMergeReplaceHue, 0xFFFF0000, 0xFFFFFF00, 255, 0xFFFFFF00},
-    {"HueOfGrey", kMergeReplaceHue, 0xFFFF0000, 0xFF808080, 255, 0xFFFF00FF},
-    {"ColorOfGrey", kMergeReplaceColor, 0xFFFF0000, 0xFF808080, 255, 0xFFFFFFFF},
-    {"EraseIgnoresOpacity", kMergeErase, 0xFF112233, 0x40000000, 0, 0xBF112233},
-    {"OverKeepsAlpha", kMergeOver, 0xFF112233, 0x01FFFFFF, 0, 0x01FFFFFF},
-    {"OverlayIsOpaque", kMergeOverlay, 0x00000000, 0x80FFFFFF, 255, 0xFF808080},
-    {"OverlayOfNothing", kMergeOverlay, 0x33445566, 0x80FFFFFF, 1, 0x33445566},
+    // name, oracle, mode, dst, src, opacity, want
+    {"OpaqueDividesBy256", OnPixel, kMergeNormal, 0xFFFFFFFF, 0x80FFFFFF, 255, 0xFFFEFEFE},
+    {"MeanDividesBySumPlus1", OnPixel, kMergeNormal, 0x80FFFFFF, 0x80FFFFFF, 255, 0xBFFEFEFE},
+    {"ClearTakesSource", OnPixel, kMergeNormal, 0x00123456, 0x80FFFFFF, 128, 0x40FFFFFF},
+    {"ClearTakesSourceUnblended", OnPixel, kMergeMultiply, 0x00112233, 0x80FFFFFF, 128, 0x40FFFFFF},
+    {"ClearTakesSourceAtOpacity0", OnPixel, kMergeAdd, 0x00112233, 0x80FFFFFF, 0, 0x00FFFFFF},
+    {"Multiply", OnPixel, kMergeMultiply, 0xFF808080, 0xFF808080, 255, 0xFF404040},
+    {"Screen", OnPixel, kMergeScreen, 0xFF808080, 0xFF808080, 255, 0xFFBFBFBF},
+    {"HalfCoveredFades", OnPixel, kMergeAdd, 0x80406080, 0xFF404040, 255, 0xFF607080},
+    {"HueOfYellow", OnPixel, kMergeReplaceHue, 0xFFFF0000, 0xFFFFFF00, 255, 0xFFFFFF00},
+    {"HueOfGrey", OnPixel, kMergeReplaceHue, 0xFFFF0000, 0xFF808080, 255, 0xFFFF00FF},
+    {"ColorOfGrey", OnPixel, kMergeReplaceColor, 0xFFFF0000, 0xFF808080, 255, 0xFFFFFFFF},
+    {"EraseIgnoresOpacity", OnPixel, kMergeErase, 0xFF112233, 0x40000000, 0, 0xBF112233},
+    {"OverKeepsAlpha", OnPixel, kMergeOver, 0xFF112233, 0x01FFFFFF, 0, 0x01FFFFFF},
+    {"OverlayIsOpaque", OnPixel, kMergeOverlay, 0x00000000, 0x80FFFFFF, 255, 0xFF808080},
+    {"OverlayOfNothing", OnPixel, kMergeOverlay, 0x33445566, 0x80FFFFFF, 1, 0x33445566},
+    {"EraseInARunScales", InRun, kMergeErase, 0x800A141E, 0x80000000, 255, 0x3F0A141E},
+    {"EraseOnAPixelSubtracts", OnPixel, kMergeErase, 0x800A141E, 0x80000000, 255, 0x000A141E},
+    {"ClearMask", InArray, kMergeAlphaMask, 0xC8090909, 0x00123456, 255, 0},
+    {"OpaqueMask", InArray, kMergeAlphaMask, 0xC8090909, 0xFF123456, 255, 0xC8090909},
+    {"HalfMask", InArray, kMergeAlphaMask, 0xC8090909, 0x80123456, 255, 0x64090909},
+    {"MaskOfNothing", InArray, kMergeAlphaMask, 0x00090909, 0x80123456, 255, 0},
 };
 
-TEST(WorkedValues, HoldForPixelsAndTheirReference) {
-    for (const WorkedPixel& row : kWorked) {
-        EXPECT_EQ(KSMerge::hash_pixel_func[row.mode](row.dst, row.src, row.opacity), row.want) << row.name;
-        EXPECT_EQ(reference::ComposePixel(row.mode, row.dst, row.src, row.opacity), row.want) << row.name;
-    }
-}
-
-TEST(WorkedValues, HoldWhereRunsDifferFromPixels) {
-    Word erased = 0x800A141E;
-    KSMerge::hash_color_func[kMergeErase](&erased, 0x80000000, 255, 1);
-    EXPECT_EQ(erased, 0x3F0A141Eu);
-    EXPECT_EQ(KSMerge::hash_pixel_func[kMergeErase](0x800A141E, 0x80000000, 255), 0x000A141Eu);
-
-    Row masked = {0xC8090909, 0xC8090909, 0xC8090909, 0x00090909};
-    const Row masks = {0x00123456, 0xFF123456, 0x80123456, 0x80123456};
-    KSMerge::hash_array_func[kMergeAlphaMask](masked.data(), masks.data(), 255, 4);
-    EXPECT_EQ(masked, Row({0, 0xC8090909, 0x64090909, 0}));
-}
-
-// Sources whose thresholds include 0 and 255, which must and must not draw a number.
-TEST(Dissolve, DrawsOneNumberPerUncertainPixelInOrder) {
-    Row src, dst;
-    for (Word i = 0; i < 600; i++) {
-        src.push_back((i * 7 % 256) << 24 | i);
-        dst.push_back(0x55000000 + i);
-    }
-    for (const InstructionSet set : RunnableInstructionSets())
-        for (const Word opacity : {255u, 254u, 100u, 0u}) {
-            const ScopedInstructionSet forced(set);
-            Row array = dst, run = dst, want_array = dst, want_run = dst;
-            std::srand(42);
-            for (std::size_t i = 0; i < dst.size(); i++)
-                want_array[i] = reference::ComposePixel(kMergeDissolve, dst[i], src[i], opacity);
-            for (std::size_t i = 0; i < dst.size(); i++)
-                want_run[i] = reference::ComposePixel(kMergeDissolve, dst[i], 0x80FF8040, opacity);
-            const int next = std::rand();
-            std::srand(42);
-            KSMerge::hash_array_func[kMergeDissolve](array.data(), src.data(), opacity, 600);
-            KSMerge::hash_color_func[kMergeDissolve](run.data(), 0x80FF8040, opacity, 600);
-            EXPECT_EQ(std::rand(), next);
-            EXPECT_EQ(array, want_array);
-            EXPECT_EQ(run, want_run);
-        }
-}
-
-TEST(Dissolve, DrawsNothingForOpaquePixels) {
-    Row run(100);
-    std::srand(1);
-    const int first = std::rand();
-    std::srand(1);
-    KSMerge::hash_color_func[kMergeDissolve](run.data(), 0xFF123456, 255, 100);
-    KSMerge::hash_color_func[kMergeDissolve](run.data(), 0, 255, -5);
-    EXPECT_EQ(KSMerge::hash_pixel_func[kMergeDissolve](0, 0xFF123456, 255), 0xFF123456u);
-    EXPECT_EQ(std::rand(), first);
-    EXPECT_EQ(run, Row(100, 0xFF123456));
+TEST(WorkedValues, HoldForTheReference) {
+    for (const WorkedPixel& row : kWorked)
+        EXPECT_EQ(row.oracle(row.mode, row.dst, row.src, row.opacity, std::rand), row.want) << row.name;
 }
 
 // A promise to keep: what these operations yield is the same on every processor and in every release. A hash
@@ -175,17 +118,17 @@ constexpr PublishedHash kPublished[] = {
     {kMergeOverlay, 0xBAF002C873A8340F, 0xC6FA01C088620C61},
 };
 
-TEST(PublishedHashes, HoldOnEveryInstructionSet) {
+TEST(PublishedHashes, HoldAtEveryLevel) {
     Sequence sequence;
     Row dst(4096), src(4096);
     for (std::size_t i = 0; i < dst.size(); i++) {
         dst[i] = sequence.NextPixel();
         src[i] = sequence.NextPixel();
     }
-    for (const InstructionSet set : RunnableInstructionSets())
+    for (const Level level : Levels())
         for (const PublishedHash& published : kPublished) {
-            const ScopedInstructionSet forced(set);
-            SCOPED_TRACE(ModeName(published.mode) + " on " + NameOf(set));
+            const ScopedLevel held(level);
+            SCOPED_TRACE(std::string(KSMerge::composition_label[published.mode]) + " on " + NameOf(level));
             Row runs = dst, arrays = dst;
             for (std::size_t i = 0; i < dst.size(); i += 61) {
                 const Word opacity = i % 2 ? 255 : src[i] & 255;

@@ -3,7 +3,7 @@
 #include "bitmaptools/KSBitmapTools.h"
 #include "merge/KSMerge.h"
 #include "raster/KSRaster.h"
-#include "tests/instruction_sets.h"
+#include "tests/support/levels.h"
 #include "tests/raster/pixels.h"
 
 #include <gtest/gtest.h>
@@ -19,38 +19,32 @@ using Pixels = std::vector<std::uint32_t>;
 
 constexpr int kSize = 40;
 
-void Compose(Pixels& pixels) {
-    for (std::size_t i = 0; i < pixels.size(); i += kSize)
-        KSMerge::hash_color_func[kMergeScreen](&pixels[i], 0x80402010, 200, kSize);
-}
-
-void Scale(Pixels& pixels) {
-    Pixels scaled(pixels.size());
-    KSBitmapTools::ScaleBiLin(kSize / 2, kSize / 2, kSize, kSize, pixels.data(), scaled.data(), kSize, kSize);
-    pixels = scaled;
-}
-
-void Draw(Pixels& pixels) {
-    KSRaster raster(KSRect<long>(0, 0, kSize - 1, kSize - 1));
-    raster.SetHighColor(200, 100, 50, 150);
-    raster.SetDrawingMode(kMergeNormal);
-    raster.FillEllipse(1, 2, kSize - 3, kSize - 2);
-    raster.StrokeLine(0, 0, kSize - 1, kSize / 2);
-    ForEachPixel(raster.Frame(), [&](long x, long y) {
-        pixels[static_cast<std::size_t>(y * kSize + x)] ^= PixelAt(raster, x, y);
-    });
-}
-
 // Each of these is some thread's first call.
-constexpr void (*kUses[])(Pixels&) = {Compose, Scale, Draw};
+constexpr void (*kUses[])(Pixels&) = {
+    [](Pixels& pixels) {
+        KSMerge::hash_color_func[kMergeScreen](pixels.data(), 0x80402010, 200, kSize * kSize);
+    },
+    [](Pixels& pixels) {
+        const Pixels source = pixels;
+        KSBitmapTools::ScaleBiLin(kSize / 2, kSize / 2, kSize, kSize, source.data(), pixels.data(), kSize,
+                                  kSize);
+    },
+    [](Pixels& pixels) {
+        KSRaster raster(KSRect<long>(0, 0, kSize - 1, kSize - 1));
+        raster.SetHighColor(200, 100, 50, 150);
+        raster.SetDrawingMode(kMergeNormal);
+        raster.FillEllipse(1, 2, kSize - 3, kSize - 2);
+        raster.StrokeLine(0, 0, kSize - 1, kSize / 2);
+        std::memcpy(pixels.data(), raster.Bits(), BytesOf(raster).size());
+    },
+};
 
-// Returns the pixels that each use makes, beginning with use number `first`.
+// Returns the pixels that each use makes of the same ones, beginning with use number `first`.
 std::vector<Pixels> AllUses(std::size_t first) {
-    std::vector<Pixels> made(std::size(kUses));
+    std::vector<Pixels> made(std::size(kUses), Pixels(kSize * kSize));
     for (std::size_t i = 0; i < made.size(); i++) {
         const std::size_t use = (first + i) % made.size();
-        for (std::uint32_t k = 0; k < kSize * kSize; k++)
-            made[use].push_back(k * 0x9E3779B1);
+        Noise(1).Paint(made[use]);
         kUses[use](made[use]);
     }
     return made;
@@ -59,7 +53,7 @@ std::vector<Pixels> AllUses(std::size_t first) {
 // A program of its own, so that nothing has been chosen or set up before.
 TEST(FirstUse, OfSeveralThreadsAtOnce) {
     constexpr std::size_t kThreads = 4;
-    ASSERT_EQ(instruction_set_in_use.load(), kInstructionSetUnknown) << "something was used before";
+    ASSERT_EQ(level_in_use.load(), kLevelUnknown) << "something was used before";
     std::vector<Pixels> made[kThreads];
     std::latch start(kThreads);
     std::vector<std::jthread> threads;
@@ -70,7 +64,7 @@ TEST(FirstUse, OfSeveralThreadsAtOnce) {
         });
     threads.clear();
 
-    const ScopedInstructionSet forced(InstructionSet::kBaseline);
+    const ScopedLevel held(Level::kBaseline);
     const std::vector<Pixels> want = AllUses(0);
     for (const auto& pixels : made)
         EXPECT_EQ(pixels, want);

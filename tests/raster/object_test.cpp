@@ -1,73 +1,115 @@
 // SPDX-License-Identifier: MIT
-// The raster as an object: storage, locks, frames, printing, and what its assertions catch.
-#include "kits/BBitmap.h"
-#include "raster/KSRaster.h"
-#include "tests/raster/pixels.h"
+// The raster as an object: storage and its copies, locks, frames, printing, and what its assertions catch.
+#include "tests/raster/everything.h"
 
 #include <gtest/gtest.h>
 
 #include <limits>
 #include <new>
-#include <string>
 
 namespace {
 
-using rect = KSRect<long>;
 constexpr long kLeast = std::numeric_limits<long>::min(), kMost = std::numeric_limits<long>::max();
 
-TEST(Raster, StartsTransparentAndLocked) {
+TEST(Raster, StartsTransparent) {
     const KSRaster raster({10, 20, 13, 21});
     EXPECT_EQ(raster.Width(), 4);
     EXPECT_EQ(raster.Height(), 2);
     EXPECT_EQ(raster.BytesPerRow(), 16);
-    EXPECT_EQ(raster.BitsLength(), 32);
-    EXPECT_TRUE(raster.IsLocked());
     EXPECT_EQ(raster.Bounds(), rect(0, 0, 3, 1));
-    EXPECT_EQ(raster.Origin(), KSPoint<long>(10, 20));
+    EXPECT_EQ(raster.Origin(), point(10, 20));
     EXPECT_EQ(raster.OptimizedFrame(), rect(1, 1, -1, -1));
-    EXPECT_EQ(raster.GetBBitmap(), nullptr);
     ForEachPixel(raster.Frame(), [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), 0u); });
+}
+
+// Each way to keep pixels.
+struct storage {
+    int space;
+    ks_raster_native native;
+    std::int32_t bytes;    // of a pixel
+    std::int32_t swapped;  // how many bytes SwapEndian reverses
+};
+
+constexpr storage kStorages[] = {
+    {0, kRasterInMemory, 1, 1}, {1, kRasterInMemory, 1, 1},  {2, kRasterInMemory, 2, 2},
+    {3, kRasterInMemory, 4, 4}, {3, kRasterInBBitmap, 4, 4}, {4, kRasterInMemory, 8, 1},
+    {5, kRasterInMemory, 4, 4}, {6, kRasterInMemory, 4, 4},
+};
+
+TEST(Raster, ComesBackFromArchivesAndDuplicates) {
+    for (const storage& kind : kStorages) {
+        SCOPED_TRACE(&kind - kStorages);
+        const auto space = static_cast<ks_color_space>(kind.space);
+        KSRaster raster({-7, 30, -3, 36}, kind.space % 2 ? "sky" : nullptr, space, kind.native);
+        raster.SetDrawingMode(kMergeAdd);
+        FillWithNoise(raster, 1);
+        KSMessage archive, read;
+        raster.Archive(&archive);
+        ASSERT_EQ(read.Unflatten(archive.Flatten()), kUnflattenOk);
+        EXPECT_EQ(KSRaster::ArchiveFault(&read), nullptr);
+        const KSRaster restored(&read);
+        const std::unique_ptr<KSRaster> duplicate(raster.DuplicateRaster());
+        for (const KSRaster* copy : {&restored, static_cast<const KSRaster*>(duplicate.get())}) {
+            EXPECT_EQ(copy->Frame(), raster.Frame());
+            EXPECT_STREQ(copy->Name(), raster.Name());
+            EXPECT_EQ(copy->ColorSpace(), space);
+            EXPECT_EQ(copy->BytesPerPixel(), kind.bytes);
+            EXPECT_EQ(copy->BitsLength(), 35 * kind.bytes);
+            EXPECT_EQ(copy->GetBBitmap() != nullptr, kind.native == kRasterInBBitmap);
+            EXPECT_EQ(copy->IsLocked(), kind.native == kRasterInMemory);
+            EXPECT_TRUE(SameBytes(*copy, raster));
+        }
+    }
+}
+
+TEST(Raster, DuplicatesBetweenAllStorages) {
+    for (const auto native :
+         {kRasterNativeDontChange, kRasterInMemory, kRasterInBBitmap, kRasterNativeAuto}) {
+        KSRaster memory({0, 0, 6, 4}), adopted(new BBitmap(BRect(-3, -2, 6, 4), B_RGB32));
+        for (KSRaster* source : {&memory, &adopted}) {
+            FillWithNoise(*source, 3);
+            const std::unique_ptr<KSRaster> copy(source->DuplicateRaster(native));
+            EXPECT_TRUE(SamePixels(*source, *copy)) << native;
+            EXPECT_EQ(copy->GetBBitmap() != nullptr,
+                      native == kRasterInBBitmap ||
+                          (native == kRasterNativeDontChange && source == &adopted));
+        }
+        EXPECT_FALSE(adopted.IsLocked());
+    }
+}
+
+TEST(Raster, SwapsFillsAndPaintsByTheSizeOfPixels) {
+    for (const storage& kind : kStorages) {
+        SCOPED_TRACE(&kind - kStorages);
+        KSRaster raster({0, 0, 3, 1}, nullptr, static_cast<ks_color_space>(kind.space), kind.native);
+        FillWithNoise(raster, 2);
+        const std::vector<unsigned char> before(BytesOf(raster).begin(), BytesOf(raster).end());
+        raster.SwapEndian();
+        const std::vector<unsigned char> swapped(BytesOf(raster).begin(), BytesOf(raster).end());
+        const std::size_t unit = static_cast<std::size_t>(kind.swapped);
+        raster.FillAlpha(0x80);
+        for (std::size_t i = 0; i < before.size(); i++) {
+            EXPECT_EQ(swapped[i], before[i / unit * unit + unit - 1 - i % unit]) << i;
+            EXPECT_EQ(BytesOf(raster)[i], unit == 4 && i % 4 == 3 ? 0x80 : swapped[i]) << i;
+        }
+        raster.SetHighColor(1, 2, 3, 255);
+        raster.FillRect(raster.Frame());
+        EXPECT_EQ(BytesOf(raster)[0], kind.bytes == 4 ? 3 : swapped[0]);
+    }
 }
 
 TEST(Raster, WithoutAFrameHasNoPixelsAndTakesAllCalls) {
     for (const rect frame : {rect(5, 5, 4, 9), rect(kMost, 0, kLeast, 0), rect(0, kMost, 5, kLeast)})
         for (const auto native : {kRasterInMemory, kRasterInBBitmap, kRasterNativeAuto}) {
             KSRaster raster(frame, "empty", KS_RGBA_COLOR_SPACE, native);
+            CallEverything(raster);
             EXPECT_TRUE(raster.IsValid());
             EXPECT_EQ(raster.Bits(), nullptr);
             EXPECT_EQ(raster.BytesPerRow(), 0);
             EXPECT_EQ(raster.BitsLength(), 0);
             EXPECT_FALSE(raster.IsLocked());
-            raster.Bounds();
-            raster.FillRect(kLeast, kLeast, kMost, kMost);
-            raster.StrokeLine(0, 0, 9, 5);
-            raster.FillEllipse(0, 0, 9, 9);
-            raster.FillTriangle({0, 0}, {9, 0}, {0, 9});
-            const KSPoint<long> corners[] = {{0, 0}, {9, 0}, {0, 9}};
-            raster.FillPolygon(corners, 3);
-            raster.Lock();
-            raster.InitEmpty();
-            raster.Unlock();
-            raster.FillAlpha(7);
-            raster.SwapEndian();
-            raster.ResetOptmizedFrame();
-            raster.OffsetTo(7, 7);
-            raster.OffsetBy(1, 1);
             EXPECT_EQ(raster.Frame(), frame);
         }
-}
-
-TEST(Raster, TakesAsManyBytesPerPixelAsItsColourSpaceSays) {
-    const std::int32_t kBytes[] = {1, 1, 2, 4, 8, 4, 4};
-    for (int space = 0; space < 7; space++) {
-        KSRaster raster({0, 0, 2, 1}, nullptr, static_cast<ks_color_space>(space));
-        EXPECT_EQ(raster.BytesPerPixel(), kBytes[space]) << space;
-        EXPECT_EQ(raster.BitsLength(), 6 * kBytes[space]) << space;
-        raster.SetHighColor(1, 2, 3, 255);
-        raster.FillRect(0, 0, 2, 1);
-        const auto* bytes = static_cast<const unsigned char*>(raster.Bits());
-        EXPECT_EQ(bytes[0], kBytes[space] == 4 ? 3 : 0) << space;
-    }
 }
 
 TEST(Raster, CopiesItsName) {
@@ -80,13 +122,11 @@ TEST(Raster, CopiesItsName) {
 }
 
 TEST(Raster, CannotBeLargerThanItsLengthCanSay) {
-    const rect kTooLarge[] = {
-        {0, 0, 32767, 16384}, {0, 0, 0x1FFFFFFF, 0}, {kLeast, 0, kMost, 0}, {0, kLeast, 0, kMost}};
-    for (const rect& frame : kTooLarge)
+    for (const rect& frame :
+         {rect(0, 0, 32767, 16384), {0, 0, 0x1FFFFFFF, 0}, {kLeast, 0, kMost, 0}, {0, kLeast, 0, kMost}})
         for (const auto native : {kRasterInMemory, kRasterInBBitmap})
             EXPECT_THROW(KSRaster(frame, "name", KS_RGBA_COLOR_SPACE, native), std::bad_alloc);
-    const KSRaster far({kMost - 2, kLeast, kMost, kLeast + 1});
-    EXPECT_EQ(far.BitsLength(), 24);
+    EXPECT_EQ(KSRaster({kMost - 2, kLeast, kMost, kLeast + 1}).BitsLength(), 24);
 }
 
 TEST(Raster, KeepsABitmapAsSmallAsItsFrame) {
@@ -95,49 +135,46 @@ TEST(Raster, KeepsABitmapAsSmallAsItsFrame) {
     EXPECT_EQ(raster.BytesPerRow(), 12);
     EXPECT_EQ(raster.GetBBitmap()->BitsLength(), 24);
     EXPECT_EQ(raster.GetBBitmap()->ColorSpace(), B_RGB32);
-    EXPECT_FALSE(raster.IsLocked());
     raster.FillRect(raster.Frame());
     EXPECT_EQ(PixelAt(raster, 16777219, 3000001), 0xFFFFFFFF);
 }
 
-TEST(Raster, StartsAdoptedBitmapsAtTheOrigin) {
+// Bitmaps hold all columns and rows from 0 on. Their rasters start at the origin.
+TEST(Raster, AdoptsBitmaps) {
+    const float nan = std::numeric_limits<float>::quiet_NaN(), inf = std::numeric_limits<float>::infinity();
     const struct {
         BRect bounds;
+        std::int32_t bytes_per_row, rows;
         rect want;
-    } kBounds[] = {
-        {{0, 0, 63, 31}, {0, 0, 63, 31}},
-        {{5, 5, 63.9F, 31.9F}, {0, 0, 63, 31}},
-        {{-5, -7, 3, 2}, {0, 0, 3, 2}},
-        {{-9, -9, -0.5F, -0.5F}, {0, 0, 0, 0}},
+    } kBitmaps[] = {
+        {{0, 0, 63, 31}, 256, 32, {0, 0, 63, 31}}, {{5, 5, 63.9F, 31.9F}, 256, 32, {0, 0, 63, 31}},
+        {{-5, -7, 3, 2}, 36, 10, {0, 0, 3, 2}},    {{-9, -9, -0.5F, -0.5F}, 36, 9, {0, 0, 0, 0}},
+        {{-9, -9, -3, -3}, 28, 7, {0, 0, -3, -3}}, {{-0.5F, 0, -0.5F, 0.5F}, 4, 1, {0, 0, 0, 0}},
+        {{0, 0, -1, -1}, 0, 0, {0, 0, -1, -1}},    {{100, 0, 63, 31}, 0, 0, {0, 0, 63, 31}},
+        {{nan, 0, 3, nan}, 0, 0, {0, 0, 3, -1}},   {{inf, inf, -inf, 3}, 0, 0, {0, 0, -1, 3}},
     };
-    for (const auto& [bounds, want] : kBounds) {
-        KSRaster raster(new BBitmap(bounds, B_RGB32), "adopted");
+    for (const auto& [bounds, bytes_per_row, rows, want] : kBitmaps) {
+        SCOPED_TRACE(&bounds - &kBitmaps[0].bounds);
+        auto* bitmap = new BBitmap(bounds, B_RGB32, true, true);
+        KSRaster raster(bitmap, "adopted");
+        EXPECT_EQ(bitmap->BytesPerRow(), bytes_per_row);
+        EXPECT_EQ(bitmap->BitsLength(), bytes_per_row * rows);
+        EXPECT_EQ(bitmap->Bits() == nullptr, rows == 0);
+        EXPECT_EQ(raster.GetBBitmap(), bitmap);
         EXPECT_EQ(raster.Frame(), want);
-        EXPECT_STREQ(raster.Name(), "adopted");
-        raster.FillRect(raster.Frame());
-        ForEachPixel(want, [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), 0xFFFFFFFF); });
-    }
-}
-
-TEST(Raster, AdoptsBitmapsWithoutPixels) {
-    const float nan = std::numeric_limits<float>::quiet_NaN(), inf = std::numeric_limits<float>::infinity();
-    for (const BRect bounds : {BRect(0, 0, -1, -1), BRect(-9, -9, -3, -3), BRect(100, 0, 63, 31),
-                               BRect(nan, 0, 3, nan), BRect(inf, inf, -inf, 3)}) {
-        KSRaster raster(new BBitmap(bounds, B_RGB32));
         raster.FillRect(kLeast, kLeast, kMost, kMost);
-        raster.FillAlpha(1);
-        raster.SwapEndian();
-        raster.ResetOptmizedFrame();
-        raster.Lock();
-        raster.InitEmpty();
-        raster.Unlock();
-        EXPECT_EQ(raster.BitsLength(), 0);
+        if (rows > 0)
+            ForEachPixel(want, [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), 0xFFFFFFFF); });
+        CallEverything(raster);
+        EXPECT_STREQ(raster.Name(), "adopted");
     }
     const KSRaster endless(new BBitmap(BRect(0, 9, inf, 3), B_RGB32));
     EXPECT_TRUE(endless.Frame().IsValid());
     EXPECT_EQ(endless.Bits(), nullptr);
     const KSRaster none(static_cast<BBitmap*>(nullptr));
     EXPECT_EQ(none.Frame(), rect(0, 0, -1, -1));
+    for (const BRect bounds : {BRect(0, 0, 1e30F, 0), BRect(0, 0, 32767, 16384), BRect(1e9F, 0, 1e9F, 0)})
+        EXPECT_THROW(BBitmap(bounds, B_RGB32), std::bad_alloc);
 }
 
 TEST(Raster, MovesBothFrames) {
@@ -159,39 +196,22 @@ TEST(Raster, MovesBothFrames) {
 
 TEST(Raster, StaysWhereItIsRatherThanLeaveTheRange) {
     KSRaster raster({10, 20, 13, 21});
-    for (const KSPoint<long> delta :
-         {KSPoint<long>(kMost, 0), {kMost - 12, 0}, {0, kMost - 20}, {0, kLeast}, {kLeast, kLeast}}) {
-        raster.OffsetBy(delta);
-        EXPECT_EQ(raster.Frame(), rect(10, 20, 13, 21));
-    }
-    raster.OffsetTo(kMost, kMost);
-    raster.OffsetTo(0, kLeast);
-    raster.OffsetTo(kLeast, kLeast);
+    for (const point by : {point(kMost, 0), {kMost - 12, 0}, {0, kMost - 20}, {0, kLeast}, {kLeast, kLeast}})
+        raster.OffsetBy(by);
+    for (const point to : {point(kMost, kMost), {0, kLeast}, {kLeast, kLeast}})
+        raster.OffsetTo(to);
     EXPECT_EQ(raster.Frame(), rect(10, 20, 13, 21));
 }
 
 TEST(Raster, FindsTheBoxOfVisiblePixels) {
-    KSRaster raster({-2, -3, 7, 6});
-    const auto check = [&] {
-        rect want;
-        ForEachPixel(raster.Frame(), [&](long x, long y) {
-            if (PixelAt(raster, x, y) >> 24 == 0)
-                return;
-            want = want.IsValid() ? rect(std::min(want.left, x), std::min(want.top, y),
-                                         std::max(want.right, x), std::max(want.bottom, y))
-                                  : rect(x, y, x, y);
-        });
-        raster.ResetOptmizedFrame();
-        EXPECT_EQ(raster.OptimizedFrame(), want);
-    };
-    std::mt19937 random(7);
+    Noise noise(7);
     for (int i = 0; i < 200; i++) {
-        const auto ones = static_cast<int>(random() % 4);
-        ForEachPixel(raster.Frame(), [&](long x, long y) { PixelAt(raster, x, y) = 0x00FFFFFF; });
-        for (int k = 0; k < ones; k++)
-            PixelAt(raster, -2 + static_cast<long>(random() % 10), -3 + static_cast<long>(random() % 10)) |=
-                0x01000000;
-        check();
+        KSRaster raster({-2, -3, 7, 6});
+        const point a(noise.In(-2, 7), noise.In(-3, 6)), b(noise.In(-2, 7), noise.In(-3, 6));
+        PixelAt(raster, a.x, a.y) = PixelAt(raster, b.x, b.y) = 0x01000000;
+        raster.ResetOptmizedFrame();
+        EXPECT_EQ(raster.OptimizedFrame(),
+                  rect(std::min(a.x, b.x), std::min(a.y, b.y), std::max(a.x, b.x), std::max(a.y, b.y)));
     }
     KSRaster other({0, 0, 1, 1}, nullptr, KS_RGBA64_COLOR_SPACE);
     other.InitEmpty();
@@ -210,20 +230,17 @@ TEST(Raster, BecomesWhiteOnlyWhileLocked) {
 }
 
 TEST(Raster, PrintsItsFrame) {
-    const auto printed = [](const KSRaster& raster, const char* label) {
-        testing::internal::CaptureStdout();
-        raster.PrintToStream(label);
-        return testing::internal::GetCapturedStdout();
-    };
     const std::string frame =
         "KSRect  Frame for KSRaster:\n    l:0.00 | t:0.00 | r:9.00 | b:4.00 | w:10.00 | h:5.00\n";
-    const KSRaster plain({0, 0, 9, 4}), named({0, 0, 9, 4}, "sky"), invalid({5, 5, 4, 9});
-    EXPECT_EQ(printed(plain, nullptr), "KSRaster 'no name'\n" + frame);
-    EXPECT_EQ(printed(plain, "here"), "KSRaster 'no name, here\n" + frame);
-    EXPECT_EQ(printed(named, nullptr), "KSRaster sky\n" + frame);
-    EXPECT_EQ(printed(named, "here"), "KSRaster sky, here\n" + frame);
-    EXPECT_EQ(printed(invalid, nullptr), "KSRaster 'no name'\nInvalid KSRect  Frame for KSRaster:\n"
-                                         "    l:5.00 | t:5.00 | r:4.00 | b:9.00 | w:0.00 | h:5.00\n");
+    const KSRaster plain({0, 0, 9, 4}), named({0, 0, 9, 4}, "sky");
+    testing::internal::CaptureStdout();
+    plain.PrintToStream();
+    plain.PrintToStream("here");
+    named.PrintToStream();
+    named.PrintToStream("here");
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "KSRaster 'no name'\n" + frame + "KSRaster 'no name, here\n" + frame + "KSRaster sky\n" +
+                  frame + "KSRaster sky, here\n" + frame);
 }
 
 TEST(RasterDeathTest, NamesConditionFileAndFunction) {

@@ -3,9 +3,11 @@
 #pragma once
 
 #include "raster/KSRaster.h"
+#include "tests/support/noise.h"
 
 #include <cstdint>
-#include <random>
+#include <cstring>
+#include <span>
 
 inline std::uint32_t& PixelAt(const KSRaster& raster, long x, long y) {
     auto* row = static_cast<unsigned char*>(raster.Bits()) + (y - raster.Frame().top) * raster.BytesPerRow();
@@ -19,9 +21,21 @@ template <class Visit> void ForEachPixel(const KSRect<long>& frame, Visit visit)
             visit(x, y);
 }
 
-inline void FillWithNoise(KSRaster& raster, unsigned seed) {
-    std::mt19937 random(seed);
-    ForEachPixel(raster.Frame(), [&](long x, long y) { PixelAt(raster, x, y) = random(); });
+inline std::span<unsigned char> BytesOf(const KSRaster& raster) {
+    return {static_cast<unsigned char*>(raster.Bits()), static_cast<std::size_t>(raster.BitsLength())};
+}
+
+// Fills the memory of a raster of any colour space.
+inline void FillWithNoise(const KSRaster& raster, std::uint32_t seed) {
+    Noise noise(seed);
+    for (unsigned char& byte : BytesOf(raster))
+        byte = static_cast<unsigned char>(noise.Word());
+}
+
+// Returns whether two rasters have the same memory.
+inline bool SameBytes(const KSRaster& one, const KSRaster& other) {
+    return one.BitsLength() == other.BitsLength() &&
+           (one.BitsLength() == 0 || std::memcmp(one.Bits(), other.Bits(), BytesOf(one).size()) == 0);
 }
 
 // Returns whether two rasters of one size hold the same pixels, wherever their frames are.

@@ -3,38 +3,17 @@
 #pragma once
 
 #include "merge/KSMerge.h"
+#include "tests/reference/channels.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdint>
 #include <cstdlib>
 #include <functional>
 
 namespace reference {
 
-using Integer = std::int64_t;
-using Word = std::uint32_t;
-
-// Alpha, red, green, blue, 0 to 255 each.
-using Channels = std::array<Integer, 4>;
-
-inline Channels Unpacked(Word word) {
-    return {word / 0x1000000, word / 0x10000 % 256, word / 0x100 % 256, word % 256};
-}
-
-inline Word Packed(const Channels& c) {
-    return static_cast<Word>(((c[0] * 256 + c[1]) * 256 + c[2]) * 256 + c[3]);
-}
-
-// Rounds down, also below 0.
-inline Integer FloorDivided(Integer n, Integer by) {
-    const Integer towards_zero = n / by;
-    return n % by < 0 ? towards_zero - 1 : towards_zero;
-}
-
 // The alpha of a source pixel as the opacity leaves it.
 inline Integer EffectiveAlpha(Integer alpha, Integer opacity) {
-    return opacity == 255 ? alpha : std::min<Integer>(65025, alpha * opacity) / 255;
+    return alpha * opacity / 255;
 }
 
 inline Channels ComposedOver(const Channels& d, const Channels& x, Integer a) {
@@ -85,20 +64,9 @@ inline Channels FromHue(const HueSaturationValue& h) {
     const Integer p = (255 - h.saturation) * v / 255;
     const Integer q = (255 - h.saturation * f / 255) * v / 255;
     const Integer t = (255 - h.saturation * (255 - f) / 255) * v / 255;
-    switch (sector) {
-    case 0:
-        return {0, v, t, p};
-    case 1:
-        return {0, q, v, p};
-    case 2:
-        return {0, p, v, t};
-    case 3:
-        return {0, p, q, v};
-    case 4:
-        return {0, t, p, v};
-    default:
-        return {0, v, p, q};
-    }
+    const Channels sectors[] = {{0, v, t, p}, {0, q, v, p}, {0, p, v, t},
+                                {0, p, q, v}, {0, t, p, v}, {0, v, p, q}};
+    return sectors[sector];
 }
 
 // One channel of the modes that have a formula for it.
@@ -149,7 +117,7 @@ inline Channels ComposedBlend(ks_composition_mode mode, const Channels& d, const
     if (s[0] == 0)
         return d;
     if (d[0] == 0)
-        return {std::min<Integer>(65025, s[0] * opacity) / 255, s[1], s[2], s[3]};
+        return {EffectiveAlpha(s[0], opacity), s[1], s[2], s[3]};
     Channels x = BlendedColor(mode, d, s);
     for (int c = 1; c < 4; c++)
         x[c] = (d[0] * x[c] + (255 - d[0]) * s[c]) / 255;
@@ -170,12 +138,10 @@ inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opac
         return Packed(ComposedOver(d, s, a));
     case kMergeErase:
         return Packed({std::max<Integer>(0, d[0] - s[0]), d[1], d[2], d[3]});
-    case kMergeDissolve: {
-        const Integer threshold = std::min<Integer>(255, s[0] * opacity / 255);
-        if (threshold == 255)
+    case kMergeDissolve:
+        if (a == 255)
             return src;
-        return random() % 256 < threshold ? Packed({255, s[1], s[2], s[3]}) : dst;
-    }
+        return random() % 256 < a ? Packed({255, s[1], s[2], s[3]}) : dst;
     case kMergeCopy:
         return src;
     case kMergeOver:
@@ -193,18 +159,14 @@ inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opac
     }
 }
 
-// What Erase stores in a run.
-inline Word EraseInRun(Word dst, Word src, Word opacity) {
-    const Channels d = Unpacked(dst), s = Unpacked(src);
-    const Integer e = std::min<Integer>(65025, s[0] * opacity);
-    return Packed({d[0] * (65025 - e) / 65025, d[1], d[2], d[3]});
-}
-
 // What the run kernel of `mode` stores for one pixel.
 inline Word ComposeInRun(ks_composition_mode mode, Word dst, Word color, Word opacity,
                          const Random& random = std::rand) {
-    return mode == kMergeErase ? EraseInRun(dst, color, opacity)
-                               : ComposePixel(mode, dst, color, opacity, random);
+    if (mode != kMergeErase)
+        return ComposePixel(mode, dst, color, opacity, random);
+    const Channels d = Unpacked(dst);
+    const Integer kept = 65025 - Unpacked(color)[0] * opacity;
+    return Packed({d[0] * kept / 65025, d[1], d[2], d[3]});
 }
 
 // What the array kernel of `mode` stores for one pixel.

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The drawing primitives in their plainest form: step by step, a pixel at a time, clipped last.
+// The drawing primitives in their plainest form: a pixel at a time, clipped last.
 //
-// A canvas is a plain array with a frame. It counts how often each pixel is painted, and paints by the
-// kernels of the modes, which have an oracle of their own. It takes time in proportion to the shapes.
+// A canvas is a plain array with a frame. It paints by the kernels of the modes, which have an oracle of
+// their own, and takes time in proportion to the shapes.
 #pragma once
 
 #include "hdr/KSPoint.h"
@@ -22,20 +22,17 @@ __extension__ using wide = __int128;
 
 class canvas {
 public:
-    explicit canvas(KSRect<long> frame) : _frame(frame), pixels(Size()), counts(Size()) {}
+    explicit canvas(KSRect<long> frame)
+        : _frame(frame), _pixels(static_cast<std::size_t>(frame.PixelWidth() * frame.PixelHeight())) {}
 
     std::uint32_t high = 0xFFFFFFFF;
     std::uint32_t low = 0;
     const unsigned char* pattern = nullptr;
-    int mode = 19;
+    int mode = kMergeOver;
 
-    long Width() const { return _frame.left <= _frame.right ? _frame.right - _frame.left + 1 : 0; }
-    long Height() const { return _frame.top <= _frame.bottom ? _frame.bottom - _frame.top + 1 : 0; }
-    bool Holds(long x, long y) const {
-        return _frame.left <= x && x <= _frame.right && _frame.top <= y && y <= _frame.bottom;
-    }
-    std::size_t Index(long x, long y) const {
-        return static_cast<std::size_t>((y - _frame.top) * Width() + (x - _frame.left));
+    // Returns a pixel of the frame.
+    std::uint32_t& At(long x, long y) {
+        return _pixels[static_cast<std::size_t>((y - _frame.top) * _frame.PixelWidth() + (x - _frame.left))];
     }
 
     void FillRect(long left, long top, long right, long bottom) {
@@ -44,7 +41,7 @@ public:
                 if (pattern)
                     PutPixel(x, y);
                 else
-                    Count(x, y, [&](std::uint32_t* p) { KSMerge::hash_color_func[mode](p, high, 255, 1); });
+                    KSMerge::hash_color_func[mode](&At(x, y), high, 255, 1);
     }
 
     void StrokeRect(long left, long top, long right, long bottom) {
@@ -55,31 +52,30 @@ public:
     }
 
     void PutPixel(long x, long y) {
-        if (!Holds(x, y))
+        if (x < _frame.left || x > _frame.right || y < _frame.top || y > _frame.bottom)
             return;
         const bool set = pattern == nullptr || ((pattern[y & 7] >> (x & 7)) & 1) != 0;
-        Count(x, y,
-              [&](std::uint32_t* p) { *p = KSMerge::hash_pixel_func[mode](*p, set ? high : low, 255); });
+        At(x, y) = KSMerge::hash_pixel_func[mode](At(x, y), set ? high : low, 255);
     }
 
     void StrokeLine(long x1, long y1, long x2, long y2) {
         if (x1 == x2 || y1 == y2)
             return FillRect(std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2));
-        long position[2] = {x1, y1};
-        long delta[2] = {std::abs(x2 - x1), std::abs(y2 - y1)};
-        long step[2] = {x2 > x1 ? 1 : -1, y2 > y1 ? 1 : -1};
-        const int major = delta[1] > delta[0] ? 1 : 0, minor = 1 - major;
-        long error = 2 * delta[minor] - delta[major];
-        for (long i = 0; i < delta[major]; i++) {
-            PutPixel(position[0], position[1]);
-            while (error >= 0) {
-                position[minor] += step[minor];
-                error -= 2 * delta[major];
-            }
-            position[major] += step[major];
-            error += 2 * delta[minor];
+        const wide dx = std::abs(x2 - x1), dy = std::abs(y2 - y1);
+        const bool steep = dy > dx;
+        const wide major = steep ? dy : dx, minor = steep ? dx : dy;
+        // The steps at which the major coordinate lies in the frame.
+        const long start = steep ? y1 : x1, end = steep ? y2 : x2;
+        const long least = steep ? _frame.top : _frame.left, most = steep ? _frame.bottom : _frame.right;
+        const wide first = start < end ? least - start : start - most;
+        const wide last = start < end ? most - start : start - least;
+        for (wide i = std::max<wide>(first, 0); i <= std::min(last, major); i++) {
+            // Before step i, the minor coordinate has moved round(i * minor / major) times, halves up.
+            const wide moved = (2 * minor * i + major) / (2 * major);
+            const auto along = static_cast<long>(steep ? moved : i),
+                       down = static_cast<long>(steep ? i : moved);
+            PutPixel(x2 > x1 ? x1 + along : x1 - along, y2 > y1 ? y1 + down : y1 - down);
         }
-        PutPixel(x2, y2);
     }
 
     void StrokeEllipse(long x1, long y1, long x2, long y2) {
@@ -109,10 +105,10 @@ public:
             });
     }
 
-    void FillPolygon(const std::vector<KSPoint<long>>& points) {
+    void FillPolygon(const KSPoint<long>* points, long count) {
         std::vector<std::array<long, 3>> crossings;
-        for (std::size_t i = 0; i < points.size(); i++)
-            Crossings(points[i], points[i + 1 == points.size() ? 0 : i + 1], crossings);
+        for (long i = 0; i < count; i++)
+            Crossings(points[i], points[(i + 1) % count], crossings);
         for (const auto& [row, first, second] : crossings)
             StrokeLine(first, row, second < -32000 ? first : second, row);
     }
@@ -130,21 +126,12 @@ public:
 
 private:
     KSRect<long> _frame;
-
-public:
-    std::vector<std::uint32_t> pixels;  // row after row, without gaps
-    std::vector<int> counts;            // how often each was painted
-
-private:
-    std::size_t Size() const { return static_cast<std::size_t>(Width() * Height()); }
-
-    template <class Paint> void Count(long x, long y, Paint paint) {
-        paint(&pixels[Index(x, y)]);
-        counts[Index(x, y)]++;
-    }
+    std::vector<std::uint32_t> _pixels;  // row after row, without gaps
 
     template <class Flat, class Steep>
     static void WalkEllipse(long x1, long y1, long x2, long y2, Flat first, Steep second) {
+        if (x1 > x2 || y1 > y2)
+            return;
         const long cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
         const long a = cx - x1, b = cy - y1;
         const wide t1 = wide{a} * a, t2 = 2 * t1, t3 = 2 * t2, t4 = wide{b} * b, t5 = 2 * t4, t6 = 2 * t5;
@@ -188,11 +175,9 @@ private:
         const long slope = (to.x - from.x) * 256 / (to.y - from.y);
         for (long y = std::max(from.y + 1, _frame.top); y <= std::min(to.y, _frame.bottom); y++) {
             const long fixed = from.x * 256 + slope * (y - from.y);
-            std::array<long, 3>* found = nullptr;
-            for (auto& crossing : crossings)
-                if (found == nullptr && crossing[0] == y)
-                    found = &crossing;
-            if (found)
+            const auto found =
+                std::find_if(crossings.begin(), crossings.end(), [y](const auto& c) { return c[0] == y; });
+            if (found != crossings.end())
                 (*found)[2] = fixed >> 8;
             else
                 crossings.push_back({y, fixed >> 8, -32001});

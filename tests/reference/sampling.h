@@ -5,6 +5,7 @@
 
 #include "hdr/KSPoint.h"
 #include "hdr/KSRect.h"
+#include "tests/reference/channels.h"
 
 #include <algorithm>
 #include <array>
@@ -18,65 +19,43 @@ namespace reference {
 
 using i64 = std::int64_t;
 
-struct Channels {
-    i64 alpha = 0, red = 0, green = 0, blue = 0;
-
-    Channels() = default;
-    explicit Channels(std::uint32_t word)
-        : alpha(word / 0x1000000), red(word / 0x10000 % 256), green(word / 0x100 % 256), blue(word % 256) {}
-    std::uint32_t Word() const {
-        return static_cast<std::uint32_t>(((alpha * 256 + red) * 256 + green) * 256 + blue);
-    }
-};
-
-inline i64 FloorDivide(i64 a, i64 b) {
-    return a / b - (a % b < 0);
-}
-
 // The source of an operation, asked for pixels at positions in 1/4096 of a pixel.
 struct Source {
-    const std::uint32_t* pixels;
+    const Word* pixels;
     i64 width, height, row_length;
 
     std::optional<Channels> At(i64 x, i64 y) const {
         if (x < 0 || y < 0 || x >= width || y >= height)
             return std::nullopt;
-        return Channels(pixels[y * row_length + x]);
+        return Unpacked(pixels[y * row_length + x]);
     }
 
-    std::optional<std::uint32_t> Nearest(i64 x, i64 y) const {
-        const auto pixel = At(FloorDivide(x, 4096), FloorDivide(y, 4096));
-        return pixel ? std::optional(pixel->Word()) : std::nullopt;
+    std::optional<Word> Nearest(i64 x, i64 y) const {
+        const auto pixel = At(FloorDivided(x, 4096), FloorDivided(y, 4096));
+        return pixel ? std::optional(Packed(*pixel)) : std::nullopt;
     }
 
-    std::optional<std::uint32_t> Bilinear(i64 x, i64 y) const {
-        const i64 ix = FloorDivide(x, 4096), iy = FloorDivide(y, 4096);
+    std::optional<Word> Bilinear(i64 x, i64 y) const {
+        const i64 ix = FloorDivided(x, 4096), iy = FloorDivided(y, 4096);
         const i64 fx = x - ix * 4096, fy = y - iy * 4096;
         if (ix < -1 || iy < -1 || ix >= width || iy >= height)
             return std::nullopt;
-        Channels sums;
+        Channels sums = {};
         for (int row = 0; row < 2; ++row)
             for (int column = 0; column < 2; ++column) {
                 const Channels pixel = At(ix + column, iy + row).value_or(Channels());
-                const i64 v = (column ? fx : 4096 - fx) * (row ? fy : 4096 - fy) * pixel.alpha;
+                const i64 v = (column ? fx : 4096 - fx) * (row ? fy : 4096 - fy) * pixel[0];
                 const i64 weight = (v + v / 256 + 1) / 256;
-                sums.alpha += weight;
-                sums.red += weight * pixel.red;
-                sums.green += weight * pixel.green;
-                sums.blue += weight * pixel.blue;
+                sums[0] += weight;
+                for (std::size_t c = 1; c < 4; ++c)
+                    sums[c] += weight * pixel[c];
             }
-        Channels result;
-        if (const i64 w = sums.alpha) {
-            result.alpha = w / 65536;
-            result.red = sums.red / w;
-            result.green = sums.green / w;
-            result.blue = sums.blue / w;
-        }
-        return result.Word();
+        const i64 w = sums[0];
+        return w == 0 ? 0 : Packed({w / 65536, sums[1] / w, sums[2] / w, sums[3] / w});
     }
 };
 
-inline void Store(std::uint32_t& pixel, std::optional<std::uint32_t> value) {
+inline void Store(Word& pixel, std::optional<Word> value) {
     if (value)
         pixel = *value;
 }
@@ -84,57 +63,53 @@ inline void Store(std::uint32_t& pixel, std::optional<std::uint32_t> value) {
 // Has the functions of KSBitmapTools, with their arguments.
 class BitmapTools {
 public:
-    using Words = const std::uint32_t*;
+    using Words = const Word*;
+    using Rect = KSRect<long>;
+    using Point = KSPoint<double>;
 
-    static void ScalePlain(std::int32_t sw, std::int32_t sh, std::int32_t dw, std::int32_t dh, Words source,
-                           std::uint32_t* destination, std::int32_t source_row,
-                           std::int32_t destination_row) {
-        Scale({source, sw, sh, source_row}, dw, dh, destination, destination_row, 0, &Source::Nearest);
+    static void ScalePlain(int sw, int sh, int dw, int dh, Words source, Word* result, int source_row,
+                           int result_row) {
+        Scale({source, sw, sh, source_row}, dw, dh, result, result_row, 0, &Source::Nearest);
     }
 
-    static void ScaleBiLin(std::int32_t sw, std::int32_t sh, std::int32_t dw, std::int32_t dh, Words source,
-                           std::uint32_t* destination, std::int32_t source_row,
-                           std::int32_t destination_row) {
-        Scale({source, sw, sh, source_row}, dw, dh, destination, destination_row, -2047, &Source::Bilinear);
+    static void ScaleBiLin(int sw, int sh, int dw, int dh, Words source, Word* result, int source_row,
+                           int result_row) {
+        Scale({source, sw, sh, source_row}, dw, dh, result, result_row, -2047, &Source::Bilinear);
     }
 
-    static void RotatePlain(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle,
-                            Words source, std::uint32_t* destination, std::uint32_t source_row,
-                            std::uint32_t destination_row) {
-        Rotate(from, to, centre, angle, source, destination, source_row, destination_row, &Source::Nearest);
+    static void RotatePlain(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
+                            Word source_row, Word result_row) {
+        Rotate(from, to, centre, angle, source, result, source_row, result_row, &Source::Nearest);
     }
 
-    static void RotateBiLin(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle,
-                            Words source, std::uint32_t* destination, std::uint32_t source_row,
-                            std::uint32_t destination_row) {
-        Rotate(from, to, centre, angle, source, destination, source_row, destination_row, &Source::Bilinear);
+    static void RotateBiLin(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
+                            Word source_row, Word result_row) {
+        Rotate(from, to, centre, angle, source, result, source_row, result_row, &Source::Bilinear);
     }
 
-    static void TransformPlain(KSRect<long> from, KSPoint<double> p0, KSPoint<double> p1, KSPoint<double> p2,
-                               KSPoint<double> p3, KSRect<long> to, Words source, std::uint32_t* destination,
-                               std::uint32_t source_row, std::uint32_t destination_row) {
+    static void TransformPlain(Rect from, Point p0, Point p1, Point p2, Point p3, Rect to, Words source,
+                               Word* result, Word source_row, Word result_row) {
         const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
         const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
-        Transform({p0, p1, p2, p3}, to, destination, destination_row, 0, 1, [&](double t, double v) {
+        Transform({p0, p1, p2, p3}, to, result, result_row, 0, 1, [&](double t, double v) {
             const i64 x = std::min(static_cast<i64>(std::trunc(t * w)), image.width - 1);
             const i64 y = std::min(static_cast<i64>(std::trunc((1 - v) * h)), image.height - 1);
             return image.Nearest(x * 4096, y * 4096);
         });
     }
 
-    static void TransformBiLin(KSRect<long> from, KSPoint<double> p0, KSPoint<double> p1, KSPoint<double> p2,
-                               KSPoint<double> p3, KSRect<long> to, Words source, std::uint32_t* destination,
-                               std::uint32_t source_row, std::uint32_t destination_row) {
+    static void TransformBiLin(Rect from, Point p0, Point p1, Point p2, Point p3, Rect to, Words source,
+                               Word* result, Word source_row, Word result_row) {
         const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
         const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
-        Transform({p0, p1, p2, p3}, to, destination, destination_row, -0.1, 1.1, [&](double t, double v) {
+        Transform({p0, p1, p2, p3}, to, result, result_row, -0.1, 1.1, [&](double t, double v) {
             return image.Bilinear(static_cast<i64>(std::trunc(t * w * 4096)) - 2047,
                                   static_cast<i64>(std::trunc((1 - v) * h * 4096)) - 2047);
         });
     }
 
-    static void NoiseRemover(std::uint8_t* image, std::uint32_t width, std::uint32_t height,
-                             std::uint8_t radius, std::uint8_t threshold) {
+    static void NoiseRemover(std::uint8_t* image, Word width, Word height, std::uint8_t radius,
+                             std::uint8_t threshold) {
         const i64 w = width, h = height, r = radius;
         const std::vector<std::uint8_t> before(image, image + w * h);
         const auto at = [&](i64 x, i64 y) -> int {
@@ -161,21 +136,20 @@ public:
     }
 
 private:
-    using Sampler = std::optional<std::uint32_t> (Source::*)(i64, i64) const;
+    using Sampler = std::optional<Word> (Source::*)(i64, i64) const;
 
-    static void Scale(const Source& image, i64 width, i64 height, std::uint32_t* destination, i64 row_length,
-                      i64 start, Sampler sampler) {
+    static void Scale(const Source& image, i64 width, i64 height, Word* result, i64 row_length, i64 start,
+                      Sampler sampler) {
         i64 y = start;
         for (i64 j = 0; j < height; ++j, y += image.height * 4096 / height) {
             i64 x = start;
             for (i64 i = 0; i < width; ++i, x += image.width * 4096 / width)
-                Store(destination[j * row_length + i], (image.*sampler)(x, y));
+                Store(result[j * row_length + i], (image.*sampler)(x, y));
         }
     }
 
-    static void Rotate(KSRect<long> from, KSRect<long> to, KSPoint<double> centre, double angle, Words source,
-                       std::uint32_t* destination, std::uint32_t source_row, std::uint32_t destination_row,
-                       Sampler sampler) {
+    static void Rotate(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
+                       Word source_row, Word result_row, Sampler sampler) {
         const i64 shift = 65536, w = from.PixelWidth(), h = from.PixelHeight();
         const i64 left = from.left + shift, top = from.top + shift;
         const double cx = centre.x + 65536, cy = centre.y + 65536;
@@ -183,8 +157,7 @@ private:
             const double x = static_cast<double>(px), y = static_cast<double>(py);
             const auto cosine = static_cast<double>(std::cos(static_cast<long double>(theta)));
             const auto sine = static_cast<double>(std::sin(static_cast<long double>(theta)));
-            return KSPoint<double>(cx + (x - cx) * cosine + (y - cy) * sine,
-                                   cy + (y - cy) * cosine - (x - cx) * sine);
+            return Point(cx + (x - cx) * cosine + (y - cy) * sine, cy + (y - cy) * cosine - (x - cx) * sine);
         };
         const auto floored = [&](i64 x, i64 y) {
             const auto p = map(x, y, angle);
@@ -200,14 +173,13 @@ private:
             for (i64 i = 0; i < to.PixelWidth(); ++i) {
                 const i64 x = x0 + j * ((tl.x - bl.x) / h) + i * ((tr.x - tl.x) / w);
                 const i64 y = y0 + j * ((bl.y - tl.y) / h) + i * ((tl.y - tr.y) / w);
-                Store(destination[j * destination_row + i],
-                      (image.*sampler)(x - left * 4096, y - top * 4096));
+                Store(result[j * result_row + i], (image.*sampler)(x - left * 4096, y - top * 4096));
             }
     }
 
     template <class Pixel>
-    static void Transform(std::array<KSPoint<double>, 4> p, KSRect<long> to, std::uint32_t* destination,
-                          i64 row_length, double least, double most, Pixel pixel) {
+    static void Transform(std::array<Point, 4> p, Rect to, Word* result, i64 row_length, double least,
+                          double most, Pixel pixel) {
         for (auto& point : p)
             point = {point.x + 65536, point.y + 65536};
         const bool x_parallel = std::floor(p[1].x - p[0].x) == std::floor(p[2].x - p[3].x);
@@ -237,7 +209,7 @@ private:
                     continue;
                 const double v = (X - bx * t - p[3].x) / divisor;
                 if (least <= v && v <= most)
-                    Store(destination[j * row_length + i], pixel(t, v));
+                    Store(result[j * row_length + i], pixel(t, v));
             }
     }
 };

@@ -4,8 +4,8 @@
 
 #include "settings/languages.h"
 #include "settings/model.h"
-#include "tests/reference/settings_reader.h"
-#include "tests/settings/home.h"
+#include "tests/reference/settings_values.h"
+#include "tests/support/home.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
 #include "toolkit/KSContainer.h"
@@ -15,46 +15,44 @@
 #include "toolkit/KSPopFont.h"
 #include "toolkit/KSSpinBox.h"
 
-#include <memory>
+#include <string>
 
 // Fills the references of the model with new editors. FillLanguageList reads the catalogs directory.
 class Editors {
 public:
-    Editors() : _container({0, 0, 495, 300}, "view") {
-        auto* root = new KSControl(nullptr, 0);
+    Editors() {
         for (int pen = 0; pen < KS_PEN_NONE; ++pen)
-            config::_colors[pen] = Add(root, new KSColorField(nullptr, 0));
+            Add(config::_colors[pen]);
         for (KSPopFile*& background : config::_backgrounds)
-            background = Add(root, new KSPopFile(nullptr, 0));
+            Add(background);
         for (KSPopFont*& font : config::_fonts)
-            font = Add(root, new KSPopFont(nullptr, 0));
-        config::_bubblehelp = Add(root, new KSCheckBox(nullptr, 0));
-        config::_beos_size = Add(root, new KSCheckBox(nullptr, 0));
-        config::_bubbletime = AddSpinBox(root, 500000, 10000000);
-        config::_mousetime = AddSpinBox(root, 10000, 50000);
-        config::_look = Add(root, new KSCycle(nullptr, 0));
-        config::_look->AddLabel("BeOS");
-        config::_look->AddLabel("Nymbrel");
+            Add(font);
+        Add(config::_bubblehelp);
+        Add(config::_beos_size);
+        Add(config::_bubbletime);
+        config::_bubbletime->SetMaxValue(10000000);
+        config::_bubbletime->SetMinValue(500000);
+        Add(config::_mousetime);
+        config::_mousetime->SetMaxValue(50000);
+        config::_mousetime->SetMinValue(10000);
+        Add(config::_look);
+        for (const char* look : {"BeOS", "Nymbrel"})
+            config::_look->AddLabel(look);
         config::FillLanguageList();
-        Add(root, config::_llist);
-        _container.SetContent(root);
+        _root->AddChild(config::_llist, nullptr);
+        _container.SetContent(_root);
     }
 
     KSContainer& Container() { return _container; }
 
 private:
-    template <class Control> static Control* Add(KSControl* parent, Control* child) {
-        parent->AddChild(child, nullptr);
-        return child;
-    }
-    static KSSpinBox* AddSpinBox(KSControl* parent, float minimum, float maximum) {
-        auto* box = Add(parent, new KSSpinBox(nullptr, 0));
-        box->SetMinValue(minimum);
-        box->SetMaxValue(maximum);
-        return box;
+    template <class Control> void Add(Control*& editor) {
+        editor = new Control(nullptr, 0);
+        _root->AddChild(editor, nullptr);
     }
 
-    KSContainer _container;
+    KSContainer _container{{0, 0, 495, 300}, "view"};
+    KSControl* _root = new KSControl(nullptr, 0);
 };
 
 inline reference::font font_value(const KSPopFont& editor) {
@@ -84,4 +82,9 @@ inline reference::settings editor_values() {
     for (std::size_t i = 0; i < values.fonts.size(); ++i)
         values.fonts[i] = font_value(*_fonts[i]);
     return values;
+}
+
+// The settings that a program without a settings file has.
+inline reference::settings default_values() {
+    return reference::settings(font_value(KSPopFont(nullptr, 0)));
 }

@@ -6,7 +6,6 @@
 
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 
 namespace {
@@ -48,10 +47,6 @@ void ExpectFields(const KSMessage& message) {
     EXPECT_EQ(std::memcmp(data, "\0\1\2", 3), 0);
 }
 
-TEST(Message, FindsWhatWasAdded) {
-    ExpectFields(MakeMessage());
-}
-
 TEST(Message, LeavesTargetsAloneForWhatIsMissing) {
     const KSMessage message = MakeMessage();
     const char* text = "before";
@@ -59,17 +54,13 @@ TEST(Message, LeavesTargetsAloneForWhatIsMissing) {
     std::int32_t number = 7;
     const void* data = &number;
     std::size_t size = 8;
-    EXPECT_FALSE(message.FindString("number", &text));
-    EXPECT_FALSE(message.FindRect("text", &rect));
-    EXPECT_FALSE(message.FindInt32("rect", &number));
-    EXPECT_FALSE(message.FindInt32(nullptr, &number));
-    EXPECT_FALSE(message.FindData("data", 0x11111111, &data, &size));
-    EXPECT_FALSE(message.FindData("number", 0x4C4F4E47, &data, &size));
+    EXPECT_FALSE(message.FindString("number", &text) || message.FindRect("text", &rect) ||
+                 message.FindInt32("rect", &number) || message.FindInt32(nullptr, &number) ||
+                 message.FindData("data", 0x11111111, &data, &size) ||
+                 message.FindData("number", 0x4C4F4E47, &data, &size));
     EXPECT_STREQ(text, "before");
     EXPECT_EQ(rect, KSRect<long>(1, 2, 3, 4));
-    EXPECT_EQ(number, 7);
-    EXPECT_EQ(data, &number);
-    EXPECT_EQ(size, 8u);
+    EXPECT_TRUE(number == 7 && data == &number && size == 8);
 }
 
 TEST(Message, RefusesWhatItCannotKeep) {
@@ -83,18 +74,6 @@ TEST(Message, RefusesWhatItCannotKeep) {
     EXPECT_EQ(message.CountFields(), 0u);
 }
 
-TEST(Message, CopiesAndMovesItsFields) {
-    KSMessage message = MakeMessage(), copy(message), assigned;
-    assigned = message;
-    message.AddInt32("number", 7);
-    ExpectFields(copy);
-    ExpectFields(assigned);
-    const KSMessage moved(std::move(copy));
-    ExpectFields(moved);
-    message = std::move(assigned);
-    ExpectFields(message);
-}
-
 TEST(Message, FlattensIntoTheDocumentedBytes) {
     KSMessage message;
     message.AddInt32("ab", -2);
@@ -104,39 +83,30 @@ TEST(Message, FlattensIntoTheDocumentedBytes) {
     EXPECT_EQ(message.Flatten(), want);
 }
 
-TEST(Message, ComesBackFromItsBytes) {
+TEST(Message, ComesBackFromItsBytesAndFromNoPartOfThem) {
     bytes flat = MakeMessage().Flatten();
-    flat.push_back(0xAA);
     KSMessage message;
     message.AddInt32("old", 1);
+    for (std::size_t size = 0; size < flat.size(); size++)
+        EXPECT_EQ(message.Unflatten(std::span(flat).first(size)), kUnflattenTruncated) << size;
+    flat.push_back(0xAA);
     ASSERT_EQ(message.Unflatten(flat), kUnflattenOk);
     ExpectFields(message);
     EXPECT_EQ(message.Unflatten(KSMessage().Flatten()), kUnflattenOk);
     EXPECT_EQ(message.CountFields(), 0u);
 }
 
-TEST(Message, ReportsEveryLengthItIsCutTo) {
-    const bytes flat = MakeMessage().Flatten();
-    KSMessage message;
-    for (std::size_t size = 0; size < flat.size(); size++) {
-        const bytes cut(flat.begin(), flat.begin() + static_cast<std::ptrdiff_t>(size));
-        EXPECT_EQ(message.Unflatten(cut), kUnflattenTruncated) << size;
-    }
-}
-
-struct damage {
-    const char* name;
-    std::size_t at;
-    bytes with;
-    ks_unflatten_result want;
-};
-
 TEST(Message, SaysWhatIsWrong) {
     KSMessage message;
     message.AddString("ab", "cd");
     message.AddInt32("n", 1);
     const bytes flat = message.Flatten();  // header 20, field 16 + 2 + 3, field 16 + 1 + 4
-    const damage kDamages[] = {
+    const struct {
+        const char* name;
+        std::size_t at;
+        bytes with;
+        ks_unflatten_result want;
+    } damages[] = {
         {"Signature", 0, {'m'}, kUnflattenNotAMessage},
         {"LastOfSignature", 3, {0}, kUnflattenNotAMessage},
         {"Version", 4, {2}, kUnflattenUnknownVersion},
@@ -158,28 +128,12 @@ TEST(Message, SaysWhatIsWrong) {
         {"RectOfWrongSize", 20, {'T', 'C', 'R', 'K'}, kUnflattenDamaged},
     };
     ASSERT_EQ(flat.size(), 62u);
-    for (const damage& d : kDamages) {
+    for (const auto& d : damages) {
         bytes damaged = flat;
         std::copy(d.with.begin(), d.with.end(), damaged.begin() + static_cast<std::ptrdiff_t>(d.at));
         KSMessage target = MakeMessage();
         EXPECT_EQ(target.Unflatten(damaged), d.want) << d.name;
         ExpectFields(target);
-    }
-}
-
-TEST(Message, SurvivesRandomDamage) {
-    const bytes flat = MakeMessage().Flatten();
-    std::mt19937 random(11);
-    for (int i = 0; i < 20000; i++) {
-        bytes damaged = flat;
-        for (unsigned k = 1 + random() % 3; k > 0; k--)
-            damaged[random() % damaged.size()] = static_cast<std::uint8_t>(random());
-        KSMessage message;
-        if (message.Unflatten(damaged) == kUnflattenOk) {
-            KSMessage again;
-            ASSERT_EQ(again.Unflatten(message.Flatten()), kUnflattenOk);
-            ASSERT_EQ(again.Flatten(), message.Flatten());
-        }
     }
 }
 

@@ -1,0 +1,273 @@
+// SPDX-License-Identifier: MIT
+// The kernels of every mode at every level: what they make of pixels, against the modes computed
+// one channel at a time, and which memory they touch.
+#include "tests/reference/composition.h"
+#include "tests/support/guarded_array.h"
+#include "tests/support/levels.h"
+#include "tests/support/noise.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+using reference::Word;
+using Row = std::vector<Word>;
+
+constexpr Word kAlphas[] = {0, 1, 2, 64, 127, 128, 200, 254, 255};
+
+Word Pixel(Word alpha, Word red, Word green, Word blue) {
+    return alpha << 24 | red << 16 | green << 8 | blue;
+}
+
+// Returns the row word(0), word(1), ...
+template <class Function> Row Made(Word count, Function word) {
+    Row row(count);
+    for (Word i = 0; i < count; i++)
+        row[i] = word(i);
+    return row;
+}
+
+// Starts the numbers that Dissolve draws anew.
+void Restart(ks_composition_mode mode) {
+    if (mode == kMergeDissolve)
+        std::srand(42);
+}
+
+// Composes `src` onto `dst` with all kernels; with those of runs if `src` is of one color. Where they draw
+// random numbers, the next number tells how many.
+void Check(ks_composition_mode mode, const Row& dst, const Row& src, Word opacity) {
+    const auto composed = [&](auto compose) {
+        Restart(mode);
+        Row row = dst;
+        compose(row.data());
+        row.push_back(mode == kMergeDissolve ? static_cast<Word>(std::rand()) : 0);
+        return row;
+    };
+    const auto expect = [&](const char* family, const Row& want, auto kernel) {
+        const Row got = composed(kernel);
+        if (got == want)
+            return;
+        const auto i = static_cast<std::size_t>(std::ranges::mismatch(got, want).in1 - got.begin());
+        FAIL() << family << " on " << NameOf(ActiveLevel()) << ", pixel " << i << " of " << dst.size()
+               << ", opacity " << opacity << std::hex << ": got " << got[i] << ", want " << want[i]
+               << ", dst " << dst[i % dst.size()] << ", src " << src[i % src.size()];
+    };
+    const auto wanted = [&](auto oracle) {
+        return composed([&](Word* row) {
+            for (std::size_t i = 0; i < dst.size(); i++)
+                row[i] = oracle(mode, row[i], src[i], std::min(opacity, 255u), std::rand);
+        });
+    };
+    const bool differ = mode == kMergeErase || mode == kMergeAlphaMask;
+    const Row pixels = wanted(reference::ComposePixel);
+    const Row array = differ ? wanted(reference::ComposeInArray) : pixels;
+    const Row run = differ ? wanted(reference::ComposeInRun) : pixels;
+    const auto count = static_cast<std::int32_t>(dst.size());
+    expect("pixel", pixels, [&](Word* row) {
+        for (std::size_t i = 0; i < dst.size(); i++)
+            row[i] = KSMerge::hash_pixel_func[mode](row[i], src[i], opacity);
+    });
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
+        expect("array", array,
+               [&](Word* row) { KSMerge::hash_array_func[mode](row, src.data(), opacity, count); });
+        if (src == Row(src.size(), src[0]))
+            expect("run", run,
+                   [&](Word* row) { KSMerge::hash_color_func[mode](row, src[0], opacity, count); });
+    }
+}
+
+// All 256 x 256 pairs of a destination's and a source's channel, three to a pixel.
+void CheckChannelPairs(ks_composition_mode mode, Word dst_alpha, Word src_alpha, Word opacity) {
+    const Row dst = Made(86, [&](Word i) {
+        return Pixel(dst_alpha, 3 * i, std::min(3 * i + 1, 255u), std::min(3 * i + 2, 255u));
+    });
+    for (Word s = 0; s < 256; s++)
+        ASSERT_NO_FATAL_FAILURE(
+            Check(mode, dst, Row(dst.size(), Pixel(src_alpha, s, s ^ 99, 255 - s)), opacity));
+}
+
+std::string NameOfMode(const testing::TestParamInfo<ks_composition_mode>& test) {
+    std::string name = KSMerge::composition_label[test.param];
+    std::erase(name, ' ');
+    return name;
+}
+
+class EveryMode : public testing::TestWithParam<ks_composition_mode> {};
+
+INSTANTIATE_TEST_SUITE_P(Modes, EveryMode, testing::ValuesIn([] {
+                             std::vector<ks_composition_mode> modes;
+                             for (int mode = 0; mode < kMergeCount; mode++)
+                                 modes.push_back(static_cast<ks_composition_mode>(mode));
+                             return modes;
+                         }()),
+                         NameOfMode);
+
+TEST_P(EveryMode, ComposesAllChannelPairsForAGridOfAlphas) {
+    for (const Word dst_alpha : kAlphas)
+        for (const Word src_alpha : kAlphas)
+            for (const Word opacity : {255u, 128u})
+                ASSERT_NO_FATAL_FAILURE(CheckChannelPairs(GetParam(), dst_alpha, src_alpha, opacity));
+}
+
+// One alpha of either side with all of the other's.
+TEST_P(EveryMode, ComposesAllAlphaPairs) {
+    const Row dst = Made(256, [](Word alpha) { return Pixel(alpha, 250, 9, 131); });
+    const Row src = Made(256, [](Word alpha) { return Pixel(alpha, 3, 255, 77); });
+    for (const Word opacity : {255u, 254u, 100u, 1u})
+        for (Word i = 0; i < 256; i++) {
+            ASSERT_NO_FATAL_FAILURE(Check(GetParam(), Row(256, dst[i]), src, opacity));
+            ASSERT_NO_FATAL_FAILURE(Check(GetParam(), dst, Row(256, src[i]), opacity));
+        }
+}
+
+// Those above 255 count as 255.
+TEST_P(EveryMode, ComposesForAllOpacities) {
+    Row opacities = Made(256, [](Word i) { return i; });
+    opacities.insert(opacities.end(), {256, 65535, 0x01000001, 0xFFFFFFFF});
+    for (const Word opacity : opacities) {
+        const Row dst = Made(9 * 52, [](Word i) { return Pixel(kAlphas[i / 52], 255, 100, 7); });
+        const Row src = Made(9 * 52, [&](Word i) { return Pixel(i % 52 * 5, opacity & 255, 101, 201); });
+        ASSERT_NO_FATAL_FAILURE(Check(GetParam(), dst, src, opacity));
+        for (const Word color : {src[3], src[51], Word{0x01FF8000}})
+            ASSERT_NO_FATAL_FAILURE(Check(GetParam(), dst, Row(dst.size(), color), opacity));
+    }
+}
+
+// Vectors in which pixels of every kind stand side by side.
+TEST_P(EveryMode, ComposesMixedPixels) {
+    for (std::uint32_t seed = 0; seed < 1500; seed++) {
+        SCOPED_TRACE(seed);
+        Noise noise(seed);
+        Row dst(100), src(100);
+        noise.Paint(dst);
+        noise.Paint(src);
+        const Word opacity = noise.OneIn(2) ? 255 : noise.Word() & 255;
+        ASSERT_NO_FATAL_FAILURE(Check(GetParam(), dst, src, opacity));
+        ASSERT_NO_FATAL_FAILURE(Check(GetParam(), dst, Row(100, src[0]), opacity));
+    }
+}
+
+constexpr std::int32_t kLongest = 130;
+
+// The words around a run keep their value, and the pages behind the array's ends are not touched.
+TEST_P(EveryMode, ComposesAnyLengthAtAnyAlignment) {
+    constexpr Word kColor = 0xC0408020, kOpacity = 200, kGuard = 0xA5C3F00F;
+    Noise noise(7);
+    Row dst(kLongest), src(kLongest);
+    noise.Paint(dst);
+    noise.Paint(src);
+    Row counts = Made(kLongest + 1, [](Word count) { return count; });
+    counts.insert(counts.end(), {0x80000000, 0xFFFFFFFB, 0xFFFFFFFF});  // negative ones
+    const auto compose = [&](bool as_run, Word* row, const Word* from, std::int32_t count) {
+        Restart(GetParam());
+        if (as_run)
+            KSMerge::hash_color_func[GetParam()](row, kColor, kOpacity, count);
+        else
+            KSMerge::hash_array_func[GetParam()](row, from, kOpacity, count);
+    };
+    for (const Level level : Levels())
+        for (const Against end : {Against::kFront, Against::kBack})
+            for (const bool as_run : {false, true}) {
+                const ScopedLevel held(level);
+                Restart(GetParam());
+                const Row composed = Made(kLongest, [&](Word i) {
+                    return as_run ? reference::ComposeInRun(GetParam(), dst[i], kColor, kOpacity)
+                                  : reference::ComposeInArray(GetParam(), dst[i], src[i], kOpacity);
+                });
+                GuardedArray<Word> storage(kLongest + 16, end), sources(kLongest, end);
+                const auto all = storage.Items();
+                for (const Word count : counts)
+                    for (std::size_t offset = 0; offset < 16; offset++) {
+                        const std::size_t length = count <= kLongest ? count : 0;
+                        const bool at_front = end == Against::kFront;
+                        const std::size_t start = at_front ? offset : all.size() - offset - length;
+                        const auto from = at_front ? sources.Items() : sources.Items().last(length);
+                        std::copy_n(src.begin(), length, from.begin());
+                        std::ranges::fill(all, kGuard);
+                        std::copy_n(dst.begin(), length, all.begin() + static_cast<long>(start));
+                        Row want(all.begin(), all.end());
+                        std::copy_n(composed.begin(), length, want.begin() + static_cast<long>(start));
+                        compose(as_run, &all[start], from.data(), static_cast<std::int32_t>(count));
+                        ASSERT_TRUE(std::ranges::equal(all, want))
+                            << (as_run ? "run" : "array") << " of " << length << " pixels, offset " << offset
+                            << ", " << NameOf(level);
+                    }
+            }
+}
+
+// Where a source leaves the destination as it is, the destination may lie in inaccessible memory.
+TEST_P(EveryMode, TouchesNothingUnderClearSources) {
+    constexpr Word kDrawn = 0xC0408020, kClear = 0x00FFFFFF, kOpaque = 0xFF408020;
+    const ks_composition_mode mode = GetParam();
+    if (mode == kMergeDissolve)
+        return;
+    const bool nothing_at_0 = mode == kMergeNormal || mode == kMergeFilter || mode == kMergeOverlay;
+    GuardedArray<Word> array(64, Against::kBack);
+    Word* const begin = array.Items().data();
+    Word* const nowhere = begin + 64;
+    Row src(64, kDrawn);
+    src.resize(64 + kLongest, kClear);
+    const Row opaque(kLongest, kOpaque);
+    for (const Level level : Levels()) {
+        const ScopedLevel held(level);
+        for (std::int32_t count = 0; count <= kLongest; count++) {
+            if (mode != kMergeCopy)
+                KSMerge::hash_color_func[mode](nowhere, kClear, 255, count);
+            if (nothing_at_0) {
+                KSMerge::hash_color_func[mode](nowhere, kOpaque, 0, count);
+                KSMerge::hash_array_func[mode](nowhere, opaque.data(), 0, count);
+            }
+            if (KSMerge::merge_destructive[mode])
+                continue;
+            for (const Word opacity : {255u, 100u}) {
+                std::fill(begin, nowhere, 0x80402010);
+                KSMerge::hash_array_func[mode](begin, src.data(), opacity, 64 + count);
+                ASSERT_EQ(nowhere[-1], reference::ComposeInArray(mode, 0x80402010, kDrawn, opacity));
+            }
+        }
+    }
+}
+
+class ReplaceModes : public testing::TestWithParam<ks_composition_mode> {};
+
+INSTANTIATE_TEST_SUITE_P(Modes, ReplaceModes,
+                         testing::Values(kMergeReplaceHue, kMergeReplaceSaturation, kMergeReplaceLuminosity,
+                                         kMergeReplaceColor),
+                         NameOfMode);
+
+// All 2^24 colours, on the side of which the mode takes more.
+TEST_P(ReplaceModes, ConvertEveryColor) {
+    const bool by_source = GetParam() == kMergeReplaceHue || GetParam() == kMergeReplaceColor;
+    for (Word red = 0; red < 256; red++) {
+        const Row colors = Made(65536, [&](Word i) { return 0xFF000000 | red << 16 | i; });
+        const Row others =
+            Made(65536, [&](Word i) { return Pixel(255, 255, 10 * (i % 23), 31 * (red % 9)); });
+        ASSERT_NO_FATAL_FAILURE(
+            Check(GetParam(), by_source ? others : colors, by_source ? colors : others, 255));
+    }
+}
+
+// Every hue with every saturation and value that a colour can have.
+TEST(ReplaceHue, MeetsEverySaturationAndValue) {
+    const Row hues = Made(1530, [](Word hue) {
+        return 0xFF000000 | reference::Packed(reference::FromHue({hue, 255, 255}));
+    });
+    for (Word value = 0; value < 256; value += 3)
+        for (Word least = 0; least <= value; least++)
+            ASSERT_NO_FATAL_FAILURE(
+                Check(kMergeReplaceHue, Row(hues.size(), Pixel(255, value, least, least)), hues, 255));
+}
+
+// The weighted mean over translucent destinations divides by many divisors.
+TEST(WeightedMean, IsExactForASampleOfAlphas) {
+    for (Word src_alpha = 1; src_alpha < 255; src_alpha++)
+        for (Word dst_alpha = 1 + src_alpha * 7 % 31; dst_alpha < 255; dst_alpha += 31)
+            ASSERT_NO_FATAL_FAILURE(CheckChannelPairs(kMergeNormal, dst_alpha, src_alpha, 255));
+}
+
+}  // namespace

@@ -1,0 +1,99 @@
+# SPDX-License-Identifier: MIT
+"""Somebody edits settings with keyboard and mouse, and with an assistive tool; the file holds what they chose."""
+
+import os
+import unittest
+
+from desktop import PATIENCE, TITLE, Desktop, wait_until
+
+desktop = Desktop()
+unittest.addModuleCleanup(desktop.close)
+desktop.start_bus()
+desktop.environment["QT_LINUX_ACCESSIBILITY_ALWAYS_ON"] = "1"
+os.environ.update(desktop.environment)  # pyatspi connects when it is first asked for something
+
+import pyatspi
+from gi.repository import GLib
+
+
+def showing(role, name):
+    """The editor of this role and name as soon as it is on the screen."""
+
+    def is_it(node):
+        return (node.name, node.getRoleName()) == (name, role) and node.getState().contains(pyatspi.STATE_SHOWING)
+
+    def find():
+        try:
+            for program in pyatspi.Registry.getDesktop(0):
+                program.setCacheMask(pyatspi.Atspi.Cache.NONE)
+                if found := pyatspi.findDescendant(program, is_it):
+                    return found
+        except (AttributeError, LookupError, RuntimeError, GLib.Error):
+            pass  # it went while it was looked at
+        return None
+
+    return wait_until(find, f"no {role} {name}")
+
+
+def value_of(node):
+    role = node.getRoleName()
+    if role == "check box":
+        return node.getState().contains(pyatspi.STATE_CHECKED)
+    if role == "spin button":
+        return node.queryValue().currentValue
+    if role == "text":
+        return node.queryText().getText(0, -1)
+    return node.description
+
+
+def click(role, name):
+    frame = showing(role, name).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    desktop.click(frame.x + frame.width // 2, frame.y + frame.height // 2)
+
+
+class Editing(unittest.TestCase):
+    def setUp(self):
+        desktop.settings_file.parent.mkdir(exist_ok=True)
+        desktop.settings_file.write_text("KS_PEN_MARK = 1,2,3,4\nKS_FONT_NORMAL = Dutch,Roman,9.5\n"
+                                         "KS_PEN_BG_LOW_BMP = /etc/hostname\nBEOS = 0\n")
+        desktop.start_program()
+        self.addCleanup(desktop.program.kill)
+
+    def expect_stored(self, line):
+        self.assertEqual(desktop.program.wait(PATIENCE), 0)
+        self.assertIn(line, desktop.settings().splitlines())
+
+    def test_mouse_and_keyboard(self):
+        click("list item", "Options")
+        click("spin button", "Mouse hold time")
+        desktop.press("ctrl+a")
+        desktop.type("20000")
+        click("push button", "OK")
+        self.expect_stored("MOUSEHOLDTIME = 20000")
+
+    def test_closing_stores_nothing(self):
+        before = desktop.settings()
+        click("color chooser", "Disabled Text")
+        wait_until(lambda: desktop.focused_title() not in ("", TITLE), "no dialog")
+        desktop.press("Escape")
+        wait_until(lambda: desktop.focused_title() == TITLE, "the dialog stays")
+        desktop.press("alt+F4")
+        self.assertEqual(desktop.program.wait(PATIENCE), 0)
+        self.assertEqual(desktop.settings(), before)
+
+    def test_an_assistive_tool(self):
+        for category, role, name, value in (
+                ("Pens", "color chooser", "Marked widgets", "#04010203"),
+                ("Backgrounds", "text", "Low level", "/etc/hostname"),
+                ("Fonts", "push button", "Normal", "Dutch Roman, 9.5"),
+                ("Options", "check box", "BeOS conform", False),
+                ("Options", "combo box", "Look", "BeOS"),
+                ("Options", "spin button", "Bubblehelp wait time", 2000000)):
+            click("list item", category)
+            self.assertEqual(value_of(showing(role, name)), value, name)
+        showing("spin button", "Mouse hold time").queryValue().currentValue = 45000
+        showing("push button", "OK").queryAction().doAction(0)
+        self.expect_stored("MOUSEHOLDTIME = 45000")
+
+
+unittest.main(warnings="ignore")  # pyatspi itself uses what is deprecated
