@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDialog>
 #include <QEvent>
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -72,7 +73,9 @@ void PenStyle::Install() {
 }
 
 QPalette PenStyle::standardPalette() const {
-    const Worn& w = _worn;
+    if (!_worn)
+        return QProxyStyle::standardPalette();
+    const Worn& w = *_worn;
     const QColor low = w.Ground(KS_PEN_BG_LOW), high = w.Ground(KS_PEN_BG_HIGH),
                  edit = w.Ground(KS_PEN_BG_EDIT), button = w.Ground(KS_PEN_BG_BUTTON),
                  marked = Over(w.Pen(KS_PEN_TEXT_BG_MARKED), edit);
@@ -120,17 +123,17 @@ static QPalette ListPalette(const Worn& w, QPalette palette) {
 
 void PenStyle::Wear(Worn worn) {
     const bool is_laid_out_anew =
-        worn.Look().fonts != _worn.Look().fonts || worn.IsNymbrel() != _worn.IsNymbrel();
+        !_worn || worn.Look().fonts != _worn->Look().fonts || worn.IsNymbrel() != _worn->IsNymbrel();
     _worn = std::move(worn);
-    _title_height = QFontMetrics(_worn.Font(KS_FONT_TITLE)).height() + 6;
+    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 6;
     const QPalette palette = standardPalette();
     if (palette != QApplication::palette()) {
         QApplication::setPalette(palette);
-        QApplication::setPalette(ListPalette(_worn, palette), "QAbstractItemView");
+        QApplication::setPalette(ListPalette(*_worn, palette), "QAbstractItemView");
         QToolTip::setPalette(palette);
     }
-    const QFont normal = _worn.Font(KS_FONT_NORMAL), fixed = _worn.Font(KS_FONT_FIXED),
-                small = _worn.Font(KS_FONT_SMALL);
+    const QFont normal = _worn->Font(KS_FONT_NORMAL), fixed = _worn->Font(KS_FONT_FIXED),
+                small = _worn->Font(KS_FONT_SMALL);
     const auto set = [](const QFont& font, const char* kind) {
         if (QApplication::font(kind) != font)
             QApplication::setFont(font, kind);
@@ -141,15 +144,19 @@ void PenStyle::Wear(Worn worn) {
     set(fixed, "QAbstractSpinBox");
     if (QToolTip::font() != small)
         QToolTip::setFont(small);
-    for (QWidget* top : QApplication::topLevelWidgets())
-        if (top->isVisible())
-            for (QWidget* widget : top->findChildren<QWidget*>() << top) {
-                if (is_laid_out_anew) {
-                    QEvent change(QEvent::StyleChange);
-                    QApplication::sendEvent(widget, &change);
-                }
-                widget->update();
+    for (QWidget* top : QApplication::topLevelWidgets()) {
+        if (!top->isVisible())
+            continue;
+        // A group makes room for its title when its style changes.
+        if (is_laid_out_anew)
+            for (QGroupBox* group : top->findChildren<QGroupBox*>()) {
+                QEvent change(QEvent::StyleChange);
+                QApplication::sendEvent(group, &change);
             }
+        top->update();
+        for (QWidget* widget : top->findChildren<QWidget*>())
+            widget->update();
+    }
 }
 
 void PenStyle::polish(QWidget* widget) {
@@ -202,16 +209,16 @@ bool PenStyle::eventFilter(QObject* object, QEvent* event) {
     if (const QAbstractItemView* view = ViewOf(widget)) {
         QPainter painter(widget);
         const bool reads = !view->isEnabled();
-        draw::Level(painter, _worn, widget->rect(), reads ? KS_PEN_BG_READ : KS_PEN_BG_LIST,
+        draw::Level(painter, *_worn, widget->rect(), reads ? KS_PEN_BG_READ : KS_PEN_BG_LIST,
                     widget->mapFromParent(QPoint()));
     } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
         object->event(event);
         if (line->hasFocus() && !line->isReadOnly() && !line->hasSelectedText())
-            PaintCursor(*line, _worn);
+            PaintCursor(*line, *_worn);
         return true;
     } else {
         QPainter painter(widget);
-        draw::Level(painter, _worn, widget->rect(), KS_PEN_BG_LOW, QPoint());
+        draw::Level(painter, *_worn, widget->rect(), KS_PEN_BG_LOW, QPoint());
     }
     return false;
 }
@@ -319,17 +326,17 @@ QRect PenStyle::subControlRect(ComplexControl control, const QStyleOptionComplex
 void PenStyle::PaintPanel(QPainter& painter, const QStyleOption& option, const QWidget* widget) const {
     const bool is_view = qobject_cast<const QAbstractItemView*>(widget);
     if (is_view) {
-        const QColor ground = _worn.Ground(KS_PEN_BG_LIST);
-        draw::Edges(painter, _worn, option.rect, draw::Edge::kSunken, draw::Weight::kHeavy, ground);
+        const QColor ground = _worn->Ground(KS_PEN_BG_LIST);
+        draw::Edges(painter, *_worn, option.rect, draw::Edge::kSunken, draw::Weight::kHeavy, ground);
         if (widget->hasFocus())
-            draw::Focus(painter, _worn, _worn.IsNymbrel() ? option.rect : option.rect.adjusted(1, 1, -1, -1),
-                        ground);
+            draw::Focus(painter, *_worn,
+                        _worn->IsNymbrel() ? option.rect : option.rect.adjusted(1, 1, -1, -1), ground);
     } else if (qobject_cast<const QLabel*>(widget)) {
-        draw::Field(painter, _worn, option.rect, KS_PEN_BG_READ);
+        draw::Field(painter, *_worn, option.rect, KS_PEN_BG_READ);
     } else {
-        draw::Edges(painter, _worn, option.rect,
+        draw::Edges(painter, *_worn, option.rect,
                     Has(option, State_Raised) ? draw::Edge::kRaised : draw::Edge::kSunken,
-                    draw::Weight::kHeavy, _worn.Ground(KS_PEN_BG_LOW));
+                    draw::Weight::kHeavy, _worn->Ground(KS_PEN_BG_LOW));
     }
 }
 
@@ -343,10 +350,10 @@ void PenStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
         if (IsInsideBox(widget))
             return;
         const ks_pen level = is_enabled && !Has(*option, State_ReadOnly) ? KS_PEN_BG_EDIT : KS_PEN_BG_READ;
-        draw::Field(*painter, _worn, rect, level);
+        draw::Field(*painter, *_worn, rect, level);
         if (Has(*option, State_HasFocus))
-            draw::Focus(*painter, _worn, _worn.IsNymbrel() ? rect : rect.adjusted(1, 1, -1, -1),
-                        _worn.Ground(level));
+            draw::Focus(*painter, *_worn, _worn->IsNymbrel() ? rect : rect.adjusted(1, 1, -1, -1),
+                        _worn->Ground(level));
         return;
     }
     case PE_Frame:
@@ -354,29 +361,29 @@ void PenStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
         PaintPanel(*painter, *option, widget);
         return;
     case PE_PanelMenu:
-        draw::Level(*painter, _worn, rect, KS_PEN_BG_LIST, rect.topLeft());
+        draw::Level(*painter, *_worn, rect, KS_PEN_BG_LIST, rect.topLeft());
         return;
     case PE_FrameMenu:
-        draw::Edges(*painter, _worn, rect, draw::Edge::kRaised, draw::Weight::kHeavy,
-                    _worn.Ground(KS_PEN_BG_LIST));
+        draw::Edges(*painter, *_worn, rect, draw::Edge::kRaised, draw::Weight::kHeavy,
+                    _worn->Ground(KS_PEN_BG_LIST));
         return;
     case PE_PanelTipLabel:
-        draw::Level(*painter, _worn, rect, KS_PEN_BG_HIGH, rect.topLeft());
-        draw::Edges(*painter, _worn, rect, draw::Edge::kRaised, draw::Weight::kThin,
-                    _worn.Ground(KS_PEN_BG_HIGH));
+        draw::Level(*painter, *_worn, rect, KS_PEN_BG_HIGH, rect.topLeft());
+        draw::Edges(*painter, *_worn, rect, draw::Edge::kRaised, draw::Weight::kThin,
+                    _worn->Ground(KS_PEN_BG_HIGH));
         return;
     case PE_FrameFocusRect:
         // In the Nymbrel look a list's own ring says it.
-        if (!qobject_cast<const QAbstractItemView*>(widget) || !_worn.IsNymbrel())
-            draw::Focus(*painter, _worn, rect, _worn.Ground(KS_PEN_BG_HIGH));
+        if (!qobject_cast<const QAbstractItemView*>(widget) || !_worn->IsNymbrel())
+            draw::Focus(*painter, *_worn, rect, _worn->Ground(KS_PEN_BG_HIGH));
         return;
     case PE_IndicatorCheckBox:
     case PE_IndicatorItemViewItemCheck:
-        draw::Check(*painter, _worn, rect, Has(*option, State_On), is_enabled, Has(*option, State_Sunken));
+        draw::Check(*painter, *_worn, rect, Has(*option, State_On), is_enabled, Has(*option, State_Sunken));
         return;
     case PE_PanelItemViewItem:
         if (Has(*option, State_Selected))
-            draw::Selection(*painter, _worn, rect);
+            draw::Selection(*painter, *_worn, rect);
         return;
     case PE_PanelItemViewRow:
         return;
@@ -399,7 +406,7 @@ void PenStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* optio
     case PE_PanelButtonBevel:
     case PE_PanelButtonCommand:
         if (!widget || !qobject_cast<const QLineEdit*>(widget->parentWidget()))
-            draw::Button(*painter, _worn, rect, ButtonStateOf(*option));
+            draw::Button(*painter, *_worn, rect, ButtonStateOf(*option));
         return;
     default:
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -411,12 +418,12 @@ void PenStyle::DrawButtonLabel(QPainter& painter, const QStyleOption& option) co
     if (!button)
         return;
     const draw::ButtonState state = ButtonStateOf(option);
-    const QColor ground = draw::ButtonGround(_worn, state);
+    const QColor ground = draw::ButtonGround(*_worn, state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
-    painter.setPen(_worn.On(TextPen(state.is_enabled), ground));
+    painter.setPen(_worn->On(TextPen(state.is_enabled), ground));
     painter.drawText(rect, Qt::AlignCenter | Qt::TextShowMnemonic, button->text);
     if (Has(option, State_HasFocus))
-        draw::Focus(painter, _worn,
+        draw::Focus(painter, *_worn,
                     option.rect.adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset), ground);
 }
 
@@ -425,20 +432,20 @@ void PenStyle::DrawMenuItem(QPainter& painter, const QStyleOption& option) const
     if (!item)
         return;
     const bool is_selected = Has(option, State_Selected) && Has(option, State_Enabled);
-    const QColor ground = _worn.Ground(is_selected ? KS_PEN_BG_SELECTED : KS_PEN_BG_LIST);
+    const QColor ground = _worn->Ground(is_selected ? KS_PEN_BG_SELECTED : KS_PEN_BG_LIST);
     if (item->menuItemType == QStyleOptionMenuItem::Separator) {
-        draw::EtchedLine(painter, _worn, option.rect.adjusted(4, 0, -4, 0), ground);
+        draw::EtchedLine(painter, *_worn, option.rect.adjusted(4, 0, -4, 0), ground);
         return;
     }
     if (is_selected)
-        draw::Selection(painter, _worn, option.rect);
-    painter.setPen(_worn.On(TextPen(Has(option, State_Enabled)), ground));
+        draw::Selection(painter, *_worn, option.rect);
+    painter.setPen(_worn->On(TextPen(Has(option, State_Enabled)), ground));
     painter.setFont(item->font);
     QRect text = option.rect.adjusted(10, 0, -10, 0);
     const int gutter = item->menuHasCheckableItems ? kCheckSize + 8 : 0;
     if (gutter && item->checkType != QStyleOptionMenuItem::NotCheckable) {
         const QRect box(text.left(), text.center().y() - kCheckSize / 2, kCheckSize, kCheckSize);
-        draw::Check(painter, _worn, visualRect(option.direction, option.rect, box), item->checked,
+        draw::Check(painter, *_worn, visualRect(option.direction, option.rect, box), item->checked,
                     Has(option, State_Enabled), false);
     }
     text.setLeft(text.left() + gutter);
@@ -456,7 +463,7 @@ void PenStyle::drawControl(ControlElement element, const QStyleOption* option, Q
                            const QWidget* widget) const {
     switch (element) {
     case CE_PushButtonBevel:
-        draw::Button(*painter, _worn, option->rect, ButtonStateOf(*option));
+        draw::Button(*painter, *_worn, option->rect, ButtonStateOf(*option));
         return;
     case CE_PushButtonLabel:
         DrawButtonLabel(*painter, *option);
@@ -471,26 +478,26 @@ void PenStyle::drawControl(ControlElement element, const QStyleOption* option, Q
     case CE_ShapedFrame:
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
             if (frame->frameShape == QFrame::HLine || frame->frameShape == QFrame::VLine)
-                draw::EtchedLine(*painter, _worn, option->rect, _worn.Ground(KS_PEN_BG_LOW));
+                draw::EtchedLine(*painter, *_worn, option->rect, _worn->Ground(KS_PEN_BG_LOW));
             else if (frame->frameShape != QFrame::NoFrame)
                 PaintPanel(*painter, *option, widget);
         }
         return;
     case CE_HeaderSection:
     case CE_HeaderEmptyArea:
-        draw::Knob(*painter, _worn, option->rect, Has(*option, State_Sunken));
+        draw::Knob(*painter, *_worn, option->rect, Has(*option, State_Sunken));
         return;
     case CE_ProgressBarGroove:
-        draw::Level(*painter, _worn, option->rect, KS_PEN_BG_SLIDER, option->rect.topLeft());
-        draw::Edges(*painter, _worn, option->rect, draw::Edge::kSunken, draw::Weight::kThin,
-                    _worn.Ground(KS_PEN_BG_SLIDER));
+        draw::Level(*painter, *_worn, option->rect, KS_PEN_BG_SLIDER, option->rect.topLeft());
+        draw::Edges(*painter, *_worn, option->rect, draw::Edge::kSunken, draw::Weight::kThin,
+                    _worn->Ground(KS_PEN_BG_SLIDER));
         return;
     case CE_ProgressBarContents:
         if (const auto* bar = qstyleoption_cast<const QStyleOptionProgressBar*>(option)) {
             const QRect all = option->rect.adjusted(1, 1, -1, -1);
             const double range = std::max(1, bar->maximum - bar->minimum);
             const int filled = static_cast<int>(all.width() * (bar->progress - bar->minimum) / range);
-            draw::Paint(*painter, _worn,
+            draw::Paint(*painter, *_worn,
                         visualRect(bar->direction, all, QRect(all.left(), all.top(), filled, all.height())));
         }
         return;
@@ -503,21 +510,21 @@ void PenStyle::DrawSpinBox(QPainter& painter, const QStyleOptionComplex& option,
                            const QWidget* widget) const {
     const bool is_enabled = Has(option, State_Enabled);
     const ks_pen level = is_enabled ? KS_PEN_BG_EDIT : KS_PEN_BG_READ;
-    draw::Field(painter, _worn, option.rect, level);
+    draw::Field(painter, *_worn, option.rect, level);
     const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(&option);
     for (const SubControl part : {SC_SpinBoxUp, SC_SpinBoxDown}) {
         const QRect rect = subControlRect(CC_SpinBox, &option, part, widget);
         const bool is_up = part == SC_SpinBoxUp, is_down = Has(option, part);
-        draw::Knob(painter, _worn, rect, is_down);
+        draw::Knob(painter, *_worn, rect, is_down);
         const auto step = is_up ? QAbstractSpinBox::StepUpEnabled : QAbstractSpinBox::StepDownEnabled;
         const bool can_step = is_enabled && spin && spin->stepEnabled.testFlag(step);
         draw::Arrow(
             painter, rect, is_up ? draw::Direction::kUp : draw::Direction::kDown,
-            _worn.On(TextPen(can_step), _worn.Ground(is_down ? KS_PEN_BG_SELECTED : KS_PEN_BG_BUTTON)));
+            _worn->On(TextPen(can_step), _worn->Ground(is_down ? KS_PEN_BG_SELECTED : KS_PEN_BG_BUTTON)));
     }
     if (Has(option, State_HasFocus))
-        draw::Focus(painter, _worn, _worn.IsNymbrel() ? option.rect : option.rect.adjusted(1, 1, -1, -1),
-                    _worn.Ground(level));
+        draw::Focus(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(1, 1, -1, -1),
+                    _worn->Ground(level));
 }
 
 void PenStyle::DrawComboBox(QPainter& painter, const QStyleOptionComplex& option,
@@ -525,14 +532,15 @@ void PenStyle::DrawComboBox(QPainter& painter, const QStyleOptionComplex& option
     const draw::ButtonState state{
         .is_down = Has(option, State_Sunken), .is_default = false, .is_enabled = Has(option, State_Enabled)};
     // Without the room that the BeOS look keeps around a button.
-    draw::Button(painter, _worn, _worn.IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2), state);
+    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
+                 state);
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, widget);
-    const QColor ground = draw::ButtonGround(_worn, state);
+    const QColor ground = draw::ButtonGround(*_worn, state);
     const int line = option.direction == Qt::RightToLeft ? arrow.right() + 1 : arrow.left() - 3;
-    draw::EtchedLine(painter, _worn, QRect(line, option.rect.top() + 5, 3, option.rect.height() - 10),
+    draw::EtchedLine(painter, *_worn, QRect(line, option.rect.top() + 5, 3, option.rect.height() - 10),
                      ground);
-    const QColor ink = _worn.On(TextPen(state.is_enabled), ground);
-    if (_worn.IsNymbrel()) {
+    const QColor ink = _worn->On(TextPen(state.is_enabled), ground);
+    if (_worn->IsNymbrel()) {
         const int half = arrow.height() / 2;
         draw::Arrow(painter, arrow.adjusted(0, 0, 0, 1 - half), draw::Direction::kUp, ink);
         draw::Arrow(painter, arrow.adjusted(0, half - 1, 0, 0), draw::Direction::kDown, ink);
@@ -540,7 +548,7 @@ void PenStyle::DrawComboBox(QPainter& painter, const QStyleOptionComplex& option
         draw::Arrow(painter, arrow, draw::Direction::kDown, ink);
     }
     if (Has(option, State_HasFocus))
-        draw::Focus(painter, _worn, option.rect.adjusted(4, 4, -4, -4), ground);
+        draw::Focus(painter, *_worn, option.rect.adjusted(4, 4, -4, -4), ground);
 }
 
 void PenStyle::DrawScrollBar(QPainter& painter, const QStyleOptionComplex& option,
@@ -549,21 +557,21 @@ void PenStyle::DrawScrollBar(QPainter& painter, const QStyleOptionComplex& optio
     if (!slider)
         return;
     const bool is_vertical = slider->orientation == Qt::Vertical;
-    const QColor trough = _worn.Ground(KS_PEN_BG_SLIDER);
-    draw::Level(painter, _worn, option.rect, KS_PEN_BG_SLIDER, option.rect.topLeft());
-    draw::Edges(painter, _worn, option.rect, draw::Edge::kSunken, draw::Weight::kThin, trough);
+    const QColor trough = _worn->Ground(KS_PEN_BG_SLIDER);
+    draw::Level(painter, *_worn, option.rect, KS_PEN_BG_SLIDER, option.rect.topLeft());
+    draw::Edges(painter, *_worn, option.rect, draw::Edge::kSunken, draw::Weight::kThin, trough);
     const QMargins across = is_vertical ? QMargins(1, 0, 1, 0) : QMargins(0, 1, 0, 1);
     for (const SubControl part : {SC_ScrollBarAddLine, SC_ScrollBarSubLine, SC_ScrollBarSlider}) {
         const QRect rect = proxy()->subControlRect(CC_ScrollBar, &option, part, widget) - across;
         if (rect.isEmpty())
             continue;
         const bool is_down = Has(option, part);
-        draw::Knob(painter, _worn, rect, is_down);
-        const QColor ground = _worn.Ground(is_down ? KS_PEN_BG_SELECTED : KS_PEN_BG_BUTTON);
+        draw::Knob(painter, *_worn, rect, is_down);
+        const QColor ground = _worn->Ground(is_down ? KS_PEN_BG_SELECTED : KS_PEN_BG_BUTTON);
         if (part == SC_ScrollBarSlider) {
             for (int i = -1; i <= 1 && std::max(rect.width(), rect.height()) > 20; ++i) {
                 const QPoint middle = rect.center() + (is_vertical ? QPoint(0, 3 * i) : QPoint(3 * i, 0));
-                draw::EtchedLine(painter, _worn,
+                draw::EtchedLine(painter, *_worn,
                                  is_vertical ? QRect(middle.x() - 3, middle.y(), 7, 2)
                                              : QRect(middle.x(), middle.y() - 3, 2, 7),
                                  ground);
@@ -576,7 +584,7 @@ void PenStyle::DrawScrollBar(QPainter& painter, const QStyleOptionComplex& optio
         const auto direction = is_vertical ? (is_forward ? draw::Direction::kDown : draw::Direction::kUp)
                                : is_forward == (option.direction == Qt::LeftToRight) ? draw::Direction::kRight
                                                                                      : draw::Direction::kLeft;
-        draw::Arrow(painter, rect, direction, _worn.On(TextPen(can_move), ground));
+        draw::Arrow(painter, rect, direction, _worn->On(TextPen(can_move), ground));
     }
 }
 
@@ -591,9 +599,9 @@ void PenStyle::DrawSlider(QPainter& painter, const QStyleOptionComplex& option, 
         groove = QRect(groove.center().x() - 5, groove.top(), 10, groove.height());
     else
         groove = QRect(groove.left(), groove.center().y() - 5, groove.width(), 10);
-    draw::Level(painter, _worn, groove, KS_PEN_BG_SLIDER, groove.topLeft());
-    draw::Edges(painter, _worn, groove, draw::Edge::kSunken, draw::Weight::kThin,
-                _worn.Ground(KS_PEN_BG_SLIDER));
+    draw::Level(painter, *_worn, groove, KS_PEN_BG_SLIDER, groove.topLeft());
+    draw::Edges(painter, *_worn, groove, draw::Edge::kSunken, draw::Weight::kThin,
+                _worn->Ground(KS_PEN_BG_SLIDER));
     QRect filled = groove.adjusted(1, 1, -1, -1);
     if (is_vertical)
         filled.setTop(knob.center().y());
@@ -601,12 +609,12 @@ void PenStyle::DrawSlider(QPainter& painter, const QStyleOptionComplex& option, 
         filled.setLeft(knob.center().x());
     else
         filled.setRight(knob.center().x());
-    draw::Paint(painter, _worn, filled);
-    draw::Level(painter, _worn, knob, KS_PEN_BG_BUTTON, knob.topLeft());
-    draw::Edges(painter, _worn, knob, draw::Edge::kRaised, draw::Weight::kHeavy,
-                _worn.Ground(KS_PEN_BG_BUTTON));
+    draw::Paint(painter, *_worn, filled);
+    draw::Level(painter, *_worn, knob, KS_PEN_BG_BUTTON, knob.topLeft());
+    draw::Edges(painter, *_worn, knob, draw::Edge::kRaised, draw::Weight::kHeavy,
+                _worn->Ground(KS_PEN_BG_BUTTON));
     if (Has(option, State_HasFocus))
-        draw::Focus(painter, _worn, option.rect, _worn.Ground(KS_PEN_BG_HIGH));
+        draw::Focus(painter, *_worn, option.rect, _worn->Ground(KS_PEN_BG_HIGH));
 }
 
 void PenStyle::DrawToolButton(QPainter& painter, const QStyleOptionComplex& option,
@@ -621,17 +629,18 @@ void PenStyle::DrawToolButton(QPainter& painter, const QStyleOptionComplex& opti
         tool->icon.paint(&painter, option.rect);
         return;
     }
-    draw::Button(painter, _worn, _worn.IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2), state);
+    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
+                 state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
-    const QColor ground = draw::ButtonGround(_worn, state);
-    painter.setPen(_worn.On(TextPen(state.is_enabled), ground));
+    const QColor ground = draw::ButtonGround(*_worn, state);
+    painter.setPen(_worn->On(TextPen(state.is_enabled), ground));
     if (tool->icon.isNull())
         painter.drawText(rect, Qt::AlignCenter | Qt::TextShowMnemonic, tool->text);
     else
         tool->icon.paint(&painter, rect.adjusted(4, 4, -4, -4), Qt::AlignCenter,
                          state.is_enabled ? QIcon::Normal : QIcon::Disabled);
     if (Has(option, State_HasFocus))
-        draw::Focus(painter, _worn, option.rect.adjusted(2, 2, -2, -2), ground);
+        draw::Focus(painter, *_worn, option.rect.adjusted(2, 2, -2, -2), ground);
 }
 
 void PenStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

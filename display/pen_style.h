@@ -8,6 +8,8 @@
 
 #include <QProxyStyle>
 
+#include <optional>
+
 class PenStyle : public QProxyStyle {
 public:
     PenStyle();
@@ -17,7 +19,7 @@ public:
     static PenStyle& Instance();
     static void Install();
 
-    const Worn& Wearing() const { return _worn; }
+    const Worn& Wearing() const { return *_worn; }
     // The height of a group's title.
     int TitleHeight() const { return _title_height; }
     // Sets palette and fonts and draws every window again.
@@ -56,6 +58,6 @@ private:
     void DrawSlider(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const;
     void DrawToolButton(QPainter& painter, const QStyleOptionComplex& option, const QWidget* widget) const;
 
-    Worn _worn;
+    std::optional<Worn> _worn;  // from the first Wear on; pixmaps need the application object
     int _title_height = 0;
 };

@@ -63,15 +63,15 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
             const std::string found = editors[{name, role}];
             EXPECT_EQ(found, value) << name << " " << role;
         };
-        for (const pen_row& row : pen_rows) {
-            const std::string name = LocalString(row.label);
-            const ks_color color = _colors[row.pen]->Color();
+        for (int pen = 0; pen < KS_PEN_NONE; ++pen) {
+            const std::string name = LocalString(pen_labels[pen]);
+            const ks_color color = _colors[pen]->Color();
             char value[10];
             std::snprintf(value, sizeof value, color.alpha < 255 ? "#04%02x%02x%02x" : "#%02x%02x%02x",
                           color.red, color.green, color.blue);
             expect(name, QAccessible::ColorChooser, value);
-            if (row.pen < kBackgroundCount)
-                expect(name, QAccessible::EditableText, row.pen == 0 ? path : "");
+            if (pen < kBackgroundCount)
+                expect(name, QAccessible::EditableText, pen == 0 ? path : "");
         }
         for (int i = 0; i < kFontCount; ++i) {
             const BFont font = _fonts[i]->Font();
