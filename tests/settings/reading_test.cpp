@@ -101,6 +101,7 @@ TEST_F(Reading, AppliesLines) {
         {"PenNothingLeft", "KS_PEN_TEXT=", nothing},
         {"PenBlankBehindComma", "KS_PEN_TEXT = 1, 2,\t3,4\n", text_pen(1, 2, 3, 4)},
         {"PenBlankBeforeComma", "KS_PEN_TEXT = 1 ,2,3,4\n", text_pen(1, 0, 0, 0)},
+        {"PenOtherSeparator", "KS_PEN_TEXT = 1.2,3,4\n", text_pen(1, 0, 0, 0)},
         {"PenTwoCommas", "KS_PEN_TEXT = 1,,3,4\n", text_pen(1, 0, 0, 0)},
         {"PenNone", "KS_PEN_NONE = 1,2,3,4\n", nothing},
         {"PenKeyLonger", "KS_PEN_TEXTS = 1,2,3,4\n", nothing},
