@@ -5,6 +5,7 @@
 #include "kits/storage.h"
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLocale.h"
+#include "toolkit/installed_languages.h"
 
 #include <vector>
 
@@ -28,6 +29,7 @@ template <class Visit> void ForEachControl(const BApplication& application, Visi
 
 KSApplication::KSApplication(const char* signature, const char* catalog) : BApplication(signature) {
     ks_create_settings_directory();
+    ks_link_installed_languages();
     ks_locale->Open(catalog);
 }
 

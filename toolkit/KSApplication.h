@@ -7,8 +7,8 @@
 
 class KSApplication : public BApplication {
 public:
-    // Creates the settings directory if it is missing and opens `catalog` in the chosen language
-    // (ks_locale).
+    // Creates the settings directory if it is missing, links the installed languages (installed_languages.h)
+    // and opens `catalog` in the chosen one (ks_locale).
     KSApplication(const char* signature, const char* catalog);
 
     static constexpr std::uint32_t kRevert = ks_message_code("REVE");
