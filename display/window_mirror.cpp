@@ -93,9 +93,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue)
     _top->show();
 }
 
-WindowMirror::~WindowMirror() {
-    Listen(false);
-}
+WindowMirror::~WindowMirror() = default;
 
 void WindowMirror::Listen(bool on) {
     BAutolock lock(&_window);
