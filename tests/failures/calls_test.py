@@ -31,7 +31,7 @@ OLD = "".join(f"KS_PEN_{pen} = {number},2,3,255\n" for number, pen in enumerate(
 
 
 class Home:
-    """A home with settings, a language of the user's, one that was uninstalled; and an installed program."""
+    """A home with settings, languages of the user's and one that was uninstalled; and an installed program."""
 
     def __init__(self):
         self.path = pathlib.Path(tempfile.mkdtemp(prefix="nymbrel-failures-"))
@@ -48,6 +48,7 @@ class Home:
         (self.catalogs / "deutsch").mkdir(parents=True)
         (self.catalogs / "deutsch/NymbrelConfig.catalog").write_text("1 Gut\n")
         (self.catalogs / "nihongo").symlink_to(self.installed / "nihongo")
+        (self.catalogs / "own").symlink_to("/nowhere/own")
         if settings is not None:
             self.settings.write_text(settings)
 
@@ -118,7 +119,7 @@ def test(home, free):
     known["english"] = known["new"].replace("LANGUAGE = deutsch", "LANGUAGE = english")
     assert "LANGUAGE = deutsch\n" in known["new"] and "MOUSEHOLDTIME = 43000\n" in known["new"], known["new"]
     assert len(set(known.values())) == 4 and len(known["new"]) < len(OLD)
-    assert sorted(entry.name for entry in home.catalogs.iterdir()) == ["deutsch", "svenska"], "links"
+    assert sorted(entry.name for entry in home.catalogs.iterdir()) == ["deutsch", "own", "svenska"], "links"
     assert (home.catalogs / "svenska").readlink() == home.installed / "svenska"
 
     calls = [call for call in (home.path / "calls").read_text().splitlines() if call in ERRORS]

@@ -25,7 +25,9 @@ class Program(unittest.TestCase):
         """Starts the program without a display, a bus and settings."""
         home = tempfile.mkdtemp(prefix="nymbrel-ends-")
         self.addCleanup(shutil.rmtree, home)
-        more = {"ASAN_OPTIONS": os.environ.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0"}
+        more = {name: os.environ[name] for name in os.environ if name.endswith("SAN_OPTIONS")}
+        more["ASAN_OPTIONS"] = more.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:strict_string_checks=0"
+        more["TSAN_OPTIONS"] = more.get("TSAN_OPTIONS", "") + ":ignore_noninstrumented_modules=1"
         program = subprocess.Popen(
             ["setpriv", "--pdeathsig", "KILL", "env", "--default-signal=HUP,INT", os.environ["NYMBREL_PROGRAM"]],
             env={"PATH": os.environ["PATH"], "HOME": home, "XDG_RUNTIME_DIR": home,
@@ -71,7 +73,7 @@ class Program(unittest.TestCase):
             for which, program in enumerate(programs):
                 if program.poll() is None:
                     running += 1
-                    program.send_signal(signal.SIGTERM)
+                    program.send_signal(signal.SIGHUP)
                     self.assertEqual(program.wait(60), 0, (call, which))
                 else:
                     self.expect_one_sentence((call, which), program)
