@@ -112,9 +112,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     _top->show();
 }
 
-WindowMirror::~WindowMirror() {
-    Listen(false);
-}
+WindowMirror::~WindowMirror() = default;
 
 void WindowMirror::Listen(bool on) {
     BAutolock lock(&_window);

@@ -6,7 +6,6 @@
 #include "toolkit/settings_values.h"
 
 #include <charconv>
-#include <filesystem>
 #include <optional>
 
 namespace {
@@ -20,20 +19,13 @@ constexpr std::size_t kLargestCatalog = 1 << 20;
 std::optional<std::string> LanguageDirectory(const std::string& language) {
     if (language.empty() || language == "." || language == ".." || language.find('/') != std::string::npos)
         return std::nullopt;
-    const std::string path = ks_resolve_path(kCatalogsPath) + "/" + language;
-    std::error_code error;
-    if (!std::filesystem::exists(std::filesystem::symlink_status(path, error)))
-        return std::nullopt;
-    return path;
+    const std::string path = std::string(kCatalogsPath) + "/" + language;
+    return ks_entry_exists(path) ? std::optional(path) : std::nullopt;
 }
 
 // Returns the file's bytes; none when it cannot be read or is too large.
 std::string ReadCatalog(const std::string& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(path), std::fclose);
-    if (!file)
-        return {};
-    std::string text(kLargestCatalog + 1, '\0');
-    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    std::string text = ks_read_regular_file(path, kLargestCatalog + 1).value_or("");
     return text.size() > kLargestCatalog ? std::string() : text;
 }
 
