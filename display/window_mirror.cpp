@@ -7,6 +7,7 @@
 #include "display/mnemonics.h"
 #include "display/pen_style.h"
 #include "display/post_queue.h"
+#include "display/screen_fit.h"
 #include "display/wardrobe.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
@@ -43,6 +44,14 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
+    }
+
+    // Not the layout's own bound, which may be more than the screen.
+    bool event(QEvent* event) override {
+        const bool handled = QWidget::event(event);
+        if (event->type() == QEvent::LayoutRequest)
+            setMinimumSize(layout()->minimumSize().boundedTo(RoomFor(*this)));
+        return handled;
     }
 
     void closeEvent(QCloseEvent* event) override {
@@ -84,6 +93,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
 
     auto* layout = new QVBoxLayout(_top.get());
     layout->setContentsMargins({});
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
     {
         BAutolock lock(&window);
         if (!lock)
@@ -106,9 +116,8 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     ShowLabels();
 
     const KSRect<long> frame = window.Frame();
-    _top->move(static_cast<int>(frame.left), static_cast<int>(frame.top));
-    _top->resize(QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight()))
-                     .expandedTo(_top->sizeHint()));
+    Place(*_top, QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
+          QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
     _top->show();
 }
 
@@ -197,7 +206,7 @@ void WindowMirror::ShowLabels() {
     for (const auto& page : pages) {
         std::vector<QString> texts;
         for (const ControlMirror* mirror : page)
-            texts.push_back(mirror->Label());
+            texts.push_back(mirror->ShownLabel());
         std::set<char> used = common;
         const std::vector<int> mnemonics = ChooseMnemonics(texts, used);
         for (std::size_t i = 0; i < page.size(); ++i)

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "display/page_area.h"
+
+#include "display/look.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QScrollBar>
+
+namespace {
+
+constexpr QSize kLeastPage(440, 240);
+
+}  // namespace
+
+PageArea::PageArea(QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    setFocusPolicy(Qt::NoFocus);
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
+}
+
+void PageArea::SetPage(QWidget* page) {
+    setWidget(page);
+    // What is below shows through.
+    page->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
+}
+
+QSize PageArea::sizeHint() const {
+    return widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
+}
+
+QSize PageArea::minimumSizeHint() const {
+    const int bar = verticalScrollBar()->sizeHint().width();
+    return (widget()->minimumSizeHint() + QSize(bar, 0)).boundedTo(kLeastPage);
+}
+
+bool PageArea::eventFilter(QObject* object, QEvent* event) {
+    if (object == widget() && event->type() == QEvent::LayoutRequest)
+        updateGeometry();
+    return QScrollArea::eventFilter(object, event);
+}
+
+void PageArea::FollowFocus(QWidget* focused) {
+    if (focused && widget()->isAncestorOf(focused))
+        ensureWidgetVisible(focused, look::kGap, look::kGap);
+}
