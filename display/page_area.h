@@ -8,7 +8,8 @@ class PageArea : public QScrollArea {
 public:
     explicit PageArea(QWidget* parent);
 
-    void SetPage(QWidget* page);
+    // Takes `page`, a child, before it is shown.
+    void SetPage(QWidget* page) { _page = page; }
 
     // The page's own, as if it were not scrolled.
     QSize sizeHint() const override;
@@ -16,9 +17,12 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     // Tells the layout around it when the page asks for another size.
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void FollowFocus(QWidget* focused);
+
+    QWidget* _page = nullptr;
 };

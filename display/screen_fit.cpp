@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QMargins>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 
 #include <algorithm>
@@ -15,20 +16,34 @@ constexpr QMargins kFrame(4, 32, 4, 4);
 
 }  // namespace
 
-QSize RoomFor(const QWidget& window) {
-    return window.screen()->availableGeometry().marginsRemoved(kFrame).size();
+QRect PlaceIn(const QRect& screen, QPoint start, QSize wanted) {
+    const QRect room = screen.marginsRemoved(kFrame);
+    const QSize size = wanted.boundedTo(room.size());
+    const QPoint nearest = screen.topLeft(),
+                 farthest = nearest + QPoint(room.width() - size.width(), room.height() - size.height());
+    return {QPoint(std::clamp(start.x(), nearest.x(), farthest.x()),
+                   std::clamp(start.y(), nearest.y(), farthest.y())),
+            size};
 }
 
-void Place(QWidget& window, QPoint start, QSize least) {
-    if (QScreen* screen = QGuiApplication::screenAt(start))
-        window.setScreen(screen);
-    const QRect room = window.screen()->availableGeometry().marginsRemoved(kFrame);
-    const QSize size = least.expandedTo(window.sizeHint()).boundedTo(room.size());
-    window.setMinimumSize(window.minimumSizeHint().boundedTo(room.size()));
-    window.resize(size);
-    const QPoint farthest = room.bottomRight() - QPoint(size.width() - 1, size.height() - 1) -
-                            QPoint(kFrame.left(), kFrame.top());
-    const QPoint nearest = room.topLeft() - QPoint(kFrame.left(), kFrame.top());
-    window.move(std::clamp(start.x(), nearest.x(), farthest.x()),
-                std::clamp(start.y(), nearest.y(), farthest.y()));
+void FitToScreen(QWidget& window, QPoint start, QSize least) {
+    QScreen* there = QGuiApplication::screenAt(start);
+    const QRect screen = (there ? there : window.screen())->availableGeometry();
+    const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QSize wanted = least.expandedTo(window.sizeHint());
+    if (wanted.height() > PlaceIn(screen, start, wanted).height())  // something will scroll
+        wanted.rwidth() += bar;
+    const QRect place = PlaceIn(screen, start, wanted);
+    BoundLeastSize(window);
+    // A window that keeps its size stays where the user has put it.
+    if (window.isVisible() && window.size() == place.size())
+        return;
+    window.resize(place.size());
+    if (window.pos() != place.topLeft())
+        window.move(place.topLeft());
+}
+
+void BoundLeastSize(QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    window.setMinimumSize(PlaceIn(screen, screen.topLeft(), window.minimumSizeHint()).size());
 }

@@ -8,9 +8,13 @@
 
 class QWidget;
 
-// Returns the largest size of a window that its screen has room for, beside the window's frame.
-QSize RoomFor(const QWidget& window);
+// Returns where a window goes that would have its frame's corner at `start` and `wanted` as its size: the corner
+// and the size, changed as far as `screen` has no room for window and frame.
+QRect PlaceIn(const QRect& screen, QPoint start, QSize wanted);
 
-// Gives a window that is not shown yet at least the size that it asks for, and `start` as its frame's corner,
-// as far as the screen allows both.
-void Place(QWidget& window, QPoint start, QSize least);
+// Gives a window the size that it asks for, at least `least`, and puts its frame's corner at `start`, as far as
+// the screen allows both.
+void FitToScreen(QWidget& window, QPoint start, QSize least);
+
+// Sets the least size of a window: what it asks for, as far as its screen has room.
+void BoundLeastSize(QWidget& window);

@@ -40,17 +40,27 @@ public:
             button->setDefault(true);
     }
 
+    void Fit(QPoint start, QSize least) {
+        _least = least;
+        FitToScreen(*this, start, least);
+        _fitted = size();
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
     }
 
-    // Not the layout's own bound, which may be more than the screen.
+    // Fits the window to its contents whenever they change, until the user chooses another size.
     bool event(QEvent* event) override {
         const bool handled = QWidget::event(event);
-        if (event->type() == QEvent::LayoutRequest)
-            setMinimumSize(layout()->minimumSize().boundedTo(RoomFor(*this)));
+        if (event->type() == QEvent::LayoutRequest) {
+            if (size() == _fitted)
+                Fit(pos(), _least);
+            else
+                BoundLeastSize(*this);
+        }
         return handled;
     }
 
@@ -72,6 +82,7 @@ private:
 
     BWindow& _window;
     QPointer<QPushButton> _default_button;
+    QSize _least, _fitted;
 };
 
 // Qt tells assistive tools that a plain widget is no window, even at the top.
@@ -116,8 +127,8 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     ShowLabels();
 
     const KSRect<long> frame = window.Frame();
-    Place(*_top, QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
-          QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
+    _top->Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
+              QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
     _top->show();
 }
 
