@@ -2,6 +2,7 @@
 // The common part of the mirrors, and the table of the makers.
 #include "display/control_mirror.h"
 
+#include "display/shown_text.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSCheckBox.h"
@@ -64,6 +65,14 @@ void ControlMirror::Apply() {
     else if (_widget && _hidden != _shown_hidden)
         _widget->setVisible(!_hidden);
     _shown_hidden = _hidden;
+    if (const QString tip = TipFor(_label, ShownLabel()); tip != _tip && _widget) {
+        _widget->setToolTip(tip);
+        _tip = tip;
+    }
+}
+
+QString ControlMirror::ShownLabel() const {
+    return ShownText(_label);
 }
 
 void ControlMirror::SetName(const QString& name) {
@@ -74,11 +83,12 @@ void ControlMirror::SetName(const QString& name) {
 void ControlMirror::ShowLabel(int, QWidget*) {}
 
 QString ControlMirror::MarkedLabel(int position) const {
+    const QString label = ShownLabel();
     QString marked;
-    for (int i = 0; i < _label.size(); ++i) {
-        if (i == position || _label[i] == u'&')
+    for (int i = 0; i < label.size(); ++i) {
+        if (i == position || label[i] == u'&')
             marked += u'&';
-        marked += _label[i];
+        marked += label[i];
     }
     return marked;
 }

@@ -48,11 +48,13 @@ public:
 
     // The control's label and visibility as last fetched.
     const QString& Label() const { return _label; }
+    // The label as there is room to show it. Its tip tells the rest.
+    virtual QString ShownLabel() const;
     bool IsHidden() const { return _hidden; }
 
 protected:
     void SetWidget(QWidget* widget) { _widget = widget; }
-    // Returns the label with "&" before the character at `position`, and every "&" of its own doubled.
+    // Returns the shown label with "&" before the character at `position`, and every "&" of its own doubled.
     QString MarkedLabel(int position) const;
 
 private:
@@ -60,6 +62,7 @@ private:
     WindowMirror& _window;
     QWidget* _widget = nullptr;
     QString _label;
+    QString _tip;  // of a label that is not shown whole
     bool _hidden = false;
     bool _shown_hidden = false;
 };

@@ -421,7 +421,9 @@ void PenStyle::DrawButtonLabel(QPainter& painter, const QStyleOption& option) co
     const QColor ground = draw::ButtonGround(*_worn, state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
     painter.setPen(_worn->On(TextPen(state.is_enabled), ground));
-    painter.drawText(rect, Qt::AlignCenter | Qt::TextShowMnemonic, button->text);
+    painter.drawText(
+        rect, Qt::AlignCenter | Qt::TextShowMnemonic,
+        button->fontMetrics.elidedText(button->text, Qt::ElideRight, rect.width(), Qt::TextShowMnemonic));
     if (Has(option, State_HasFocus))
         draw::Focus(painter, *_worn,
                     option.rect.adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset), ground);

@@ -99,6 +99,7 @@ private:
     // over when the program ends.
     void AddClearButton() {
         _clear = addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
+        _clear->setText(QString::fromUtf8(texts::kClear));
         _clear->setVisible(!text().isEmpty());
         connect(_clear, &QAction::triggered, this, [this] { _chosen(QString()); });
     }
@@ -123,7 +124,7 @@ private:
         if (unreadable) {
             _warning =
                 addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
-            _warning->setToolTip(QString::fromUtf8(texts::kNoPicture));
+            _warning->setText(QString::fromUtf8(texts::kNoPicture));
         } else {
             delete std::exchange(_warning, nullptr);
         }
@@ -234,7 +235,7 @@ public:
     QWidget* Editor() const override { return _edit; }
 
     void SetName(const QString& name) override {
-        _edit->setAccessibleName(name);
+        _edit->setAccessibleName(name + QStringLiteral(": ") + QString::fromUtf8(texts::kBitmap));
         _browse->setAccessibleName(name + QStringLiteral(": ") + QString::fromUtf8(texts::kBrowse));
     }
 

@@ -37,6 +37,8 @@ void DisplayServer::Prepare(bool bus_answers) {
     // On several desktops Qt would load GTK, which costs a tenth of a second and 65 MB for the same window.
     // QT_QPA_PLATFORMTHEME still names a theme where the user wants one.
     QGuiApplication::setDesktopSettingsAware(false);
+    // Desktops find the window's icon and name by this, which is the name of the .desktop file.
+    QGuiApplication::setDesktopFileName(QStringLiteral("nymbrel-config"));
 
     // fontconfig reads its files during the rest of the start, which takes about as long. The locale is set
     // first: it must not change while another thread runs.

@@ -5,6 +5,8 @@
 namespace texts {
 
 constexpr const char* kNoPicture = "This file is not a readable picture";
+constexpr const char* kBitmap = "bitmap";
+constexpr const char* kClear = "Clear";
 constexpr const char* kBrowse = "Choose a file";
 constexpr const char* kPictures = "Pictures";
 constexpr const char* kAllFiles = "All files";
