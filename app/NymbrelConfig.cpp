@@ -13,6 +13,7 @@
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSCycle.h"
 #include "toolkit/KSLabel.h"
+#include "toolkit/KSLookPreview.h"
 #include "toolkit/KSPicture.h"
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSPopFont.h"
@@ -268,6 +269,9 @@ void NCApplication::ReadyToRun() {
     BuildContents();
     auto* window = new NCWindow({100, 100, 600, 400}, LocalString(kStringWindowTitle), 1, 0, 0, 0);
     window->AddChild(_container);
+    auto* preview = new KSContainer({496, 0, 765, 300}, "preview");
+    preview->SetContent(new KSLookPreview(nullptr, 0));
+    window->AddChild(preview);
     window->Show();
     ApplyDefaults();
     ReadSettings();

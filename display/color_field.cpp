@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // A colour field: shows its colour, opens a colour dialog, takes and gives colours by drag and drop.
-#include "display/control_mirror.h"
+#include "display/color_mirror.h"
 #include "display/draw.h"
 #include "display/look.h"
 #include "display/pen_style.h"
@@ -43,6 +43,11 @@ public:
         _color = color;
         SetValueText(color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb));
         update();
+    }
+
+    void ChooseFrom(const QColor& start) {
+        Choose();
+        _dialog->setCurrentColor(start);
     }
 
     QSize sizeHint() const override { return look::SampleSize(*this); }
@@ -119,10 +124,10 @@ private:
     QPointer<QColorDialog> _dialog;
 };
 
-class ColorFieldMirror : public ControlMirror {
+class ColorFieldMirror : public ColorMirror {
 public:
     ColorFieldMirror(KSColorField& control, WindowMirror& window, QWidget* parent)
-        : ControlMirror(control, window),
+        : ColorMirror(control, window),
           _control(control),
           _button(new ColorButton([this](const QColor& c) { _control.EditColor(FromColor(c)); }, parent)) {
         SetWidget(_button);
@@ -139,6 +144,8 @@ public:
     }
 
     QWidget* Editor() const override { return _button; }
+
+    void ChooseFrom(const QColor& start) override { _button->ChooseFrom(start); }
 
 private:
     KSColorField& _control;

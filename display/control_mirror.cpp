@@ -10,6 +10,7 @@
 #include "toolkit/KSCycle.h"
 #include "toolkit/KSLabel.h"
 #include "toolkit/KSListView.h"
+#include "toolkit/KSLookPreview.h"
 #include "toolkit/KSPicture.h"
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSPopFont.h"
@@ -36,7 +37,8 @@ constexpr Maker kMakers[] = {
     MakeIf<KSSpinBox, MirrorSpinBox>,     MakeIf<KSCheckBox, MirrorCheckBox>,
     MakeIf<KSCycle, MirrorCycle>,         MakeIf<KSListView, MirrorListView>,
     MakeIf<KSButton, MirrorButton>,       MakeIf<KSPicture, MirrorPicture>,
-    MakeIf<KSSeparator, MirrorSeparator>, MakeIf<KSControl, MirrorGroup>,
+    MakeIf<KSSeparator, MirrorSeparator>, MakeIf<KSLookPreview, MirrorLookPreview>,
+    MakeIf<KSControl, MirrorGroup>,
 };
 
 }  // namespace

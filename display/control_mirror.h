@@ -77,6 +77,7 @@ class KSColorField;
 class KSCycle;
 class KSLabel;
 class KSListView;
+class KSLookPreview;
 class KSPicture;
 class KSPopFile;
 class KSPopFont;
@@ -91,6 +92,8 @@ std::unique_ptr<ControlMirror> MirrorCycle(KSCycle& control, WindowMirror& windo
 std::unique_ptr<ControlMirror> MirrorGroup(KSControl& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorLabel(KSLabel& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorListView(KSListView& control, WindowMirror& window, QWidget* parent);
+std::unique_ptr<ControlMirror> MirrorLookPreview(KSLookPreview& control, WindowMirror& window,
+                                                 QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorPicture(KSPicture& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorPopFile(KSPopFile& control, WindowMirror& window, QWidget* parent);
 std::unique_ptr<ControlMirror> MirrorPopFont(KSPopFont& control, WindowMirror& window, QWidget* parent);

@@ -61,7 +61,12 @@ void Wardrobe::ReadBitmaps() {
 
 void Wardrobe::WearPlain(bool plain) {
     _plain = plain;
+    _is_shown = false;
     Refresh();
+}
+
+void Wardrobe::SetFollower(std::function<void()> follower) {
+    _follower = std::move(follower);
 }
 
 void Wardrobe::Refresh() {
@@ -69,13 +74,14 @@ void Wardrobe::Refresh() {
     ks_look look = _look;
     if (_trial)
         _trial(look);
-    if (_plain)
-        look = PlainLook(look);
-    if (_is_shown && look == _shown)
+    if (_is_shown && look == _truth.Look())
         return;
-    _shown = look;
     _is_shown = true;
-    PenStyle::Instance().Wear(Worn(look, BitmapsOf(look), Worn::Ink::kReadable));
+    _truth = Worn(look, BitmapsOf(look), Worn::Ink::kTrue);
+    PenStyle::Instance().Wear(_plain ? Worn(PlainLook(look), {}, Worn::Ink::kReadable)
+                                     : _truth.With(Worn::Ink::kReadable));
+    if (_follower)
+        _follower();
 }
 
 std::array<QPixmap, ks_look::kLevels> Wardrobe::BitmapsOf(const ks_look& look) {

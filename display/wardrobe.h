@@ -33,6 +33,11 @@ public:
     void WearPlain(bool plain);
     bool IsPlain() const { return _plain; }
 
+    // The look as it is chosen or tried on, drawn without any correction, also while plain colours are worn.
+    const Worn& Truth() const { return _truth; }
+    // Has `follower` called after each change of what is worn; null ends that.
+    void SetFollower(std::function<void()> follower);
+
 private:
     struct bitmap {
         QDateTime changed;
@@ -47,8 +52,9 @@ private:
     std::function<void(ks_look&)> _trial;
     bool _plain = false;
     bool _reads_bitmaps = false;
-    ks_look _shown;
+    Worn _truth;
     bool _is_shown = false;
+    std::function<void()> _follower;
     QElapsedTimer _since_trial;
     QTimer _next_trial;
     std::map<std::string, bitmap> _bitmaps;

@@ -16,12 +16,13 @@
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
+#include <QShortcut>
 #include <QSignalBlocker>
-#include <QVBoxLayout>
 #include <QWidget>
 
 #include <set>
@@ -102,9 +103,11 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     }
     wardrobe.Wear(look);
 
-    auto* layout = new QVBoxLayout(_top.get());
+    auto* layout = new QHBoxLayout(_top.get());
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetNoConstraint);
+    layout->setSpacing(0);
+    new QShortcut(Qt::Key_F8, _top.get(), [&wardrobe] { wardrobe.WearPlain(!wardrobe.IsPlain()); });
     {
         BAutolock lock(&window);
         if (!lock)

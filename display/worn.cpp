@@ -42,6 +42,12 @@ Worn::Worn(const ks_look& look, const std::array<QPixmap, ks_look::kLevels>& bit
     }
 }
 
+Worn Worn::With(Ink ink) const {
+    Worn result = *this;
+    result._ink = ink;
+    return result;
+}
+
 QColor Worn::Pen(ks_pen pen) const {
     return pen == KS_PEN_NONE ? QColor(Qt::transparent) : ToColor(_look.pens[static_cast<std::size_t>(pen)]);
 }

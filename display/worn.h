@@ -22,6 +22,9 @@ public:
     // Wears `look`. `bitmaps` holds a picture for each level that has one that could be read.
     Worn(const ks_look& look, const std::array<QPixmap, ks_look::kLevels>& bitmaps, Ink ink);
 
+    // The same look drawn otherwise.
+    Worn With(Ink ink) const;
+
     bool IsNymbrel() const { return _look.is_nymbrel; }
     const ks_look& Look() const { return _look; }
 

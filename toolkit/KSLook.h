@@ -34,6 +34,8 @@ public:
     void TieLook(KSCycle* editor);
     void TieBubbleHelp(KSCheckBox* is_used, KSSpinBox* wait);
     void TieMouseHold(KSSpinBox* editor);
+    // Returns the editor that stands in the file's place, or null.
+    KSColorField* Editor(ks_pen pen) const { return _pens[static_cast<std::size_t>(pen)]; }
     // Forgets all editors.
     void Untie();
 
