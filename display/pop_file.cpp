@@ -123,11 +123,11 @@ private:
         if (unreadable) {
             _warning =
                 addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
-            _warning->setToolTip(QString::fromUtf8(texts::kNoPicture));
+            _warning->setToolTip(texts::Text(texts::kNoPicture));
         } else {
             delete std::exchange(_warning, nullptr);
         }
-        setToolTip(unreadable ? QString::fromUtf8(texts::kNoPicture) : QString());
+        setToolTip(unreadable ? texts::Text(texts::kNoPicture) : QString());
         setAccessibleDescription(toolTip());
         update();  // the text moves aside
     }
@@ -162,10 +162,10 @@ public:
         setAttribute(Qt::WA_DeleteOnClose);
         setOption(QFileDialog::DontUseNativeDialog);
         setFileMode(QFileDialog::ExistingFile);
-        setNameFilters({PicturesFilter(), QString::fromUtf8(texts::kAllFiles) + QStringLiteral(" (*)")});
+        setNameFilters({PicturesFilter(), texts::Text(texts::kAllFiles) + QStringLiteral(" (*)")});
         _preview->setFixedWidth(kPreview);
         _preview->setAlignment(Qt::AlignCenter);
-        _preview->setText(QString::fromUtf8(texts::kNoPreview));
+        _preview->setText(texts::Text(texts::kNoPreview));
         if (auto* grid = dynamic_cast<QGridLayout*>(layout()))
             grid->addWidget(_preview, 0, grid->columnCount(), grid->rowCount(), 1);
         connect(this, &QFileDialog::currentChanged, this, [this](const QString& path) { Preview(path); });
@@ -179,14 +179,14 @@ private:
         for (const QByteArray& format : QImageReader::supportedImageFormats())
             patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
         patterns.removeDuplicates();
-        return QString::fromUtf8(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
+        return texts::Text(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
     }
 
     void Preview(const QString& path) {
         const qreal ratio = devicePixelRatio();
         QImage image = ReadPicture(path, QSize(kPreview, kPreview) * ratio);
         if (image.isNull()) {
-            _preview->setText(QString::fromUtf8(texts::kNoPreview));
+            _preview->setText(texts::Text(texts::kNoPreview));
             return;
         }
         image.setDevicePixelRatio(ratio);
@@ -235,7 +235,7 @@ public:
 
     void SetName(const QString& name) override {
         _edit->setAccessibleName(name);
-        _browse->setAccessibleName(name + QStringLiteral(": ") + QString::fromUtf8(texts::kBrowse));
+        _browse->setAccessibleName(name + QStringLiteral(": ") + texts::Text(texts::kBrowse));
     }
 
 private:

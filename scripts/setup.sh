@@ -4,7 +4,7 @@
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev libfontconfig-dev libstb-dev)
-window_packages=(fonts-dejavu-core)
+window_packages=(fonts-dejavu-core qt6-translations-l10n)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
 test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
 
@@ -68,13 +68,12 @@ catalogs_directory() {
 
 # install_catalogs: copies the bundled catalogs that the user does not have; one that is there stays as it is.
 install_catalogs() {
-    local directory language
+    local directory bundled catalog
     directory=$(catalogs_directory)
-    for language in "$root"/catalogs/*/; do
-        language=$(basename "$language")
-        [ -e "$directory/$language/NymbrelConfig.catalog" ] && continue
-        mkdir -p "$directory/$language" &&
-            cp "$root/catalogs/$language/NymbrelConfig.catalog" "$directory/$language/" ||
-            echo "${0##*/}: cannot install the catalog of $language in $directory; going on without it." >&2
+    for bundled in "$root"/catalogs/*/*.catalog; do
+        catalog=$directory/${bundled#"$root/catalogs/"}
+        [ -e "$catalog" ] && continue
+        mkdir -p "${catalog%/*}" && cp "$bundled" "$catalog" ||
+            echo "${0##*/}: cannot install $catalog; going on without it." >&2
     done
 }

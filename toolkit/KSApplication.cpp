@@ -35,6 +35,7 @@ template <class Visit> void ForEachControl(const BApplication& application, Visi
 KSApplication::KSApplication(const char* signature, const char* catalog) : BApplication(signature) {
     ks_create_settings_directory();
     ks_locale->Open(catalog);
+    ks_toolkit_locale->Open("Nymbrel.catalog");
     ks_current_look->Read();
 }
 
