@@ -2,6 +2,7 @@
 // The common part of the mirrors, and the table of the makers.
 #include "display/control_mirror.h"
 
+#include "display/pen_style.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSCheckBox.h"
@@ -15,6 +16,8 @@
 #include "toolkit/KSSeparator.h"
 #include "toolkit/KSSpinBox.h"
 
+#include <QEvent>
+#include <QTextDocument>
 #include <QWidget>
 
 namespace {
@@ -38,6 +41,17 @@ constexpr Maker kMakers[] = {
     MakeIf<KSSeparator, MirrorSeparator>, MakeIf<KSControl, MirrorGroup>,
 };
 
+// Shows a widget's bubble help only where the look wants any.
+class BubbleHelpSwitch : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::ToolTip && !PenStyle::Instance().Wearing().Look().bubble_help;
+    }
+};
+
 }  // namespace
 
 std::unique_ptr<ControlMirror> MakeMirror(KSControl& control, WindowMirror& window, QWidget* parent) {
@@ -55,6 +69,7 @@ ControlMirror::ControlMirror(KSControl& control, WindowMirror& window) : _contro
 void ControlMirror::Fetch() {
     _label = QString::fromStdString(_control.Label());
     _hidden = _control.IsHidden();
+    _bubble_help = QString::fromStdString(_control.BubbleHelp());
 }
 
 void ControlMirror::Apply() {
@@ -64,6 +79,16 @@ void ControlMirror::Apply() {
     else if (_widget && _hidden != _shown_hidden)
         _widget->setVisible(!_hidden);
     _shown_hidden = _hidden;
+    if (_widget && _bubble_help != _shown_bubble_help)
+        ApplyBubbleHelp();
+}
+
+void ControlMirror::ApplyBubbleHelp() {
+    if (!_bubble_help_switch)
+        _widget->installEventFilter(_bubble_help_switch = new BubbleHelpSwitch(_widget));
+    _shown_bubble_help = _bubble_help;
+    _widget->setToolTip(Qt::mightBeRichText(_bubble_help) ? Qt::convertFromPlainText(_bubble_help)
+                                                          : _bubble_help);
 }
 
 void ControlMirror::SetName(const QString& name) {

@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class QObject;
 class QWidget;
 class WindowMirror;
 
@@ -56,12 +57,16 @@ protected:
     QString MarkedLabel(int position) const;
 
 private:
+    void ApplyBubbleHelp();
+
     KSControl& _control;
     WindowMirror& _window;
     QWidget* _widget = nullptr;
     QString _label;
     bool _hidden = false;
     bool _shown_hidden = false;
+    QString _bubble_help, _shown_bubble_help;
+    QObject* _bubble_help_switch = nullptr;  // owned by the widget
 };
 
 // Makes the mirror of a control and of everything below it, with a widget inside `parent`. A plain KSControl
