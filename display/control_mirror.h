@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class QObject;
 class QWidget;
 class WindowMirror;
 
@@ -58,13 +59,17 @@ protected:
     QString MarkedLabel(int position) const;
 
 private:
+    void ApplyTip();
+
     KSControl& _control;
     WindowMirror& _window;
     QWidget* _widget = nullptr;
     QString _label;
-    QString _tip;  // of a label that is not shown whole
+    QString _tip;
     bool _hidden = false;
     bool _shown_hidden = false;
+    QString _bubble_help;
+    QObject* _bubble_help_switch = nullptr;  // owned by the widget
 };
 
 // Makes the mirror of a control and of everything below it, with a widget inside `parent`. A plain KSControl

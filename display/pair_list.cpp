@@ -20,17 +20,17 @@ constexpr QColor kWarning(200, 0, 0);
 constexpr QSize kSwatch(32, 18);
 constexpr int kInset = 5;
 
-const char* NameOfGround(ks_pen pen) {
-    constexpr const char* kNames[] = {
+const texts::text& NameOfGround(ks_pen pen) {
+    static constexpr texts::text kNames[] = {
         texts::kGroundLow,     texts::kGroundMedium,  texts::kGroundHigh,
         texts::kGroundEdit,    texts::kGroundRead,    texts::kGroundLists,
         texts::kGroundButtons, texts::kGroundSliders, texts::kGroundSelected,
     };
     const auto index = static_cast<std::size_t>(pen);
-    return index < std::size(kNames) ? kNames[index] : texts::kGroundPaint;
+    return index < std::size(kNames) ? kNames[index] : texts::kInkPaint;
 }
 
-const char* NameOfInk(ks_pen pen) {
+const texts::text& NameOfInk(ks_pen pen) {
     switch (pen) {
     case KS_PEN_TEXT:
         return texts::kInkText;
@@ -47,11 +47,11 @@ const char* NameOfInk(ks_pen pen) {
 
 QString WordsFor(const pen_pair& pair) {
     if (pair.ink == KS_PEN_TEXT_FG_MARKED)
-        return QString::fromUtf8(texts::kInkMarkedText);
+        return texts::Text(texts::kInkMarkedText);
     if (pair.ink == KS_PEN_TEXT_BG_CURSOR)
-        return QString::fromUtf8(texts::kInkCursor);
-    return QString::fromUtf8(texts::kInkOnGround)
-        .arg(QString::fromUtf8(NameOfInk(pair.ink)), QString::fromUtf8(NameOfGround(pair.ground)));
+        return texts::Text(texts::kInkCursor);
+    return texts::Text(texts::kInkOnGround)
+        .arg(texts::Text(NameOfInk(pair.ink)), texts::Text(NameOfGround(pair.ground)));
 }
 
 // Rounded down, so that what is shown as 4.5 is enough.
@@ -131,7 +131,7 @@ private:
 
 PairList::PairList(std::function<void(const pen_pair&)> chosen, QWidget* parent)
     : QListWidget(parent), _chosen(std::move(chosen)) {
-    setAccessibleName(QString::fromUtf8(texts::kPairs));
+    setAccessibleName(texts::Text(texts::kPairs));
     setItemDelegate(new Delegate(this));
     setSelectionMode(QAbstractItemView::NoSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -146,7 +146,7 @@ void PairList::Show(const Worn& truth) {
     for (std::size_t i = 0; i < _pairs.size(); ++i) {
         QString text = WordsFor(_pairs[i]) + QStringLiteral(", ") + RatioOf(_pairs[i]);
         if (_pairs[i].IsHard())
-            text += QStringLiteral(", ") + QString::fromUtf8(texts::kTooLow);
+            text += QStringLiteral(", ") + texts::Text(texts::kTooLow);
         if (static_cast<int>(i) == count())
             addItem(text);
         else if (item(static_cast<int>(i))->text() != text)

@@ -36,16 +36,12 @@ constexpr int kWidth = 270;
 constexpr QSize kHandle(10, 64);
 constexpr int kBorder = 4;
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 // The picture, as people with some colour vision see it.
 class PictureView : public QWidget {
 public:
     PictureView(const Wardrobe& wardrobe, QWidget* parent) : QWidget(parent), _wardrobe(wardrobe) {
         setFixedHeight(kPreviewHeight);
-        setAccessibleName(Text(texts::kPreview));
+        setAccessibleName(texts::Text(texts::kPreview));
     }
 
     void SetVision(ColorVision vision) {
@@ -84,10 +80,10 @@ public:
         column->setContentsMargins(kBorder, kBorder, kBorder + kHandle.width(), kBorder);
         column->setSpacing(kBorder);
         auto* vision = new QComboBox(this);
-        for (const char* text :
+        for (const texts::text& text :
              {texts::kUsualVision, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
-            vision->addItem(Text(text));
-        vision->setAccessibleName(Text(texts::kVision));
+            vision->addItem(texts::Text(text));
+        vision->setAccessibleName(texts::Text(texts::kVision));
         vision->setFocusPolicy(Qt::StrongFocus);
         auto* picture = new PictureView(window.Worn(), this);
         connect(vision, &QComboBox::currentIndexChanged, picture,
@@ -112,7 +108,8 @@ private:
         _heading->setFont(font);
         _pairs->Show(_window.Worn().Truth());
         const int hard = _pairs->HardPairs();
-        _heading->setText(hard ? Text(texts::kHardToRead).arg(hard) : Text(texts::kAllCanBeRead));
+        _heading->setText(hard ? texts::Text(texts::kHardToRead) + QStringLiteral(": %1").arg(hard)
+                               : texts::Text(texts::kAllCanBeRead));
     }
 
     // Opens the dialog of the ink with a colour that can be told from the ground.
@@ -142,7 +139,7 @@ public:
 
     void SetOpen(bool open) {
         _open = open;
-        setAccessibleName(Text(open ? texts::kHidePreview : texts::kShowPreview));
+        setAccessibleName(texts::Text(open ? texts::kHidePreview : texts::kShowPreview));
         update();
     }
 

@@ -70,9 +70,9 @@ private:
         return result;
     }
 
-    void Write(ks_font font, const char* text, const QRect& rect, ks_pen pen, const QColor& ground,
+    void Write(ks_font font, const texts::text& text, const QRect& rect, ks_pen pen, const QColor& ground,
                int alignment = Qt::AlignVCenter | Qt::AlignLeading) {
-        const QString words = QString::fromUtf8(text);
+        const QString words = texts::Text(text);
         _painter.setFont(FontThatFits(font, words, rect.size()));
         _painter.setPen(_worn.On(pen, ground));
         _painter.drawText(rect, alignment, words);
@@ -99,9 +99,9 @@ private:
 
     // A line with marked text and the cursor on a letter.
     void EditLine(const QRect& rect) {
-        const QString before = QString::fromUtf8(texts::kSampleEdit) + u' ',
-                      marked = QString::fromUtf8(texts::kSampleMarked),
-                      after = u' ' + QString::fromUtf8(texts::kSampleCursor);
+        const QString before = texts::Text(texts::kSampleEdit) + u' ',
+                      marked = texts::Text(texts::kSampleMarked),
+                      after = u' ' + texts::Text(texts::kSampleCursor);
         const qsizetype cursor = (after.size() + 1) / 2;
         draw::Field(_painter, _worn, rect, KS_PEN_BG_EDIT);
         const QRect room = rect.adjusted(6, 3, -6, -3);
@@ -127,7 +127,7 @@ private:
         write(after.mid(cursor + 1), KS_PEN_TEXT, ground);
     }
 
-    void Check(const QRect& rect, const char* text, bool is_enabled) {
+    void Check(const QRect& rect, const texts::text& text, bool is_enabled) {
         draw::Check(_painter, _worn, QRect(rect.topLeft(), QSize(kCheckSize, kCheckSize)), true, is_enabled,
                     false);
         Write(KS_FONT_NORMAL, text, rect.adjusted(kCheckSize + 6, -3, -2, 3),
@@ -137,9 +137,9 @@ private:
     void List(const QRect& rect) {
         draw::Field(_painter, _worn, rect, KS_PEN_BG_LIST);
         QRect room = rect.adjusted(2, 2, -2, -2);
-        for (const char* text : {texts::kSampleFirst, texts::kSampleSelected, texts::kSampleThird}) {
+        for (const texts::text& text : {texts::kSampleFirst, texts::kSampleSelected, texts::kSampleThird}) {
             const QRect row = Take(room, kRow);
-            const bool is_selected = text == texts::kSampleSelected;
+            const bool is_selected = text.id == texts::kSampleSelected.id;
             if (is_selected)
                 draw::Selection(_painter, _worn, row);
             Write(KS_FONT_NORMAL, text, row.adjusted(kInset, 1, -4, -1), KS_PEN_TEXT,
@@ -171,7 +171,7 @@ private:
 
     void Buttons(const QRect& rect) {
         struct button {
-            const char* text;
+            texts::text text;
             draw::ButtonState state;
         };
         constexpr button kButtons[] = {{texts::kSampleButton, {}},

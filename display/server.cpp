@@ -5,6 +5,7 @@
 #include "display/display.h"
 #include "display/pen_style.h"
 #include "display/start_failure.h"
+#include "display/texts.h"
 #include "display/wardrobe.h"
 #include "display/window_mirror.h"
 #include "hdr/ks_assert.h"
@@ -56,6 +57,7 @@ void DisplayServer::Prepare(bool bus_answers) {
     static char name[] = "NymbrelConfig";
     static char* arguments[] = {name, nullptr};
     _application = std::make_unique<QApplication>(count, arguments);
+    texts::TranslateQt(*_application);
     _wardrobe = std::make_unique<Wardrobe>();
     QApplication::setQuitOnLastWindowClosed(false);
     _queue.Listen();

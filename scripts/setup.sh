@@ -4,7 +4,7 @@
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev libfontconfig-dev libstb-dev)
-window_packages=(fonts-dejavu-core)
+window_packages=(fonts-dejavu-core qt6-translations-l10n)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
 test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
 

@@ -37,6 +37,7 @@ KSApplication::KSApplication(const char* signature, const char* catalog) : BAppl
     ks_create_settings_directory();
     ks_link_installed_languages();
     ks_locale->Open(catalog);
+    ks_toolkit_locale->Open("Nymbrel.catalog");
     ks_current_look->Read();
 }
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-KSLocale locale;
+KSLocale locale, toolkit_locale;
 
 constexpr std::size_t kLargestCatalog = 1 << 20;
 
@@ -48,20 +48,19 @@ std::optional<std::string> Unescaped(std::string_view text) {
 }  // namespace
 
 KSLocale* const ks_locale = &locale;
+KSLocale* const ks_toolkit_locale = &toolkit_locale;
 
 void KSLocale::Open(const char* catalog) {
     // The language list always holds this one, with or without an entry of its own.
-    std::string directory = LanguageDirectory("english").value_or("");
-    ks_read_settings_lines([&, english = directory](const ks_settings_line& line) {
+    _language = "english";
+    ks_read_settings_lines([&](const ks_settings_line& line) {
         if (ks_find_setting(line) != ks_setting{ks_setting_kind::kLanguage})
             return;
-        const std::string language = line.Value();
-        if (language == "english")
-            directory = english;
-        else if (const auto found = LanguageDirectory(language))
-            directory = *found;
+        if (const std::string language = line.Value(); language == "english" || LanguageDirectory(language))
+            _language = language;
     });
-    Read(directory.empty() || !catalog ? std::string() : ReadCatalog(directory + "/" + catalog));
+    const std::optional<std::string> directory = LanguageDirectory(_language);
+    Read(directory && catalog ? ReadCatalog(*directory + "/" + catalog) : std::string());
 }
 
 void KSLocale::Read(std::string_view text) {
