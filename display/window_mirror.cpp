@@ -42,6 +42,7 @@ public:
     }
 
     void Fit(QPoint start, QSize least) {
+        _start = start;
         _least = least;
         FitToScreen(*this, start, least);
         _fitted = size();
@@ -58,7 +59,7 @@ protected:
         const bool handled = QWidget::event(event);
         if (event->type() == QEvent::LayoutRequest) {
             if (size() == _fitted)
-                Fit(pos(), _least);
+                Fit(frameGeometry() == geometry() ? _start : pos(), _least);
             else
                 BoundLeastSize(*this);
         }
@@ -83,6 +84,7 @@ private:
 
     BWindow& _window;
     QPointer<QPushButton> _default_button;
+    QPoint _start;  // of the frame
     QSize _least, _fitted;
 };
 
@@ -128,6 +130,10 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     }
     _top->setWindowTitle(QString::fromUtf8(window.Title()));
     ShowLabels();
+    // What was measured before the texts were there is measured again, children before their parents.
+    const QList<QWidget*> widgets = _top->findChildren<QWidget*>();
+    for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget)
+        (*widget)->updateGeometry();
 
     const KSRect<long> frame = window.Frame();
     _top->Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),

@@ -71,7 +71,7 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
                           color.red, color.green, color.blue);
             expect(name, QAccessible::ColorChooser, value);
             if (pen < kBackgroundCount)
-                expect(name, QAccessible::EditableText, pen == 0 ? path : "");
+                expect(name + ": bitmap", QAccessible::EditableText, pen == 0 ? path : "");
         }
         for (int i = 0; i < kFontCount; ++i) {
             const BFont font = _fonts[i]->Font();
@@ -85,7 +85,8 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
         for (const char* list : {"Language", "Categories"})
             expect(list, QAccessible::List, "");
         expect("Nymbrel Config", QAccessible::Window, "");
-        for (const char* group : {"Pens", "Text", "System", "Options", "Language", "Advanced", "Look"})
+        for (const char* group :
+             {"Pens", "Text", "System", "Backgrounds", "Fonts", "Options", "Language", "Advanced", "Look"})
             expect(group, QAccessible::Grouping, "");
         for (const char* button : {"OK", "Apply", "Revert", "Reset colors"})
             expect(button, QAccessible::Button, "");

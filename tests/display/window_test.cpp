@@ -7,6 +7,7 @@
 #include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 
 #include <unistd.h>
 
@@ -76,7 +77,8 @@ void ExpectNothingIsCutOff(QWidget* top) {
         else if (auto* box = dynamic_cast<QGroupBox*>(widget))
             least = box->fontMetrics().horizontalAdvance(box->title());
         EXPECT_GE(widget->width(), least) << widget->accessibleName().toStdString();
-        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) || !least)
+        const bool scrolls = dynamic_cast<QScrollArea*>(widget->parentWidget()->parentWidget());
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) || !least || scrolls)
             << widget->accessibleName().toStdString();
     }
 }
