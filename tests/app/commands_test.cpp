@@ -76,6 +76,8 @@ TEST_F(Commands, GoOnWhenTheFileCannotBeWritten) {
         reference::settings wanted = Defaults();
         reference::reset_colors(wanted, true);
         EXPECT_EQ(editor_values(), wanted);
+        program.Do(NCApplication::kRevert);
+        EXPECT_EQ(editor_values(), Defaults());
         program.PostMessage(NCApplication::kOk);
     });
     EXPECT_EQ(announced, 3);
