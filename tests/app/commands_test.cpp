@@ -3,13 +3,21 @@
 #include "tests/app/running_program.h"
 #include "tests/settings/editors.h"
 #include "toolkit/KSButton.h"
+#include "toolkit/default_fonts.h"
 
 namespace {
 
 class Commands : public testing::Test {
 protected:
     std::string File() const { return ScopedHome::Read(home.SettingsFile()); }
-    static reference::settings Defaults() { return reference::settings(font_value(*config::_fonts[0])); }
+    static reference::settings Defaults() {
+        reference::settings values(font_value(*config::_fonts[0]));
+        for (std::size_t i = 0; i < values.fonts.size(); ++i) {
+            const BFont& font = ks_default_font(static_cast<ks_font>(i));
+            values.fonts[i] = {font.Family(), font.Style(), font.Size()};
+        }
+        return values;
+    }
 
     ScopedHome home;
 };
@@ -68,6 +76,8 @@ TEST_F(Commands, GoOnWhenTheFileCannotBeWritten) {
         reference::settings wanted = Defaults();
         reference::reset_colors(wanted, true);
         EXPECT_EQ(editor_values(), wanted);
+        program.Do(NCApplication::kRevert);
+        EXPECT_EQ(editor_values(), Defaults());
         program.PostMessage(NCApplication::kOk);
     });
     EXPECT_EQ(announced, 3);
