@@ -18,6 +18,7 @@
 #include "toolkit/KSLookPreview.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QImage>
 #include <QLabel>
@@ -29,6 +30,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -85,7 +87,7 @@ public:
         column->setSpacing(kBorder);
         auto* vision = new QComboBox(this);
         for (const char* text :
-             {texts::kUsualVision, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
+             {texts::kMostPeople, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
             vision->addItem(Text(text));
         vision->setAccessibleName(Text(texts::kVision));
         vision->setFocusPolicy(Qt::StrongFocus);
@@ -112,7 +114,8 @@ private:
         _heading->setFont(font);
         _pairs->Show(_window.Worn().Truth());
         const int hard = _pairs->HardPairs();
-        _heading->setText(hard ? Text(texts::kHardToRead).arg(hard) : Text(texts::kAllCanBeRead));
+        _heading->setText(hard ? Text(texts::kHardToRead) + QStringLiteral(": %1").arg(hard)
+                               : Text(texts::kAllCanBeRead));
     }
 
     // Opens the dialog of the ink with a colour that can be told from the ground.
@@ -242,7 +245,7 @@ private:
         const bool open = isHidden();
         SetOpen(open);
         updateGeometry();
-        window()->layout()->activate();
+        QCoreApplication::sendPostedEvents(window(), QEvent::LayoutRequest);
         if (window()->isMaximized() || window()->isFullScreen())
             return;
         if (open) {
