@@ -18,6 +18,7 @@
 #include "toolkit/KSLookPreview.h"
 
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QImage>
 #include <QLabel>
@@ -29,6 +30,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -81,7 +83,7 @@ public:
         column->setSpacing(kBorder);
         auto* vision = new QComboBox(this);
         for (const texts::text& text :
-             {texts::kUsualVision, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
+             {texts::kMostPeople, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
             vision->addItem(texts::Text(text));
         vision->setAccessibleName(texts::Text(texts::kVision));
         vision->setFocusPolicy(Qt::StrongFocus);
@@ -239,7 +241,7 @@ private:
         const bool open = isHidden();
         SetOpen(open);
         updateGeometry();
-        window()->layout()->activate();
+        QCoreApplication::sendPostedEvents(window(), QEvent::LayoutRequest);
         if (window()->isMaximized() || window()->isFullScreen())
             return;
         if (open) {

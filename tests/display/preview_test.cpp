@@ -53,7 +53,7 @@ TEST_F(Preview, MendsAPairInTheDialogOfItsInk) {
         program.OnScreen([&] {
             auto* pairs = program.Named<QListWidget>("Pairs of colors");
             EXPECT_TRUE(pairs->item(0)->text().startsWith(QStringLiteral("Marks on ")));
-            EXPECT_TRUE(pairs->item(0)->text().endsWith(QStringLiteral(", too low")));
+            EXPECT_TRUE(pairs->item(0)->text().endsWith(QStringLiteral(", Hard to read")));
             ShownProgram::ClickRow(pairs, 0);
         });
         auto* dialog = program.OpenedDialog<QColorDialog>();
