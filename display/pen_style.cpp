@@ -27,7 +27,7 @@ PenStyle* the_style;
 
 constexpr int kArrowWidth = 18;   // of a spin box
 constexpr int kCheckSize = 16;    // of a check box and its place in a menu
-constexpr int kLeastHeight = 26;  // of a line to type in
+constexpr int kLeastHeight = 24;  // of a line to type in
 constexpr int kFocusInset = 5;    // of the ring inside a button
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
@@ -125,7 +125,7 @@ void PenStyle::Wear(Worn worn) {
     const bool is_laid_out_anew =
         !_worn || worn.Look().fonts != _worn->Look().fonts || worn.IsNymbrel() != _worn->IsNymbrel();
     _worn = std::move(worn);
-    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 6;
+    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 3;
     const QPalette palette = standardPalette();
     if (palette != QApplication::palette()) {
         QApplication::setPalette(palette);
@@ -249,14 +249,15 @@ int PenStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_ComboBoxFrameWidth:
     case PM_SpinBoxFrameWidth:
     case PM_MenuPanelWidth:
-    case PM_FocusFrameHMargin:
     case PM_FocusFrameVMargin:
         return 2;
+    case PM_FocusFrameHMargin:  // beside the texts of lists: more than a selected row's mark
+        return 5;
     case PM_ButtonDefaultIndicator:
     case PM_TextCursorWidth:  // the block is drawn in its place
         return 0;
     case PM_ButtonMargin:
-        return 12;
+        return 8;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ScrollBarExtent:
@@ -280,6 +281,9 @@ QSize PenStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     switch (type) {
     case CT_PushButton:
         return result.expandedTo({84, 28});
+    case CT_ItemViewItem:
+        result.rheight() += 2;
+        return result;
     case CT_ComboBox:
         result.rwidth() += 14;
         [[fallthrough]];
@@ -474,6 +478,7 @@ void PenStyle::drawControl(ControlElement element, const QStyleOption* option, Q
     case CE_MenuEmptyArea:
     case CE_MenuTearoff:
     case CE_SizeGrip:
+    case CE_Splitter:
         return;
     case CE_ShapedFrame:
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
@@ -530,10 +535,12 @@ void PenStyle::DrawSpinBox(QPainter& painter, const QStyleOptionComplex& option,
 void PenStyle::DrawComboBox(QPainter& painter, const QStyleOptionComplex& option,
                             const QWidget* widget) const {
     const draw::ButtonState state{
-        .is_down = Has(option, State_Sunken), .is_default = false, .is_enabled = Has(option, State_Enabled)};
-    // Without the room that the BeOS look keeps around a button.
-    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
-                 state);
+        .is_down = Has(option, State_Sunken),
+        .is_default = false,
+        .is_enabled = Has(option, State_Enabled),
+        .has_room = false,
+    };
+    draw::Button(painter, *_worn, option.rect, state);
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, widget);
     const QColor ground = draw::ButtonGround(*_worn, state);
     const int line = option.direction == Qt::RightToLeft ? arrow.right() + 1 : arrow.left() - 3;
@@ -624,13 +631,13 @@ void PenStyle::DrawToolButton(QPainter& painter, const QStyleOptionComplex& opti
         return;
     draw::ButtonState state = ButtonStateOf(option);
     state.is_down |= Has(option, SC_ToolButton);
+    state.has_room = false;
     // A button inside a line has no frame of its own.
     if (widget && qobject_cast<const QLineEdit*>(widget->parentWidget())) {
         tool->icon.paint(&painter, option.rect);
         return;
     }
-    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
-                 state);
+    draw::Button(painter, *_worn, option.rect, state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
     const QColor ground = draw::ButtonGround(*_worn, state);
     painter.setPen(_worn->On(TextPen(state.is_enabled), ground));
