@@ -156,10 +156,11 @@ private:
         const std::optional<ks_pen> pen = ks_current_look->PenOf(&_control);
         if (!pen)
             return;
-        QObject::connect(&dialog, &QColorDialog::currentColorChanged, _button, [=, this](const QColor& shown) {
-            Window().Worn().TryOn([pen = static_cast<std::size_t>(*pen), color = FromColor(shown)](
-                                      ks_look& look) { look.pens[pen] = color; });
-        });
+        QObject::connect(
+            &dialog, &QColorDialog::currentColorChanged, _button, [=, this](const QColor& shown) {
+                Window().Worn().TryOn([pen = static_cast<std::size_t>(*pen),
+                                       color = FromColor(shown)](ks_look& look) { look.pens[pen] = color; });
+            });
         Window().TakeOffAfter(dialog);
     }
 

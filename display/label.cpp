@@ -2,6 +2,7 @@
 // A label: the name of an editor, to which its mnemonic leads, or a note.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/pen_style.h"
 #include "toolkit/KSLabel.h"
 
 #include <QLabel>
@@ -20,6 +21,7 @@ public:
 
     void ShowLabel(int position, QWidget* editor) override {
         _label->setBuddy(editor);
+        _label->setProperty(PenStyle::kNote, !editor);
         // Without an editor, QLabel shows "&" as it is.
         _label->setText(editor ? MarkedLabel(position) : Label());
         const bool is_long = Label().size() > look::kLongestLabel;

@@ -12,7 +12,7 @@ double look::BoundedPoints(double points, double least, double most) {
 }
 
 QMargins look::FrameMargins() {
-    return {kGap, kGap - 2, kGap, kGap};
+    return {kGap, kGap - 3, kGap, kGap - 2};
 }
 
 QSize look::SampleSize(const QWidget& widget) {

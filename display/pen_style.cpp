@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QGroupBox>
+#include <QIconEngine>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -55,6 +56,35 @@ draw::ButtonState ButtonStateOf(const QStyleOption& option) {
             .is_default = button && button->features.testFlag(QStyleOptionButton::DefaultButton),
             .is_enabled = Has(option, QStyle::State_Enabled)};
 }
+
+// The button in a line that clears it.
+class ClearIcon : public QIconEngine {
+public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        const Worn& worn = the_style->Wearing();
+        const QColor ground = worn.Ground(KS_PEN_BG_EDIT);
+        const double size = std::min(rect.width(), rect.height());
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(rect).center());
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(Mix(ground, worn.On(KS_PEN_TEXT, ground), 0.75));
+        painter->drawEllipse(QPointF(), size * 0.42, size * 0.42);
+        painter->setPen(QPen(ground, size * 0.12, Qt::SolidLine, Qt::RoundCap));
+        const double arm = size * 0.16;
+        painter->drawLine(QPointF(-arm, -arm), QPointF(arm, arm));
+        painter->drawLine(QPointF(-arm, arm), QPointF(arm, -arm));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+    QIconEngine* clone() const override { return new ClearIcon(*this); }
+};
 
 ks_pen TextPen(bool is_enabled) {
     return is_enabled ? KS_PEN_TEXT : KS_PEN_DISABLEDTEXT;
@@ -125,7 +155,7 @@ void PenStyle::Wear(Worn worn) {
     const bool is_laid_out_anew =
         !_worn || worn.Look().fonts != _worn->Look().fonts || worn.IsNymbrel() != _worn->IsNymbrel();
     _worn = std::move(worn);
-    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 3;
+    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 5;
     const QPalette palette = standardPalette();
     if (palette != QApplication::palette()) {
         QApplication::setPalette(palette);
@@ -154,8 +184,11 @@ void PenStyle::Wear(Worn worn) {
                 QApplication::sendEvent(group, &change);
             }
         top->update();
-        for (QWidget* widget : top->findChildren<QWidget*>())
+        for (QWidget* widget : top->findChildren<QWidget*>()) {
+            if (is_laid_out_anew && widget->property(kNote).toBool())
+                widget->setFont(small);
             widget->update();
+        }
     }
 }
 
@@ -168,6 +201,8 @@ void PenStyle::polish(QWidget* widget) {
         widget->installEventFilter(this);
     } else if (qobject_cast<QDialog*>(widget)) {
         widget->installEventFilter(this);
+    } else if (widget->property(kNote).toBool()) {
+        widget->setFont(_worn->Font(KS_FONT_SMALL));
     } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
         line->installEventFilter(this);
         // The block is wider than the line that Qt draws again by itself.
@@ -221,6 +256,11 @@ bool PenStyle::eventFilter(QObject* object, QEvent* event) {
         draw::Level(painter, *_worn, widget->rect(), KS_PEN_BG_LOW, QPoint());
     }
     return false;
+}
+
+QIcon PenStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    return icon == SP_LineEditClearButton ? QIcon(new ClearIcon)
+                                          : QProxyStyle::standardIcon(icon, option, widget);
 }
 
 int PenStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -459,8 +499,11 @@ void PenStyle::DrawMenuItem(QPainter& painter, const QStyleOption& option) const
     if (parts.size() > 1)
         painter.drawText(text, Qt::AlignVCenter | Qt::AlignTrailing, parts[1]);
     if (item->menuItemType == QStyleOptionMenuItem::SubMenu)
-        draw::Arrow(painter, QRect(option.rect.right() - 16, option.rect.top(), 14, option.rect.height()),
-                    draw::Direction::kRight, painter.pen().color());
+        draw::Arrow(painter,
+                    visualRect(option.direction, option.rect,
+                               QRect(option.rect.right() - 16, option.rect.top(), 14, option.rect.height())),
+                    option.direction == Qt::RightToLeft ? draw::Direction::kLeft : draw::Direction::kRight,
+                    painter.pen().color());
 }
 
 void PenStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

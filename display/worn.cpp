@@ -20,8 +20,8 @@ QColor ToColor(const ks_color& color) {
     return QColor(color.red, color.green, color.blue, color.alpha);
 }
 
-// Returns how opaque a veil of the bitmap's `ground` has to be, so that a text in `ink` can be read on all but
-// a few of the pixels. `below` is under the bitmap.
+// Returns how opaque a veil of the bitmap's `ground` has to be, so that a text in `ink` can be read on all
+// but a few of the pixels. `below` is under the bitmap.
 double VeilFor(const Tile& tile, const QColor& below, const QColor& ground, const QColor& ink) {
     constexpr double kStep = 0.125, kMost = 0.875;
     const auto hidden = [&](double veil) {
