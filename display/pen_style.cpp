@@ -339,6 +339,9 @@ QSize PenStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
         result.rwidth() += 14;
         [[fallthrough]];
     case CT_LineEdit:
+        if (IsInsideBox(widget))
+            return result;
+        [[fallthrough]];
     case CT_SpinBox:
         result.setHeight(std::max(result.height(), kLeastHeight));
         return result;

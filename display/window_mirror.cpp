@@ -103,7 +103,7 @@ QAccessibleInterface* WindowMirror::Top::MakeAccessible(const QString&, QObject*
 }
 
 WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe)
-    : _window(window), _queue(queue), _wardrobe(wardrobe), _top(std::make_unique<Top>(window, wardrobe)) {
+    : _window(window), _queue(queue), _wardrobe(wardrobe) {
     ks_look look;
     {
         BAutolock lock(&window);
@@ -111,8 +111,9 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
             return;
         look = ks_current_look->Copy();
     }
+    // First of all: a widget begins with the fonts that are worn when it is made.
     wardrobe.Wear(look);
-
+    _top = std::make_unique<Top>(window, wardrobe);
     auto* layout = new QHBoxLayout(_top.get());
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetNoConstraint);
@@ -228,8 +229,12 @@ void WindowMirror::Sync() {
     }
     if (labels)
         ShowLabels();
-    if (layout)
+    if (layout) {
+        // Those of hidden pages, too, which would keep their sizes until they are shown.
+        for (QLayout* below : _top->findChildren<QLayout*>())
+            below->invalidate();
         _top->layout()->activate();
+    }
     _wardrobe.Wear(look);
     // A new layout has drawn everything.
     if (redraw && !layout)
