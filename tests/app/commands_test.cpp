@@ -3,13 +3,23 @@
 #include "tests/app/running_program.h"
 #include "tests/settings/editors.h"
 #include "toolkit/KSButton.h"
+#include "toolkit/default_fonts.h"
 
 namespace {
 
 class Commands : public testing::Test {
 protected:
     std::string File() const { return ScopedHome::Read(home.SettingsFile()); }
-    static reference::settings Defaults() { return reference::settings(font_value(*config::_fonts[0])); }
+    // Each use of a font has a default of its own.
+    static reference::settings Defaults() {
+        reference::settings values = default_values();
+        const float sizes[] = {10, 10, 10, 8, 14};
+        for (int i = 0; i < kFontCount; ++i) {
+            const BFont& font = ks_default_font(static_cast<ks_font>(i));
+            values.fonts[static_cast<std::size_t>(i)] = {font.Family(), font.Style(), sizes[i]};
+        }
+        return values;
+    }
 
     ScopedHome home;
 };
