@@ -10,11 +10,13 @@ namespace {
 class Commands : public testing::Test {
 protected:
     std::string File() const { return ScopedHome::Read(home.SettingsFile()); }
+    // Each use of a font has a default of its own.
     static reference::settings Defaults() {
-        reference::settings values(font_value(*config::_fonts[0]));
-        for (std::size_t i = 0; i < values.fonts.size(); ++i) {
+        reference::settings values = default_values();
+        const float sizes[] = {10, 10, 10, 8, 14};
+        for (int i = 0; i < kFontCount; ++i) {
             const BFont& font = ks_default_font(static_cast<ks_font>(i));
-            values.fonts[i] = {font.Family(), font.Style(), font.Size()};
+            values.fonts[static_cast<std::size_t>(i)] = {font.Family(), font.Style(), sizes[i]};
         }
         return values;
     }

@@ -24,8 +24,6 @@ public:
     explicit ChildProcess(const std::string& command)
         : _output(popen(("echo $$; exec " + command).c_str(), "r")), _pid(std::stoi(ReadLine())) {}
     ~ChildProcess() { End(SIGKILL); }
-    ChildProcess(const ChildProcess&) = delete;
-    ChildProcess& operator=(const ChildProcess&) = delete;
 
     // Returns the next line without its end, or what there is before the end of the output.
     std::string ReadLine() {
@@ -88,46 +86,39 @@ public:
 // answers it never even takes a connection.
 class FakeBus {
 public:
-    explicit FakeBus(std::vector<std::string> answers = {}) : _answers(std::move(answers)) {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
+    explicit FakeBus(const std::vector<std::string>& answers = {}) {
+        sockaddr_un address{AF_UNIX, {}};
         const std::string path = _directory / "socket";
         path.copy(address.sun_path, sizeof address.sun_path - 1);
-        _listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         EXPECT_EQ(bind(_listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
         EXPECT_EQ(listen(_listener, 8), 0);
         setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + path).c_str(), 1);
-        if (!_answers.empty())
-            _talker = std::thread([this] { Talk(); });
+        if (!answers.empty())
+            _talker = std::jthread([this, answers] { Talk(answers); });
     }
     ~FakeBus() {
         shutdown(_listener, SHUT_RDWR);
-        if (_talker.joinable())
-            _talker.join();
+        _talker = {};
         close(_listener);
     }
-    FakeBus(const FakeBus&) = delete;
-    FakeBus& operator=(const FakeBus&) = delete;
 
     Journal<bool> closed;  // has an entry once the other side has closed the connection
 
 private:
-    void Talk() {
+    void Talk(const std::vector<std::string>& answers) {
         const int connection = accept(_listener, nullptr, nullptr);
         char request[512];
-        for (const std::string& answer : _answers) {
-            if (read(connection, request, sizeof request) <= 0)
-                break;
-            send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);
-        }
-        while (read(connection, request, sizeof request) > 0) {
-        }
+        std::size_t given = 0;
+        while (read(connection, request, sizeof request) > 0)
+            if (given < answers.size()) {
+                const std::string& answer = answers[given++];
+                send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);
+            }
         closed.Add(true);
         close(connection);
     }
 
     TemporaryDirectory _directory;
-    std::vector<std::string> _answers;
-    int _listener = -1;
-    std::thread _talker;
+    const int _listener = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    std::jthread _talker;
 };

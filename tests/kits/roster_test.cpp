@@ -22,28 +22,45 @@ void BroadcastCode(std::uint32_t code) {
     be_roster->Broadcast(&message);
 }
 
-// Runs `scenario` on a thread of its own while `app` runs, then quits the application.
-void RunBeside(TestApplication& app, WindowServer* server, const std::function<void()>& scenario) {
-    std::thread thread;
-    app.on_ready = [&] {
-        thread = std::thread([&] {
-            scenario();
-            app.PostMessage(B_QUIT_REQUESTED);
-        });
-    };
-    app.Run(server);
-    thread.join();
-}
+// An application, to be run beside a bus that it has or has not.
+class Roster : public testing::Test {
+protected:
+    // Runs `scenario` on a thread of its own while the application runs, then quits the application.
+    void RunBeside(const std::function<void()>& scenario) {
+        std::jthread thread;
+        app.on_ready = [&] {
+            thread = std::jthread([&] {
+                scenario();
+                app.PostMessage(B_QUIT_REQUESTED);
+            });
+        };
+        app.Run(&server);
+    }
 
-TEST(Roster, ReachesEveryApplicationOnce) {
+    struct : TestApplication {
+        bool AcceptsBroadcast(std::uint32_t code) const override { return code == kNotice || accepts_all; }
+        bool accepts_all = true;
+    } app;
+    TestServer server;
+};
+
+class RosterOnBus : public Roster {
+protected:
+    void RunOnBus(const std::function<void()>& scenario) {
+        RunBeside([&] {
+            bus.Settle();
+            scenario();
+        });
+    }
+
     PrivateBus bus;
+};
+
+TEST_F(RosterOnBus, ReachesEveryApplicationOnce) {
     ChildProcess peer(NYMBREL_LISTENER), other_peer(NYMBREL_LISTENER);
     ASSERT_EQ(peer.ReadLine(), "ready");
     ASSERT_EQ(other_peer.ReadLine(), "ready");
-    TestApplication app;
-    TestServer server;
-    RunBeside(app, &server, [&] {
-        bus.Settle();
+    RunOnBus([&] {
         BroadcastCode(kNotice);
         BroadcastCode(kOther);
         EXPECT_TRUE(app.received.WaitFor(2));
@@ -60,12 +77,9 @@ TEST(Roster, ReachesEveryApplicationOnce) {
     EXPECT_EQ(peer.End(), 0);
 }
 
-TEST(Roster, DeliversWhatIsSentJustBeforeTheEnd) {
-    PrivateBus bus;
-    TestApplication app;
+TEST_F(RosterOnBus, DeliversWhatIsSentJustBeforeTheEnd) {
     constexpr std::size_t kSenders = 20;
-    RunBeside(app, nullptr, [&] {
-        bus.Settle();
+    RunOnBus([&] {
         for (std::size_t i = 0; i < kSenders; ++i)
             EXPECT_EQ(ChildProcess(NYMBREL_LISTENER " fAPL").End(), 0);
         EXPECT_TRUE(app.received.WaitFor(kSenders));
@@ -73,14 +87,10 @@ TEST(Roster, DeliversWhatIsSentJustBeforeTheEnd) {
     EXPECT_EQ(app.received.Entries(), std::vector(kSenders, kNotice));
 }
 
-TEST(Roster, TakesFloodsOfWhatTheApplicationAcceptsAndNothingElse) {
-    struct Choosy : TestApplication {
-        bool AcceptsBroadcast(std::uint32_t code) const override { return code == kNotice; }
-    } app;
-    PrivateBus bus;
+TEST_F(RosterOnBus, TakesFloodsOfWhatTheApplicationAcceptsAndNothingElse) {
+    app.accepts_all = false;
     constexpr std::size_t kFlood = 700;
-    RunBeside(app, nullptr, [&] {
-        bus.Settle();
+    RunOnBus([&] {
         sd_bus* connection = PrivateBus::Connect();
         const auto emit = [&](const char* interface, const char* signature, auto... values) {
             EXPECT_GE(sd_bus_emit_signal(connection, "/org/nymbrel/Roster", interface, "Broadcast", signature,
@@ -104,11 +114,8 @@ TEST(Roster, TakesFloodsOfWhatTheApplicationAcceptsAndNothingElse) {
     EXPECT_EQ(app.received.Entries(), wanted);
 }
 
-TEST(Roster, OutlivesItsBusWithoutSpinning) {
-    PrivateBus bus;
-    TestApplication app;
-    RunBeside(app, nullptr, [&] {
-        bus.Settle();
+TEST_F(RosterOnBus, OutlivesItsBusWithoutSpinning) {
+    RunOnBus([&] {
         bus.daemon.End(SIGKILL);
         BroadcastCode(kNotice);
         EXPECT_TRUE(app.received.WaitFor(1));
@@ -122,13 +129,10 @@ TEST(Roster, OutlivesItsBusWithoutSpinning) {
 }
 
 // The bus is there at first and then takes nothing more: all broadcasts together wait for it once.
-TEST(Roster, GivesUpABusThatStopsAnswering) {
-    PrivateBus bus;
-    TestApplication app;
+TEST_F(RosterOnBus, GivesUpABusThatStopsAnswering) {
     constexpr std::size_t kMost = 200000;  // far more than the socket holds
     std::size_t sent = 0;
-    RunBeside(app, nullptr, [&] {
-        bus.Settle();
+    RunOnBus([&] {
         bus.daemon.Signal(SIGSTOP);
         const auto time_of_one = [&] {
             const auto start = std::chrono::steady_clock::now();
@@ -195,16 +199,14 @@ TEST(RosterWithoutBus, GivesUpImpostors) {
     }
 }
 
-TEST(Roster, GivesUpABusThatStartsToTalkGarbage) {
+TEST_F(Roster, GivesUpABusThatStartsToTalkGarbage) {
     // The name ":1.1" for Hello, as a bus sends it.
     const std::string hello_reply("l\2\1\1\x9\0\0\0\1\0\0\0\xF\0\0\0"
                                   "\5\1u\0\1\0\0\0\x8\1g\0\1s\0\0"
                                   "\4\0\0\0:1.1",
                                   41);
     FakeBus bus({kWelcome, hello_reply + std::string(1000, 'x')});
-    TestApplication app;
-    TestServer server;
-    RunBeside(app, &server, [&] {
+    RunBeside([&] {
         EXPECT_TRUE(bus.closed.WaitFor(1));
         BroadcastCode(kNotice);
         EXPECT_TRUE(app.received.WaitFor(1));

@@ -35,17 +35,6 @@ def showing(role, name):
     return wait_until(find, f"no {role} {name}")
 
 
-def value_of(node):
-    role = node.getRoleName()
-    if role == "check box":
-        return node.getState().contains(pyatspi.STATE_CHECKED)
-    if role == "spin button":
-        return node.queryValue().currentValue
-    if role == "text":
-        return node.queryText().getText(0, -1)
-    return node.description
-
-
 def click(role, name):
     frame = showing(role, name).queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
     desktop.click(frame.x + frame.width // 2, frame.y + frame.height // 2)
@@ -54,8 +43,7 @@ def click(role, name):
 class Editing(unittest.TestCase):
     def setUp(self):
         desktop.settings_file.parent.mkdir(exist_ok=True)
-        desktop.settings_file.write_text("KS_PEN_MARK = 1,2,3,4\nKS_FONT_NORMAL = Dutch,Roman,9.5\n"
-                                         "KS_PEN_BG_LOW_BMP = /etc/hostname\nBEOS = 0\n")
+        desktop.settings_file.write_text("BUBBLEHELPTIME = 1500000\n")
         desktop.start_program()
         self.addCleanup(desktop.program.kill)
 
@@ -82,15 +70,8 @@ class Editing(unittest.TestCase):
         self.assertEqual(desktop.settings(), before)
 
     def test_an_assistive_tool(self):
-        for category, role, name, value in (
-                ("Pens", "color chooser", "Marked widgets", "#04010203"),
-                ("Backgrounds", "text", "Low level", "/etc/hostname"),
-                ("Fonts", "push button", "Normal", "Dutch Roman, 9.5"),
-                ("Options", "check box", "BeOS conform", False),
-                ("Options", "combo box", "Look", "BeOS"),
-                ("Options", "spin button", "Bubblehelp wait time", 2000000)):
-            click("list item", category)
-            self.assertEqual(value_of(showing(role, name)), value, name)
+        click("list item", "Options")
+        self.assertEqual(showing("spin button", "Bubblehelp wait time").queryValue().currentValue, 1500000)
         showing("spin button", "Mouse hold time").queryValue().currentValue = 45000
         showing("push button", "OK").queryAction().doAction(0)
         self.expect_stored("MOUSEHOLDTIME = 45000")
