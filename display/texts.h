@@ -54,6 +54,7 @@ inline constexpr text kMostPeople{33, "As most people see it"};
 inline constexpr text kProtanopia{34, "Protanopia"};
 inline constexpr text kDeuteranopia{35, "Deuteranopia"};
 inline constexpr text kTritanopia{36, "Tritanopia"};
+inline constexpr text kClear{37, "Clear"};  // what the user typed
 
 // The pens, by the names that a pair of them has.
 inline constexpr text kPenText{38, "Text"};
@@ -75,7 +76,6 @@ inline constexpr text kPenSelected{51, "Selected menuitems"};
 inline constexpr text kVision{52, "Colour vision"};
 inline constexpr text kPairs{53, "Pairs of colours"};
 inline constexpr text kBitmap{54, "bitmap"};
-inline constexpr text kClear{55, "Clear"};
 
 // Returns the text in the user's language, or in English where the catalog lacks it.
 QString Text(const text& row);
