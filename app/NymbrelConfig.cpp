@@ -127,6 +127,7 @@ KSControl* BuildPens() {
 KSControl* BuildBackgrounds() {
     KSControl* group = NewGrid(2);
     MakeEditorGroup(group);
+    group->SetName(LocalString(kStringBackgroundsCategory));  // for assistive tools
     AddSpacers(group, 2);
     for (int pen = 0; pen < kBackgroundCount; ++pen) {
         AddLabel(group, pen_labels[pen]);
@@ -141,6 +142,7 @@ KSControl* BuildBackgrounds() {
 KSControl* BuildFonts() {
     KSControl* group = NewGrid(2);
     MakeEditorGroup(group);
+    group->SetName(LocalString(kStringFontsCategory));  // for assistive tools
     AddSpacers(group, 2);
     for (int font = 0; font < kFontCount; ++font) {
         AddLabel(group, font_labels[font]);
@@ -154,7 +156,7 @@ void AddLanguages(KSControl* parent) {
     KSControl* group = AddTitleGroup(parent, kStringLanguage);
     group->SetOrientation(KS_ORIENTATION_VERTICAL);
     FillLanguageList();
-    Add(group, _llist);
+    Add(group, _llist)->SetWeight({0, 100});
     KSControl* note = Add(group, NewGroup());
     AddSpacers(note, 1);
     AddLabel(note, kStringRestartNote, 0);

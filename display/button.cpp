@@ -8,10 +8,25 @@
 
 namespace {
 
+// A row of buttons with long texts can be made as narrow as the screen; the style cuts the texts.
+class Button : public QPushButton {
+public:
+    explicit Button(QWidget* parent) : QPushButton(parent) {
+        setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    }
+
+    QSize minimumSizeHint() const override {
+        return QPushButton::minimumSizeHint().boundedTo({kWidestLeast, QWIDGETSIZE_MAX});
+    }
+
+private:
+    static constexpr int kWidestLeast = 170;
+};
+
 class ButtonMirror : public ControlMirror {
 public:
     ButtonMirror(KSButton& control, WindowMirror& window, QWidget* parent)
-        : ControlMirror(control, window), _button(new QPushButton(parent)) {
+        : ControlMirror(control, window), _button(new Button(parent)) {
         SetWidget(_button);
         _button->setAutoDefault(false);
         QObject::connect(_button, &QPushButton::clicked, _button, [this] {

@@ -2,6 +2,8 @@
 // The common part of the mirrors, and the table of the makers.
 #include "display/control_mirror.h"
 
+#include "display/pen_style.h"
+#include "display/shown_text.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSCheckBox.h"
@@ -16,6 +18,8 @@
 #include "toolkit/KSSeparator.h"
 #include "toolkit/KSSpinBox.h"
 
+#include <QEvent>
+#include <QTextDocument>
 #include <QWidget>
 
 namespace {
@@ -40,6 +44,17 @@ constexpr Maker kMakers[] = {
     MakeIf<KSControl, MirrorGroup>,
 };
 
+// Shows a widget's bubble help only where the look wants any.
+class BubbleHelpSwitch : public QObject {
+public:
+    using QObject::QObject;
+
+protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        return event->type() == QEvent::ToolTip && !PenStyle::Instance().Wearing().Look().bubble_help;
+    }
+};
+
 }  // namespace
 
 std::unique_ptr<ControlMirror> MakeMirror(KSControl& control, WindowMirror& window, QWidget* parent) {
@@ -57,6 +72,7 @@ ControlMirror::ControlMirror(KSControl& control, WindowMirror& window) : _contro
 void ControlMirror::Fetch() {
     _label = QString::fromStdString(_control.Label());
     _hidden = _control.IsHidden();
+    _bubble_help = QString::fromStdString(_control.BubbleHelp());
 }
 
 void ControlMirror::Apply() {
@@ -66,6 +82,23 @@ void ControlMirror::Apply() {
     else if (_widget && _hidden != _shown_hidden)
         _widget->setVisible(!_hidden);
     _shown_hidden = _hidden;
+    if (_widget)
+        ApplyTip();
+}
+
+QString ControlMirror::ShownLabel() const {
+    return ShownText(_label);
+}
+
+// A bubble help says more than the whole of a label that is cut.
+void ControlMirror::ApplyTip() {
+    if (!_bubble_help.isEmpty() && !_bubble_help_switch)
+        _widget->installEventFilter(_bubble_help_switch = new BubbleHelpSwitch(_widget));
+    const QString tip = _bubble_help.isEmpty()              ? TipFor(_label, ShownLabel())
+                        : Qt::mightBeRichText(_bubble_help) ? Qt::convertFromPlainText(_bubble_help)
+                                                            : _bubble_help;
+    if (tip != _tip)
+        _widget->setToolTip(_tip = tip);
 }
 
 void ControlMirror::SetName(const QString& name) {
@@ -76,11 +109,12 @@ void ControlMirror::SetName(const QString& name) {
 void ControlMirror::ShowLabel(int, QWidget*) {}
 
 QString ControlMirror::MarkedLabel(int position) const {
+    const QString label = ShownLabel();
     QString marked;
-    for (int i = 0; i < _label.size(); ++i) {
-        if (i == position || _label[i] == u'&')
+    for (int i = 0; i < label.size(); ++i) {
+        if (i == position || label[i] == u'&')
             marked += u'&';
-        marked += _label[i];
+        marked += label[i];
     }
     return marked;
 }

@@ -12,6 +12,7 @@
 
 #include <memory>
 
+class QObject;
 class QWidget;
 class WindowMirror;
 
@@ -48,20 +49,27 @@ public:
 
     // The control's label and visibility as last fetched.
     const QString& Label() const { return _label; }
+    // The label as there is room to show it. Its tip tells the rest.
+    virtual QString ShownLabel() const;
     bool IsHidden() const { return _hidden; }
 
 protected:
     void SetWidget(QWidget* widget) { _widget = widget; }
-    // Returns the label with "&" before the character at `position`, and every "&" of its own doubled.
+    // Returns the shown label with "&" before the character at `position`, and every "&" of its own doubled.
     QString MarkedLabel(int position) const;
 
 private:
+    void ApplyTip();
+
     KSControl& _control;
     WindowMirror& _window;
     QWidget* _widget = nullptr;
     QString _label;
+    QString _tip;
     bool _hidden = false;
     bool _shown_hidden = false;
+    QString _bubble_help;
+    QObject* _bubble_help_switch = nullptr;  // owned by the widget
 };
 
 // Makes the mirror of a control and of everything below it, with a widget inside `parent`. A plain KSControl

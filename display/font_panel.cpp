@@ -27,9 +27,9 @@ bool CanBeStored(const QString& name) {
     return ks_fits_font_field(name.toStdString());
 }
 
-QListWidget* AddList(QGridLayout* grid, int column, const char* title, QWidget* parent) {
+QListWidget* AddList(QGridLayout* grid, int column, const texts::text& title, QWidget* parent) {
     auto* list = new QListWidget(parent);
-    auto* label = new QLabel(QString::fromUtf8(title), parent);
+    auto* label = new QLabel(texts::Text(title), parent);
     label->setBuddy(list);
     list->setAccessibleName(label->text().remove(u'&'));
     grid->addWidget(label, 0, column);
@@ -65,7 +65,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent) : QDialog(parent), _sta
     _families = AddList(grid, 0, texts::kFamily, this);
     _styles = AddList(grid, 1, texts::kStyle, this);
 
-    auto* size_label = new QLabel(QString::fromUtf8(texts::kSize), this);
+    auto* size_label = new QLabel(texts::Text(texts::kSize), this);
     _size = new QDoubleSpinBox(this);
     _size->setDecimals(2);
     _size->setRange(kSmallest, kLargest);
@@ -77,7 +77,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent) : QDialog(parent), _sta
     grid->addWidget(size_label, 0, 2);
     grid->addWidget(_size, 1, 2, Qt::AlignTop);
 
-    _sample = new QLabel(QString::fromUtf8(texts::kSample), this);
+    _sample = new QLabel(texts::Text(texts::kSample), this);
     _sample->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
     _sample->setAlignment(Qt::AlignCenter);
     _sample->setFixedHeight(fontMetrics().height() * 4);

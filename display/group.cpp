@@ -3,6 +3,7 @@
 #include "display/control_mirror.h"
 #include "display/draw.h"
 #include "display/look.h"
+#include "display/page_area.h"
 #include "display/pen_style.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSTitleGroup.h"
@@ -76,6 +77,11 @@ public:
         Widget()->layout()->setContentsMargins(_box ? margins + look::FrameMargins() : margins);
     }
 
+    void Fetch() override {
+        ControlMirror::Fetch();
+        _name = QString::fromUtf8(Control().Name());
+    }
+
     void Apply() override {
         if (_stack)
             ShowPage();
@@ -84,19 +90,23 @@ public:
 
     void ShowLabel(int, QWidget*) override {}
 
-    // A nested group box without a name would tell assistive tools the outer one's title.
+    // A group without a title is known by its own name. Without that, a nested one would tell assistive tools
+    // the outer one's title.
     void SetName(const QString&) override {
         if (!_box)
             return;
-        _box->setTitle(Label());
-        _box->setAccessibleName(Label());
+        _box->setTitle(ShownLabel());
+        _box->setAccessibleName(Label().isEmpty() ? _name : Label());
     }
 
 private:
     void Stack() {
         _stack = new QStackedLayout(Widget());
-        for (const auto& child : Control().Children())
-            _stack->addWidget(Window().Make(*child, Widget()).Widget());
+        for (const auto& child : Control().Children()) {
+            auto* area = new PageArea(Widget());
+            area->SetPage(Window().Make(*child, area).Widget());
+            _stack->addWidget(area);
+        }
     }
 
     // Shows the first page that is not hidden; where all are hidden, the present one stays.
@@ -158,6 +168,7 @@ private:
         }
     }
 
+    QString _name;
     Frame* _box = nullptr;
     QStackedLayout* _stack = nullptr;
 };

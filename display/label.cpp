@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A label: the name of an editor, to which its mnemonic leads, or a note.
 #include "display/control_mirror.h"
-#include "display/look.h"
+#include "display/shown_text.h"
 #include "toolkit/KSLabel.h"
 
 #include <QLabel>
@@ -18,13 +18,16 @@ public:
             _label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
 
+    QString ShownLabel() const override { return ShownText(Label(), true); }
+
     void ShowLabel(int position, QWidget* editor) override {
         _label->setBuddy(editor);
         // Without an editor, QLabel shows "&" as it is.
-        _label->setText(editor ? MarkedLabel(position) : Label());
-        const bool is_long = Label().size() > look::kLongestLabel;
+        _label->setText(editor ? MarkedLabel(position) : ShownLabel());
+        const bool is_long = ShownLabel().size() > kLongestLine;
         _label->setWordWrap(is_long);
-        const int width = is_long ? _label->fontMetrics().averageCharWidth() * look::kLongestLabel : 0;
+        const int width =
+            is_long ? _label->fontMetrics().averageCharWidth() * static_cast<int>(kLongestLine) : 0;
         // Without this, the second line of a label in a window of the least size covers what is above it.
         _label->setMinimumSize(width, is_long ? _label->heightForWidth(width) : 0);
     }

@@ -2,6 +2,7 @@
 // A list view: Qt scrolls it, selects in it and tells assistive tools; the items draw themselves.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/shown_text.h"
 #include "display/surface.h"
 #include "display/window_mirror.h"
 #include "kits/BWindow.h"
@@ -19,6 +20,8 @@
 #include <vector>
 
 namespace {
+
+constexpr int kLongestItem = 40;  // average characters that a list makes room for
 
 // Lets an item of the control paint itself, under the window's lock.
 class ItemPainter : public QStyledItemDelegate {
@@ -152,8 +155,10 @@ private:
             if (i == _list->count())
                 _list->addItem(QString());
             QListWidgetItem* item = _list->item(i);
-            if (item->text() != row.text)
+            if (item->text() != row.text) {
                 item->setText(row.text);
+                item->setToolTip(TipFor(row.text, CutText(row.text, kLongestItem)));
+            }
             if (item->sizeHint().height() != row.height)
                 item->setSizeHint(QSize(0, row.height));
         }
@@ -167,7 +172,7 @@ private:
             height = std::max(height, row.height);
         }
         // An unreasonably long text is cut off: the window must fit the screen.
-        width = std::min(width, 40 * _list->fontMetrics().averageCharWidth());
+        width = std::min(width, kLongestItem * _list->fontMetrics().averageCharWidth());
         width += 2 * look::kGap + _list->verticalScrollBar()->sizeHint().width();
         _list->SetLeastSize(QSize(width, height * look::kLeastRows).expandedTo(_least));
     }

@@ -16,10 +16,9 @@ class QWidget;
 
 namespace look {
 
-constexpr int kGap = 8;            // between neighbours
-constexpr int kRowGap = 6;         // between the rows of a grid
-constexpr int kLeastRows = 4;      // of a list
-constexpr int kLongestLabel = 60;  // characters; longer labels are broken into lines
+constexpr int kGap = 8;        // between neighbours
+constexpr int kRowGap = 6;     // between the rows of a grid
+constexpr int kLeastRows = 4;  // of a list
 // The bounds of the size at which a font's name is shown in that font.
 constexpr int kSmallestPoints = 6;
 constexpr int kLargestPoints = 24;

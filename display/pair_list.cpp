@@ -12,8 +12,6 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <cmath>
-#include <iterator>
 
 namespace {
 
@@ -22,33 +20,38 @@ constexpr QColor kWarning(200, 0, 0);
 constexpr QSize kSwatch(32, 18);
 constexpr int kInset = 5;
 
-const char* NameOfGround(ks_pen pen) {
-    constexpr const char* kNames[] = {
-        texts::kPenLow,  texts::kPenMedium, texts::kPenHigh,   texts::kPenEdit,     texts::kPenRead,
-        texts::kPenList, texts::kPenButton, texts::kPenSlider, texts::kPenSelected,
+const texts::text& NameOfGround(ks_pen pen) {
+    static constexpr texts::text kNames[] = {
+        texts::kGroundLow,     texts::kGroundMedium,  texts::kGroundHigh,
+        texts::kGroundEdit,    texts::kGroundRead,    texts::kGroundLists,
+        texts::kGroundButtons, texts::kGroundSliders, texts::kGroundSelected,
     };
     const auto index = static_cast<std::size_t>(pen);
-    return index < std::size(kNames) ? kNames[index] : texts::kPenPaint;
+    return index < std::size(kNames) ? kNames[index] : texts::kInkPaint;
 }
 
-QString WordsFor(const pen_pair& pair) {
-    const QString ground = QString::fromUtf8(NameOfGround(pair.ground));
-    switch (pair.ink) {
-    case KS_PEN_TEXT_FG_MARKED:
-        return QString::fromUtf8(texts::kPenMarkedText);
-    case KS_PEN_TEXT_BG_CURSOR:
-        return QString::fromUtf8(texts::kPenCursor);
+const texts::text& NameOfInk(ks_pen pen) {
+    switch (pen) {
     case KS_PEN_TEXT:
-        return QString::fromUtf8(texts::kPairOn).arg(QString::fromUtf8(texts::kPenText), ground);
+        return texts::kInkText;
     case KS_PEN_MARK:
-        return QString::fromUtf8(texts::kPairOn).arg(QString::fromUtf8(texts::kPenMark), ground);
+        return texts::kInkMarks;
     case KS_PEN_PAINT:
     case KS_PEN_PAINTSHINE:
     case KS_PEN_PAINTDARK:
-        return QString::fromUtf8(texts::kPaintOn).arg(ground);
+        return texts::kInkPaint;
     default:
-        return QString::fromUtf8(texts::kBestEdgeOn).arg(ground);
+        return texts::kInkEdges;
     }
+}
+
+QString WordsFor(const pen_pair& pair) {
+    if (pair.ink == KS_PEN_TEXT_FG_MARKED)
+        return texts::Text(texts::kInkMarkedText);
+    if (pair.ink == KS_PEN_TEXT_BG_CURSOR)
+        return texts::Text(texts::kInkCursor);
+    return texts::Text(texts::kInkOnGround)
+        .arg(texts::Text(NameOfInk(pair.ink)), texts::Text(NameOfGround(pair.ground)));
 }
 
 // Rounded down, so that what is shown as 4.5 is enough.
@@ -128,7 +131,7 @@ private:
 
 PairList::PairList(std::function<void(const pen_pair&)> chosen, QWidget* parent)
     : QListWidget(parent), _chosen(std::move(chosen)) {
-    setAccessibleName(QString::fromUtf8(texts::kPairs));
+    setAccessibleName(texts::Text(texts::kPairs));
     setItemDelegate(new Delegate(this));
     setSelectionMode(QAbstractItemView::NoSelection);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -143,14 +146,14 @@ void PairList::Show(const Worn& truth) {
     for (std::size_t i = 0; i < _pairs.size(); ++i) {
         QString text = WordsFor(_pairs[i]) + QStringLiteral(", ") + RatioOf(_pairs[i]);
         if (_pairs[i].IsHard())
-            text += QStringLiteral(", ") + QString::fromUtf8(texts::kHardToRead);
+            text += QStringLiteral(", ") + texts::Text(texts::kTooLow);
         const int row = static_cast<int>(i);
         if (row == count())
             addItem(QString());
         if (item(row)->text() == text)
             continue;
         item(row)->setText(text);
-        item(row)->setToolTip(text);
+        item(row)->setToolTip(text);  // a row may have no room for all of it
     }
     viewport()->update();
 }

@@ -20,6 +20,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -162,6 +163,7 @@ void PenStyle::Wear(Worn worn) {
 void PenStyle::polish(QWidget* widget) {
     QProxyStyle::polish(widget);
     widget->setAttribute(Qt::WA_Hover, false);
+    _held_arrows.Watch(widget);
     if (ViewOf(widget)) {
         // Not opaque, so that scrolling draws it again: a bitmap stays in its place.
         widget->setAutoFillBackground(false);
@@ -223,6 +225,11 @@ bool PenStyle::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
+// What is not a number becomes the least.
+static int Milliseconds(float microseconds, float least, float most) {
+    return static_cast<int>(std::fmin(std::fmax(microseconds / 1000, least), most));
+}
+
 int PenStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                         QStyleHintReturn* result) const {
     switch (hint) {
@@ -238,6 +245,10 @@ int PenStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidge
     case SH_ItemView_ShowDecorationSelected:
     case SH_ScrollBar_MiddleClickAbsolutePosition:
         return 1;
+    case SH_ToolTip_WakeUpDelay:
+        return Milliseconds(_worn->Look().bubble_wait, 100, 30000);
+    case SH_SpinBox_ClickAutoRepeatRate:
+        return Milliseconds(_worn->Look().mouse_hold, 1, 1000);
     default:
         return QProxyStyle::styleHint(hint, option, widget, result);
     }
@@ -421,7 +432,9 @@ void PenStyle::DrawButtonLabel(QPainter& painter, const QStyleOption& option) co
     const QColor ground = draw::ButtonGround(*_worn, state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
     painter.setPen(_worn->On(TextPen(state.is_enabled), ground));
-    painter.drawText(rect, Qt::AlignCenter | Qt::TextShowMnemonic, button->text);
+    painter.drawText(
+        rect, Qt::AlignCenter | Qt::TextShowMnemonic,
+        button->fontMetrics.elidedText(button->text, Qt::ElideRight, rect.width(), Qt::TextShowMnemonic));
     if (Has(option, State_HasFocus))
         draw::Focus(painter, *_worn,
                     option.rect.adjusted(kFocusInset, kFocusInset, -kFocusInset, -kFocusInset), ground);

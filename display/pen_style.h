@@ -4,6 +4,7 @@
 // It takes sizes and behaviour from the GUI library's plainest style and draws everything itself.
 #pragma once
 
+#include "display/held_arrows.h"
 #include "display/worn.h"
 
 #include <QProxyStyle>
@@ -60,4 +61,5 @@ private:
 
     std::optional<Worn> _worn;  // from the first Wear on; pixmaps need the application object
     int _title_height = 0;
+    HeldArrows _held_arrows;
 };

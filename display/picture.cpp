@@ -1,13 +1,19 @@
 // SPDX-License-Identifier: MIT
-// A picture, one of its pixels to each logical pixel of the window; smoothed where the screen has more.
+// A picture, one of its pixels to each logical pixel of the window; smoothed where the screen has more. It is
+// the window's icon too.
 #include "display/control_mirror.h"
 #include "display/picture_file.h"
 #include "toolkit/KSPicture.h"
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QIcon>
 #include <QPainter>
+#include <QTimer>
 #include <QWidget>
+
+#include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -28,6 +34,19 @@ QImage Find(const QString& name) {
     return {};
 }
 
+// The picture in a square, in the sizes that desktops ask for.
+QIcon MakeIcon(const QImage& picture) {
+    const int side = std::max(picture.width(), picture.height());
+    QImage square(side, side, QImage::Format_ARGB32_Premultiplied);
+    square.fill(Qt::transparent);
+    QPainter(&square).drawImage((side - picture.width()) / 2, (side - picture.height()) / 2, picture);
+    QIcon icon;
+    for (const int size : {16, 24, 32, 48, 64, 128, 256})
+        icon.addPixmap(
+            QPixmap::fromImage(square.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+    return icon;
+}
+
 class Picture : public QWidget {
 public:
     explicit Picture(QWidget* parent) : QWidget(parent) {
@@ -36,6 +55,7 @@ public:
 
     void SetImage(QImage image) {
         _image = std::move(image);
+        _is_icon = _image.isNull();
         setMinimumSize(_image.isNull() ? kUsualSize : _image.size());
         update();
     }
@@ -45,11 +65,15 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        // The window is seen first.
+        if (!std::exchange(_is_icon, true))
+            QTimer::singleShot(0, this, [this] { window()->setWindowIcon(MakeIcon(_image)); });
         painter.drawImage((width() - _image.width()) / 2, (height() - _image.height()) / 2, _image);
     }
 
 private:
     QImage _image;
+    bool _is_icon = true;  // whether the window's icon is this picture already
 };
 
 class PictureMirror : public ControlMirror {

@@ -99,6 +99,7 @@ private:
     // over when the program ends.
     void AddClearButton() {
         _clear = addAction(style()->standardIcon(QStyle::SP_LineEditClearButton), TrailingPosition);
+        _clear->setText(texts::Text(texts::kClear));
         _clear->setVisible(!text().isEmpty());
         connect(_clear, &QAction::triggered, this, [this] { _chosen(QString()); });
     }
@@ -123,11 +124,11 @@ private:
         if (unreadable) {
             _warning =
                 addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
-            _warning->setToolTip(QString::fromUtf8(texts::kNoPicture));
+            _warning->setText(texts::Text(texts::kNoPicture));
         } else {
             delete std::exchange(_warning, nullptr);
         }
-        setToolTip(unreadable ? QString::fromUtf8(texts::kNoPicture) : QString());
+        setToolTip(unreadable ? texts::Text(texts::kNoPicture) : QString());
         setAccessibleDescription(toolTip());
         update();  // the text moves aside
     }
@@ -162,10 +163,10 @@ public:
         setAttribute(Qt::WA_DeleteOnClose);
         setOption(QFileDialog::DontUseNativeDialog);
         setFileMode(QFileDialog::ExistingFile);
-        setNameFilters({PicturesFilter(), QString::fromUtf8(texts::kAllFiles) + QStringLiteral(" (*)")});
+        setNameFilters({PicturesFilter(), texts::Text(texts::kAllFiles) + QStringLiteral(" (*)")});
         _preview->setFixedWidth(kPreview);
         _preview->setAlignment(Qt::AlignCenter);
-        _preview->setText(QString::fromUtf8(texts::kNoPreview));
+        _preview->setText(texts::Text(texts::kNoPreview));
         if (auto* grid = dynamic_cast<QGridLayout*>(layout()))
             grid->addWidget(_preview, 0, grid->columnCount(), grid->rowCount(), 1);
         connect(this, &QFileDialog::currentChanged, this, [this](const QString& path) { Preview(path); });
@@ -179,14 +180,14 @@ private:
         for (const QByteArray& format : QImageReader::supportedImageFormats())
             patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
         patterns.removeDuplicates();
-        return QString::fromUtf8(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
+        return texts::Text(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
     }
 
     void Preview(const QString& path) {
         const qreal ratio = devicePixelRatio();
         QImage image = ReadPicture(path, QSize(kPreview, kPreview) * ratio);
         if (image.isNull()) {
-            _preview->setText(QString::fromUtf8(texts::kNoPreview));
+            _preview->setText(texts::Text(texts::kNoPreview));
             return;
         }
         image.setDevicePixelRatio(ratio);
@@ -234,8 +235,8 @@ public:
     QWidget* Editor() const override { return _edit; }
 
     void SetName(const QString& name) override {
-        _edit->setAccessibleName(name);
-        _browse->setAccessibleName(name + QStringLiteral(": ") + QString::fromUtf8(texts::kBrowse));
+        _edit->setAccessibleName(name + QStringLiteral(": ") + texts::Text(texts::kBitmap));
+        _browse->setAccessibleName(name + QStringLiteral(": ") + texts::Text(texts::kBrowse));
     }
 
 private:

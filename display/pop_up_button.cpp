@@ -3,7 +3,10 @@
 
 #include <QAccessibleWidget>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QStringList>
+
+#include <utility>
 
 namespace {
 
@@ -14,6 +17,16 @@ public:
 
     QString text(QAccessible::Text kind) const override {
         return kind == QAccessible::Value ? _button->ValueText() : QAccessibleWidget::text(kind);
+    }
+    // Qt finds the label only where it has the same parent.
+    QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>
+    relations(QAccessible::Relation match) const override {
+        auto found = QAccessibleWidget::relations(match);
+        if (found.isEmpty() && match.testFlag(QAccessible::Label))
+            for (QLabel* label : _button->window()->findChildren<QLabel*>())
+                if (label->buddy() == _button)
+                    found.append({QAccessible::queryAccessibleInterface(label), QAccessible::Label});
+        return found;
     }
     QStringList actionNames() const override {
         return QStringList(pressAction()) + QAccessibleWidget::actionNames();

@@ -38,16 +38,12 @@ constexpr int kWidth = 270;
 constexpr QSize kHandle(10, 64);
 constexpr int kBorder = 4;
 
-QString Text(const char* text) {
-    return QString::fromUtf8(text);
-}
-
 // The picture, as people with some colour vision see it.
 class PictureView : public QWidget {
 public:
     PictureView(const Wardrobe& wardrobe, QWidget* parent) : QWidget(parent), _wardrobe(wardrobe) {
         setFixedHeight(kPreviewHeight);
-        setAccessibleName(Text(texts::kPreview));
+        setAccessibleName(texts::Text(texts::kPreview));
     }
 
     void SetVision(ColorVision vision) {
@@ -86,10 +82,10 @@ public:
         column->setContentsMargins(kBorder, kBorder, kBorder + kHandle.width(), kBorder);
         column->setSpacing(kBorder);
         auto* vision = new QComboBox(this);
-        for (const char* text :
-             {texts::kMostPeople, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
-            vision->addItem(Text(text));
-        vision->setAccessibleName(Text(texts::kVision));
+        for (const texts::text& text :
+             {texts::kUsualVision, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
+            vision->addItem(texts::Text(text));
+        vision->setAccessibleName(texts::Text(texts::kVision));
         vision->setFocusPolicy(Qt::StrongFocus);
         auto* picture = new PictureView(window.Worn(), this);
         connect(vision, &QComboBox::currentIndexChanged, picture,
@@ -114,8 +110,8 @@ private:
         _heading->setFont(font);
         _pairs->Show(_window.Worn().Truth());
         const int hard = _pairs->HardPairs();
-        _heading->setText(hard ? Text(texts::kHardToRead) + QStringLiteral(": %1").arg(hard)
-                               : Text(texts::kAllCanBeRead));
+        _heading->setText(hard ? texts::Text(texts::kHardToRead) + QStringLiteral(": %1").arg(hard)
+                               : texts::Text(texts::kAllCanBeRead));
     }
 
     // Opens the dialog of the ink with a colour that can be told from the ground.
@@ -145,7 +141,7 @@ public:
 
     void SetOpen(bool open) {
         _open = open;
-        setAccessibleName(Text(open ? texts::kHidePreview : texts::kShowPreview));
+        setAccessibleName(texts::Text(open ? texts::kHidePreview : texts::kShowPreview));
         update();
     }
 
@@ -254,6 +250,11 @@ private:
             const int width = has_room ? before : before + std::clamp(room, 0, kWidth);
             window()->resize(std::max(width, window()->width()), window()->height());
             _grown = window()->width() - before;
+            // A window that needs more than that room moves to where it has it.
+            if (const int beyond = window()->width() - before - std::max(room, 0); beyond > 0)
+                window()->move(
+                    std::max(window()->screen()->availableGeometry().left(), window()->x() - beyond),
+                    window()->y());
         } else {
             window()->resize(before - std::exchange(_grown, 0), window()->height());
         }

@@ -4,6 +4,8 @@
 
 #include "display/display.h"
 #include "display/pen_style.h"
+#include "display/start_failure.h"
+#include "display/texts.h"
 #include "display/wardrobe.h"
 #include "display/window_mirror.h"
 #include "hdr/ks_assert.h"
@@ -15,6 +17,7 @@
 #include <clocale>
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
+#include <system_error>
 #include <thread>
 
 std::unique_ptr<WindowServer> ks_open_display() {
@@ -28,33 +31,47 @@ DisplayServer::~DisplayServer() {
 }
 
 void DisplayServer::Prepare(bool bus_answers) {
+    RequireRoomToStart();
     // Qt's accessibility bridge waits without end on a bus that accepts and never answers.
     if (!bus_answers)
         setenv("DBUS_SESSION_BUS_ADDRESS", "disabled:", 1);
     // On several desktops Qt would load GTK, which costs a tenth of a second and 65 MB for the same window.
     // QT_QPA_PLATFORMTHEME still names a theme where the user wants one.
     QGuiApplication::setDesktopSettingsAware(false);
+    // Desktops find the window's icon and name by this, which is the name of the .desktop file.
+    QGuiApplication::setDesktopFileName(QStringLiteral("nymbrel-config"));
 
     // fontconfig reads its files during the rest of the start, which takes about as long. The locale is set
     // first: it must not change while another thread runs.
     std::setlocale(LC_ALL, "");
-    const std::jthread fonts([] { FcInit(); });
+    std::jthread fonts;
+    try {
+        fonts = std::jthread([] { FcInit(); });
+    } catch (const std::system_error&) {
+        // Without this thread the first font's user waits for the files.
+    }
     PenStyle::Install();
 
+    const StartFailure told;
     static int count = 1;
     static char name[] = "NymbrelConfig";
     static char* arguments[] = {name, nullptr};
     _application = std::make_unique<QApplication>(count, arguments);
+    texts::TranslateQt(*_application);
     _wardrobe = std::make_unique<Wardrobe>();
     QApplication::setQuitOnLastWindowClosed(false);
     _queue.Listen();
 }
 
 void DisplayServer::Run() {
-    // However the event loop ends, no window outlives it and no Show waits for it.
+    // However the event loop ends, no window outlives it and no Show waits for it. Qt leaves the display
+    // here, where a quit signal still ends a wait for that.
     struct Ending {
         DisplayServer& server;
-        ~Ending() { server.TakeAllOffScreen(); }
+        ~Ending() {
+            server.TakeAllOffScreen();
+            server._application.reset();
+        }
     };
     const Ending ending{*this};
     QApplication::exec();

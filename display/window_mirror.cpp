@@ -7,6 +7,7 @@
 #include "display/mnemonics.h"
 #include "display/pen_style.h"
 #include "display/post_queue.h"
+#include "display/screen_fit.h"
 #include "display/wardrobe.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
@@ -40,10 +41,28 @@ public:
             button->setDefault(true);
     }
 
+    void Fit(QPoint start, QSize least) {
+        _least = least;
+        FitToScreen(*this, start, least);
+        _fitted = size();
+    }
+
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
+    }
+
+    // Fits the window to its contents whenever they change, until the user chooses another size.
+    bool event(QEvent* event) override {
+        const bool handled = QWidget::event(event);
+        if (event->type() == QEvent::LayoutRequest) {
+            if (size() == _fitted)
+                Fit(pos(), _least);
+            else
+                BoundLeastSize(*this);
+        }
+        return handled;
     }
 
     void closeEvent(QCloseEvent* event) override {
@@ -64,6 +83,7 @@ private:
 
     BWindow& _window;
     QPointer<QPushButton> _default_button;
+    QSize _least, _fitted;
 };
 
 // Qt tells assistive tools that a plain widget is no window, even at the top.
@@ -85,6 +105,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
 
     auto* layout = new QHBoxLayout(_top.get());
     layout->setContentsMargins({});
+    layout->setSizeConstraint(QLayout::SetNoConstraint);
     layout->setSpacing(0);
     new QShortcut(Qt::Key_F8, _top.get(), [&wardrobe] { wardrobe.WearPlain(!wardrobe.IsPlain()); });
     {
@@ -109,15 +130,12 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     ShowLabels();
 
     const KSRect<long> frame = window.Frame();
-    _top->move(static_cast<int>(frame.left), static_cast<int>(frame.top));
-    _top->resize(QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight()))
-                     .expandedTo(_top->sizeHint()));
+    _top->Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
+              QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
     _top->show();
 }
 
-WindowMirror::~WindowMirror() {
-    Listen(false);
-}
+WindowMirror::~WindowMirror() = default;
 
 void WindowMirror::Listen(bool on) {
     BAutolock lock(&_window);
@@ -200,7 +218,7 @@ void WindowMirror::ShowLabels() {
     for (const auto& page : pages) {
         std::vector<QString> texts;
         for (const ControlMirror* mirror : page)
-            texts.push_back(mirror->Label());
+            texts.push_back(mirror->ShownLabel());
         std::set<char> used = common;
         const std::vector<int> mnemonics = ChooseMnemonics(texts, used);
         for (std::size_t i = 0; i < page.size(); ++i)

@@ -59,4 +59,10 @@ private:
     std::vector<std::unique_ptr<ControlMirror>> _mirrors;  // children before their parents
     std::unordered_map<const KSControl*, ControlMirror*> _by_control;
     std::unique_ptr<Top> _top;
+
+    // Ends the listening, also when the constructor throws.
+    struct Listening {
+        ~Listening() { mirror.Listen(false); }
+        WindowMirror& mirror;
+    } _listening{*this};
 };

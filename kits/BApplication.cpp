@@ -3,6 +3,7 @@
 
 #include "hdr/ks_assert.h"
 #include "kits/BWindow.h"
+#include "kits/QuitSignals.h"
 #include "kits/WindowServer.h"
 #include "kits/application_loop.h"
 
@@ -26,8 +27,8 @@ BApplication::~BApplication() {
 void BApplication::Run(WindowServer* server) {
     KS_ASSERT(!_has_run);
     _has_run = true;
-    // Before the server starts threads, which must not take these signals either.
-    QuitSignals signals;
+    // Before the server starts threads, which must not take these signals, and may wait without end.
+    const QuitSignals signals([this] { PostMessage(B_QUIT_REQUESTED); });
     const bool bus_answers = _loop->bus.Open([this](std::uint32_t code) {
         if (!AcceptsBroadcast(code))
             return;
@@ -42,7 +43,7 @@ void BApplication::Run(WindowServer* server) {
     std::exception_ptr loop_failure, server_failure;
     std::thread thread([&] {
         try {
-            RunLoop(signals);
+            RunLoop();
         } catch (...) {
             loop_failure = std::current_exception();
         }
@@ -65,10 +66,10 @@ void BApplication::Run(WindowServer* server) {
         std::rethrow_exception(loop_failure ? loop_failure : server_failure);
 }
 
-void BApplication::RunLoop(QuitSignals& signals) {
+void BApplication::RunLoop() {
     ReadyToRun();
     for (;;) {
-        for (BMessage& message : _loop->Wait(signals)) {
+        for (BMessage& message : _loop->Wait()) {
             if (message.what != B_QUIT_REQUESTED)
                 MessageReceived(&message);
             else if (QuitRequested() || _server_has_ended)

@@ -11,7 +11,6 @@
 
 class ApplicationLoop;
 class BWindow;
-class QuitSignals;
 class WindowServer;
 
 class BApplication : public BLooper {
@@ -24,10 +23,11 @@ public:
 
     // Runs the message loop on a thread of its own, which calls ReadyToRun first, and `server`'s event loop
     // on the calling (main) thread. Returns when QuitRequested has granted a quit request; messages behind
-    // that request are dropped. SIGTERM and SIGINT are quit requests meanwhile. When `server` ends on its
-    // own, the message loop ends after the messages that it has. An exception that leaves a hook or `server`
-    // ends both loops and is thrown on. Without a `server` no window is seen. Called once (asserted), while
-    // no other thread runs.
+    // that request are dropped. SIGTERM, SIGINT and SIGHUP are quit requests meanwhile; one that is refused
+    // or not answered ends the process all the same (kits/QuitSignals.h). When `server` ends on its own, the
+    // message loop ends after the messages that it has. An exception that leaves a hook or `server` ends both
+    // loops and is thrown on. Without a `server` no window is seen. Called once (asserted), while no other
+    // thread runs.
     void Run(WindowServer* server = nullptr);
 
     void PostMessage(const BMessage& message) override;
@@ -52,7 +52,7 @@ public:
 private:
     friend class BWindow;
 
-    void RunLoop(QuitSignals& signals);
+    void RunLoop();
 
     std::string _signature;
     std::vector<BWindow*> _windows;

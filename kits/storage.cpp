@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "kits/storage.h"
 
+#include "kits/retry.h"
+
+#include <algorithm>
 #include <cstdlib>
 #include <cstring>
 #include <dirent.h>
@@ -12,12 +15,12 @@
 
 namespace {
 
-constexpr std::string_view kHome = "/boot/home";
+constexpr const char* kHome = "/boot/home";
 constexpr std::string_view kSettings = "/boot/home/config/settings";
 
 bool HasPlatformHome() {
-    std::error_code error;
-    return std::filesystem::is_directory(kHome, error);
+    struct stat about {};
+    return ks_retried([&] { return stat(kHome, &about); }) == 0 && S_ISDIR(about.st_mode);
 }
 
 // Returns the variable's value where it is an absolute path, else the empty text.
@@ -37,7 +40,29 @@ std::string UserSettingsDirectory() {
 
 // Returns -1 for a failure. Does not wait for the other end of a pipe.
 int OpenToRead(const std::string& path) {
-    return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    return ks_retried([&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); });
+}
+
+// Closes a descriptor at the end of the scope.
+class Descriptor {
+public:
+    explicit Descriptor(int number) : _number(number) {}
+    ~Descriptor() {
+        if (_number >= 0)
+            close(_number);
+    }
+    Descriptor(const Descriptor&) = delete;
+    Descriptor& operator=(const Descriptor&) = delete;
+    operator int() const { return _number; }
+
+private:
+    int _number;
+};
+
+// Returns the mode of an open file; 0 when it cannot be told.
+mode_t ModeOf(int descriptor) {
+    struct stat about {};
+    return ks_retried([&] { return fstat(descriptor, &about); }) == 0 ? about.st_mode : 0;
 }
 
 }  // namespace
@@ -60,17 +85,29 @@ void ks_create_settings_directory() {
     std::filesystem::create_directories(directory, error);
 }
 
-std::FILE* ks_open_regular_file(const std::string& path) {
-    const int descriptor = OpenToRead(ks_resolve_path(path));
-    if (descriptor < 0)
-        return nullptr;
+bool ks_entry_exists(const std::string& path) {
     struct stat about {};
-    std::FILE* file = nullptr;
-    if (fstat(descriptor, &about) == 0 && S_ISREG(about.st_mode))
-        file = fdopen(descriptor, "r");
-    if (!file)
-        close(descriptor);
-    return file;
+    return ks_retried([&] { return lstat(ks_resolve_path(path).c_str(), &about); }) == 0;
+}
+
+std::optional<std::string> ks_read_regular_file(const std::string& path, std::size_t most) {
+    constexpr std::size_t kStep = 1 << 16;
+    const Descriptor file(OpenToRead(ks_resolve_path(path)));
+    if (file < 0 || !S_ISREG(ModeOf(file)))
+        return std::nullopt;
+    std::string bytes;
+    for (std::size_t size = 0;;) {
+        bytes.resize(std::min(most, size + kStep));
+        const ssize_t count =
+            ks_retried([&] { return read(file, bytes.data() + size, bytes.size() - size); });
+        if (count < 0)
+            return std::nullopt;
+        size += static_cast<std::size_t>(count);
+        if (count == 0 || size == most) {
+            bytes.resize(size);
+            return bytes;
+        }
+    }
 }
 
 status_t BFile::SetTo(const char* path, unsigned mode) {
@@ -78,8 +115,8 @@ status_t BFile::SetTo(const char* path, unsigned mode) {
     if (!path || mode != B_READ_ONLY)
         return B_ERROR;
     _descriptor = OpenToRead(ks_resolve_path(path));
-    struct stat about {};
-    if (_descriptor >= 0 && fstat(_descriptor, &about) == 0 && !S_ISDIR(about.st_mode))
+    const mode_t mode_found = _descriptor >= 0 ? ModeOf(_descriptor) : 0;
+    if (mode_found != 0 && !S_ISDIR(mode_found))
         return B_OK;
     Unset();
     return B_ERROR;
@@ -112,8 +149,12 @@ BDirectory::~BDirectory() = default;
 
 status_t BDirectory::SetTo(const char* path) {
     _stream.reset();
-    DIR* directory = path ? opendir(ks_resolve_path(path).c_str()) : nullptr;
-    if (!directory)
+    DIR* directory = nullptr;
+    const auto open_directory = [&] {
+        directory = opendir(ks_resolve_path(path).c_str());
+        return directory ? 0 : -1;
+    };
+    if (!path || ks_retried(open_directory) != 0)
         return B_ERROR;
     _stream = std::make_unique<Stream>(directory);
     return B_OK;
@@ -129,7 +170,13 @@ status_t BDirectory::Rewind() {
 status_t BDirectory::GetNextEntry(BEntry* entry, bool) {
     if (!_stream || !entry)
         return B_ERROR;
-    while (const dirent* next = readdir(_stream->directory)) {
+    const dirent* next = nullptr;
+    const auto read_entry = [&] {
+        errno = 0;
+        next = readdir(_stream->directory);
+        return next || errno == 0 ? 0 : -1;
+    };
+    while (ks_retried(read_entry) == 0 && next) {
         if (std::strcmp(next->d_name, ".") == 0 || std::strcmp(next->d_name, "..") == 0)
             continue;
         entry->_name = next->d_name;

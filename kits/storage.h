@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
-// Files and directories, and where the platform's fixed paths lie here.
+// Files and directories, and where the platform's fixed paths lie here. What fails for a moment is tried
+// again (kits/retry.h).
 #pragma once
 
 #include <cstddef>
-#include <cstdio>
 #include <memory>
+#include <optional>
 #include <string>
 
 using status_t = int;
@@ -22,9 +23,12 @@ std::string ks_resolve_path(const std::string& path);
 // missing; it never creates /boot/home. Failures are silent.
 void ks_create_settings_directory();
 
-// Opens the file at a platform path for reading; the caller closes it. Returns null when it cannot be read or
-// is not a regular file. Never waits.
-std::FILE* ks_open_regular_file(const std::string& path);
+// Returns whether there is an entry at a platform path, be it a link that leads nowhere.
+bool ks_entry_exists(const std::string& path);
+
+// Returns the first `most` bytes of the regular file at a platform path; nothing when one of them cannot be
+// read. Never waits.
+std::optional<std::string> ks_read_regular_file(const std::string& path, std::size_t most);
 
 class BPath {
 public:

@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
-# Sourced by ./run, ./test and the scripts of bench/ and tests/: Debian packages, the build, and the user's catalogs.
+# Sourced by ./run, ./test and the scripts of bench/ and tests/: Debian packages and the build.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
 build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev libfontconfig-dev libstb-dev)
-window_packages=(fonts-dejavu-core)
+window_packages=(fonts-dejavu-core qt6-translations-l10n)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
 test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
 
@@ -52,29 +52,4 @@ build() {
         log=$(cmake --preset "$1" 2>&1) || fail "cmake cannot configure preset $1:"$'\n'"$log"
     fi
     cmake --build --preset "$1" ${2:+--target "$2"} || fail "the build of preset $1 failed (the lines above say where)."
-}
-
-# The directory in which the toolkit's programs look for catalogs.
-catalogs_directory() {
-    local settings=/boot/home/config/settings
-    if ! [ -d /boot/home ]; then
-        case ${XDG_CONFIG_HOME:-} in
-        /*) settings=$XDG_CONFIG_HOME ;;
-        *) settings=${HOME:?}/.config ;;
-        esac
-    fi
-    echo "$settings/Kestrune/Catalogs"
-}
-
-# install_catalogs: copies the bundled catalogs that the user does not have; one that is there stays as it is.
-install_catalogs() {
-    local directory language
-    directory=$(catalogs_directory)
-    for language in "$root"/catalogs/*/; do
-        language=$(basename "$language")
-        [ -e "$directory/$language/NymbrelConfig.catalog" ] && continue
-        mkdir -p "$directory/$language" &&
-            cp "$root/catalogs/$language/NymbrelConfig.catalog" "$directory/$language/" ||
-            echo "${0##*/}: cannot install the catalog of $language in $directory; going on without it." >&2
-    done
 }

@@ -6,6 +6,7 @@
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLocale.h"
 #include "toolkit/KSLook.h"
+#include "toolkit/installed_languages.h"
 
 #include <vector>
 
@@ -34,7 +35,9 @@ template <class Visit> void ForEachControl(const BApplication& application, Visi
 
 KSApplication::KSApplication(const char* signature, const char* catalog) : BApplication(signature) {
     ks_create_settings_directory();
+    ks_link_installed_languages();
     ks_locale->Open(catalog);
+    ks_toolkit_locale->Open("Nymbrel.catalog");
     ks_current_look->Read();
 }
 

@@ -7,8 +7,9 @@
 
 class KSApplication : public BApplication {
 public:
-    // Creates the settings directory if it is missing, opens `catalog` in the chosen language (ks_locale) and
-    // reads the look (ks_current_look).
+    // Creates the settings directory if it is missing and links the installed languages
+    // (installed_languages.h), opens `catalog` (ks_locale) and the toolkit's own (ks_toolkit_locale) in the
+    // chosen language, and reads the look (ks_current_look).
     KSApplication(const char* signature, const char* catalog);
 
     ~KSApplication() override;

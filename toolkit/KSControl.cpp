@@ -46,6 +46,17 @@ std::string KSControl::Label() const {
     return _label;
 }
 
+void KSControl::SetBubbleHelp(const char* text) {
+    const KSAutolock lock(this);
+    _bubble_help = text ? text : "";
+    Changed();
+}
+
+std::string KSControl::BubbleHelp() const {
+    const KSAutolock lock(this);
+    return _bubble_help;
+}
+
 void KSControl::SetTarget(BHandler* handler, BLooper* looper) {
     const KSAutolock lock(this);
     _target = handler ? dynamic_cast<BLooper*>(handler) : looper;

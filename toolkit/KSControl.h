@@ -46,6 +46,11 @@ public:
     void SetLabel(const char* label, bool redraw);
     std::string Label() const;
 
+    // A short text that tells what the control is for, shown where the pointer rests on it for the look's
+    // wait time. Copied; null means none.
+    void SetBubbleHelp(const char* text);
+    std::string BubbleHelp() const;
+
     // Messages go to `handler`, which must be a looper to receive any; when it is null, they go to `looper`.
     void SetTarget(BHandler* handler, BLooper* looper);
     // Keeps a copy of the message; null sends none.
@@ -78,6 +83,7 @@ private:
     friend class KSContainer;
 
     std::string _label;
+    std::string _bubble_help;
     std::optional<BMessage> _message;
     BLooper* _target = nullptr;
     bool _hidden = false;

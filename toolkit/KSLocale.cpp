@@ -6,12 +6,11 @@
 #include "toolkit/settings_values.h"
 
 #include <charconv>
-#include <filesystem>
 #include <optional>
 
 namespace {
 
-KSLocale locale;
+KSLocale locale, toolkit_locale;
 
 constexpr std::size_t kLargestCatalog = 1 << 20;
 
@@ -20,20 +19,13 @@ constexpr std::size_t kLargestCatalog = 1 << 20;
 std::optional<std::string> LanguageDirectory(const std::string& language) {
     if (language.empty() || language == "." || language == ".." || language.find('/') != std::string::npos)
         return std::nullopt;
-    const std::string path = ks_resolve_path(kCatalogsPath) + "/" + language;
-    std::error_code error;
-    if (!std::filesystem::exists(std::filesystem::symlink_status(path, error)))
-        return std::nullopt;
-    return path;
+    const std::string path = std::string(kCatalogsPath) + "/" + language;
+    return ks_entry_exists(path) ? std::optional(path) : std::nullopt;
 }
 
 // Returns the file's bytes; none when it cannot be read or is too large.
 std::string ReadCatalog(const std::string& path) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(path), std::fclose);
-    if (!file)
-        return {};
-    std::string text(kLargestCatalog + 1, '\0');
-    text.resize(std::fread(text.data(), 1, text.size(), file.get()));
+    std::string text = ks_read_regular_file(path, kLargestCatalog + 1).value_or("");
     return text.size() > kLargestCatalog ? std::string() : text;
 }
 
@@ -56,20 +48,19 @@ std::optional<std::string> Unescaped(std::string_view text) {
 }  // namespace
 
 KSLocale* const ks_locale = &locale;
+KSLocale* const ks_toolkit_locale = &toolkit_locale;
 
 void KSLocale::Open(const char* catalog) {
     // The language list always holds this one, with or without an entry of its own.
-    std::string directory = LanguageDirectory("english").value_or("");
-    ks_read_settings_lines([&, english = directory](const ks_settings_line& line) {
+    _language = "english";
+    ks_read_settings_lines([&](const ks_settings_line& line) {
         if (ks_find_setting(line) != ks_setting{ks_setting_kind::kLanguage})
             return;
-        const std::string language = line.Value();
-        if (language == "english")
-            directory = english;
-        else if (const auto found = LanguageDirectory(language))
-            directory = *found;
+        if (const std::string language = line.Value(); language == "english" || LanguageDirectory(language))
+            _language = language;
     });
-    Read(directory.empty() || !catalog ? std::string() : ReadCatalog(directory + "/" + catalog));
+    const std::optional<std::string> directory = LanguageDirectory(_language);
+    Read(directory && catalog ? ReadCatalog(*directory + "/" + catalog) : std::string());
 }
 
 void KSLocale::Read(std::string_view text) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The texts of the running application in the user's language.
+// Texts in the user's language: those of the running application and those of the toolkit.
 #pragma once
 
 #include <cstdint>
@@ -22,10 +22,16 @@ public:
     // catalog's texts live until the next Open or Read.
     const char* String(std::uint32_t id, const char* default_text) const;
 
+    // The language that Open has found, whether it has the catalog or not.
+    const std::string& Language() const { return _language; }
+
 private:
     void ReadLine(std::string_view line);
 
     std::unordered_map<std::uint32_t, std::string> _texts;
+    std::string _language = "english";
 };
 
 extern KSLocale* const ks_locale;
+// The texts of the toolkit itself, in the same language.
+extern KSLocale* const ks_toolkit_locale;

@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "toolkit/settings_lines.h"
 
+#include "kits/QuitSignals.h"
+#include "kits/retry.h"
 #include "kits/storage.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
-#include <memory>
 #include <unistd.h>
 
 namespace {
@@ -20,33 +19,39 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+// Longer files are no settings; their rest is not read.
+constexpr std::size_t kLongestFile = 64 << 20;
+
 // Reserves room for `length` bytes without changing the file's size; false when there is none. Files that
 // cannot reserve any are left to the writing itself.
 bool Reserve(int descriptor, std::size_t length) {
-    while (fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(length)) != 0)
-        if (errno != EINTR)
-            return errno != ENOSPC && errno != EDQUOT;
-    return true;
+    const auto reserve = [&] {
+        return fallocate(descriptor, FALLOC_FL_KEEP_SIZE, 0, static_cast<off_t>(length));
+    };
+    return ks_retried(reserve) == 0 || (errno != ENOSPC && errno != EDQUOT);
 }
 
 // The text goes out in one call: readers see old and new mixed for a moment only.
 bool WriteAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
-        const ssize_t count = write(descriptor, text.data(), text.size());
-        if (count > 0)
-            text.remove_prefix(static_cast<std::size_t>(count));
-        else if (count == 0 || errno != EINTR)
+        const ssize_t count = ks_retried([&] { return write(descriptor, text.data(), text.size()); });
+        if (count <= 0)
             return false;
+        text.remove_prefix(static_cast<std::size_t>(count));
     }
     return true;
 }
 
 // Cuts off what is left of a longer text. Pipes and devices have no length to cut: EINVAL.
 bool Cut(int descriptor, std::size_t length) {
-    while (ftruncate(descriptor, static_cast<off_t>(length)) != 0)
-        if (errno != EINTR)
-            return errno == EINVAL;
-    return true;
+    return ks_retried([&] { return ftruncate(descriptor, static_cast<off_t>(length)); }) == 0 ||
+           errno == EINVAL;
+}
+
+// Returns the length of the piece that `text` begins with.
+std::size_t PieceLength(std::string_view text) {
+    const std::size_t end = text.substr(0, kPieceLength).find('\n');
+    return end == std::string_view::npos ? std::min(text.size(), kPieceLength) : end + 1;
 }
 
 }  // namespace
@@ -65,28 +70,33 @@ bool ks_settings_line::Is(std::string_view other) const {
                       [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
-bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {
-    const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(ks_open_regular_file(kSettingsPath),
-                                                               std::fclose);
-    if (!file)
-        return false;
-    char buffer[kPieceLength + 1];
-    while (std::fgets(buffer, sizeof buffer, file.get())) {
-        const std::string_view piece(buffer);
+void ks_read_settings_lines(std::string_view text,
+                            const std::function<void(const ks_settings_line&)>& handle) {
+    while (!text.empty()) {
+        const std::size_t length = PieceLength(text);
+        std::string_view piece = text.substr(0, length);
+        text.remove_prefix(length);
+        piece = piece.substr(0, piece.find('\0'));
         const std::size_t start = std::min(piece.find_first_not_of(kSeparators), piece.size());
         const std::size_t end = piece.find_first_of(kSeparators, start);
         if (end == std::string_view::npos || end + 1 == piece.size())
             continue;
         handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
     }
-    return true;
 }
 
-// SIGTERM and SIGINT are blocked in every thread while the application runs (QuitSignals), so neither ends
-// the program between the writing and the cutting.
+bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {
+    const std::optional<std::string> text = ks_read_regular_file(kSettingsPath, kLongestFile);
+    if (text)
+        ks_read_settings_lines(*text, handle);
+    return text.has_value();
+}
+
 bool ks_write_settings_file(std::string_view text) {
+    const std::string path = ks_resolve_path(kSettingsPath);
+    const WholeWrite from_here_to_the_end;
     const int descriptor =
-        open(ks_resolve_path(kSettingsPath).c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666);
+        ks_retried([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666); });
     if (descriptor < 0)
         return false;
     const bool is_written =

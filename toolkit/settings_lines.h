@@ -20,14 +20,19 @@ struct ks_settings_line {
     bool Is(std::string_view other) const;
 };
 
-// Reads the file in pieces of at most 1023 characters, each a line or a part of one. Calls `handle` for every
-// piece that has a key and something behind it; a NUL byte ends its piece. Returns false when there is no
-// regular file that can be opened. Never waits.
+// Reads a text in pieces of at most 1023 characters, each a line or a part of one. Calls `handle` for every
+// piece that has a key and something behind it; a NUL byte ends its piece.
+void ks_read_settings_lines(std::string_view text,
+                            const std::function<void(const ks_settings_line&)>& handle);
+
+// Reads the file's text, or the first 64 MiB of it. Returns false without a call of `handle` when there is no
+// regular file that can be read. Never waits.
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle);
 
 // Writes `text` over the file, which keeps its inode and is created where it is missing. Returns whether all
 // of it was written. A failure before the first byte, such as a full disk, leaves the file as it was; a later
-// one may leave the new text's start before the old text's rest. Never waits for a pipe's other end.
+// one may leave the new text's start before the old text's rest. Never waits for a pipe's other end. A quit
+// signal waits for it (kits/QuitSignals.h).
 bool ks_write_settings_file(std::string_view text);
 
 // Returns whether a value that is written behind a key comes back whole: it is not empty, contains no line

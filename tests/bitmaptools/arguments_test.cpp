@@ -19,52 +19,39 @@ using Word = std::uint32_t;
 using Row = std::vector<Word>;
 using Corners = std::array<KSPoint<double>, 4>;
 
-constexpr double kPi = std::numbers::pi;
-
 constexpr Word kRed = 0xFFFF0000, kGreen = 0xFF00FF00, kBlue = 0xFF0000FF, kWhite = 0xFFFFFFFF;
 const Row kNumbers = {1, 2, 3, 4, 5, 6, 7, 8, 9};
 
-// Each returns square images, filled with 99 before.
-Row Scaled(decltype(Tools::ScalePlain) scale, int size, const Row& from, int to_size) {
-    Row to(static_cast<std::size_t>(to_size * to_size), 99);
-    scale(size, size, to_size, to_size, from.data(), to.data(), size, to_size);
-    return to;
-}
-Row Turned(int size, KSPoint<double> centre, double angle) {
-    const Rect rect(0, 0, size - 1, size - 1);
-    const auto length = static_cast<Word>(size);
-    Row to(length * length, 99);
-    Tools::RotatePlain(rect, rect, centre, angle, kNumbers.data(), to.data(), length, length);
-    return to;
-}
-Row Transformed(int size, const Corners& p, const Rect& rect) {
-    const auto length = static_cast<Word>(rect.PixelWidth());
-    Row to(length * length, 99);
-    Tools::TransformPlain({0, 0, size - 1, size - 1}, p[0], p[1], p[2], p[3], rect, kNumbers.data(),
-                          to.data(), static_cast<Word>(size), length);
-    return to;
-}
-
 TEST(WorkedValues, OfScaling) {
+    const auto scaled = [](auto scale, int size, const Row& from, int to_size) {
+        Row to(static_cast<std::size_t>(to_size * to_size), 99);
+        scale(size, size, to_size, to_size, from.data(), to.data(), size, to_size);
+        return to;
+    };
     const Row colors = {kRed, kBlue, kGreen, kWhite};
-    EXPECT_EQ(Scaled(Tools::ScalePlain, 2, colors, 3),
+    EXPECT_EQ(scaled(Tools::ScalePlain, 2, colors, 3),
               Row({kRed, kRed, kBlue, kRed, kRed, kBlue, kGreen, kGreen, kWhite}));
-    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 1, {kWhite}, 2), Row({0x40FFFFFF, 0x80FFFFFF, 0x80FFFFFF, kWhite}));
-    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 2, colors, 2), Row({0x40FF0000, 0x807F007F, 0x807F7F00, 0xFF7F7F7F}));
-    EXPECT_EQ(Scaled(Tools::ScaleBiLin, 1, {0x00FFFFFF}, 2), Row({0, 0, 0, 0})) << "clear pixels become 0";
+    EXPECT_EQ(scaled(Tools::ScaleBiLin, 2, colors, 2), Row({0x40FF0000, 0x807F007F, 0x807F7F00, 0xFF7F7F7F}));
+    EXPECT_EQ(scaled(Tools::ScaleBiLin, 1, {0x00FFFFFF}, 2), Row({0, 0, 0, 0})) << "clear pixels become 0";
 }
 
-TEST(WorkedValues, OfRotation) {
-    EXPECT_EQ(Turned(2, {7.25, -3}, 0), Row({1, 2, 3, 4}));
-    EXPECT_EQ(Turned(2, {0.5, 0.5}, kPi), Row({4, 3, 2, 1}));
-    EXPECT_EQ(Turned(3, {1, 1}, kPi / 2), Row({3, 6, 9, 2, 5, 8, 1, 4, 7}));
-    EXPECT_EQ(Turned(2, {50, 50}, kPi), Row({99, 99, 99, 99})) << "all lies outside";
+TEST(WorkedValues, OfQuarterTurns) {
+    const Rect rect(0, 0, 2, 2);
+    Row to(9);
+    Tools::RotatePlain(rect, rect, {1, 1}, std::numbers::pi / 2, kNumbers.data(), to.data(), 3, 3);
+    EXPECT_EQ(to, Row({3, 6, 9, 2, 5, 8, 1, 4, 7}));
 }
 
 TEST(WorkedValues, OfTransformation) {
-    EXPECT_EQ(Transformed(3, {{{0, 0}, {3, 0}, {3, 3}, {0, 3}}}, {0, 0, 1, 1}), Row({99, 99, 99, 1}))
+    const auto transformed = [](Corners p, int size, Rect rect) {
+        Row to(static_cast<std::size_t>(rect.PixelWidth() * rect.PixelHeight()), 99);
+        Tools::TransformPlain({0, 0, size - 1, size - 1}, p[0], p[1], p[2], p[3], rect, kNumbers.data(),
+                              to.data(), static_cast<Word>(size), static_cast<Word>(rect.PixelWidth()));
+        return to;
+    };
+    EXPECT_EQ(transformed({{{0, 0}, {3, 0}, {3, 3}, {0, 3}}}, 3, {0, 0, 1, 1}), Row({99, 99, 99, 1}))
         << "the first corner moves to (0.1, 0.1)";
-    EXPECT_EQ(Transformed(2, {{{0, 0}, {3.5, 0.5}, {2, 2}, {0, 2}}}, {2, 2, 2, 2}), Row({4}))
+    EXPECT_EQ(transformed({{{0, 0}, {3.5, 0.5}, {2, 2}, {0, 2}}}, 2, {2, 2, 2, 2}), Row({4}))
         << "the far sides belong to the last column and row";
 }
 
@@ -91,25 +78,26 @@ TEST(Arguments, OutsideTheirRangeWriteNothing) {
         for (const auto function : {Tools::TransformPlain, Tools::TransformBiLin})
             function(from, p[0], p[1], p[2], p[3], to, &source, &pixel, 1, 1);
     };
-    for (const Rect& bad : {Rect(0, 0, -1, 0),
-                            {0, 1, 0, 0},
-                            {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX},
-                            {LONG_MIN, 0, LONG_MAX, 0},
-                            {LONG_MAX, LONG_MAX, LONG_MIN, LONG_MIN},
-                            {LONG_MIN, LONG_MIN, LONG_MIN, LONG_MIN},
-                            {LONG_MAX, LONG_MAX, LONG_MAX, LONG_MAX},
-                            {kLeast - 1, 0, 0, 0},
-                            {0, kLeast - 1, 0, 0},
-                            {0, 0, kMost + 1, 0},
-                            {0, 0, 0, kMost + 1}}) {
-        SCOPED_TRACE(testing::Message()
-                     << bad.left << " " << bad.top << " " << bad.right << " " << bad.bottom);
+    const Rect bad_rects[] = {
+        {0, 0, -1, 0},
+        {0, 1, 0, 0},
+        {LONG_MIN, 0, LONG_MAX, 0},
+        {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX},
+        {LONG_MIN, LONG_MIN, LONG_MIN, LONG_MIN},
+        {LONG_MAX, LONG_MAX, LONG_MAX, LONG_MAX},
+        {LONG_MAX, LONG_MAX, LONG_MIN, LONG_MIN},
+        {kLeast - 1, 0, 0, 0},
+        {0, kLeast - 1, 0, 0},
+        {0, 0, kMost + 1, 0},
+        {0, 0, 0, kMost + 1},
+    };
+    for (const Rect& bad : bad_rects) {
         rotate(bad, rect, {0, 0}, 0);
         rotate(rect, bad, {0, 0}, 0);
         rotate(bad, bad, {0, 0}, 0);
         transform(bad, around, rect);
         transform(rect, around, bad);
-        ASSERT_EQ(pixel, 7u);
+        ASSERT_EQ(pixel, 7u) << "rectangle " << &bad - bad_rects;
     }
     for (const KSPoint<double> bad : {KSPoint<double>(kNan, 0), {0, kInfinity}, {1e300, -1e300}})
         rotate(rect, rect, bad, 1);

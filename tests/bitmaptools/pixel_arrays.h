@@ -45,28 +45,28 @@ struct TestImage {
     }
 };
 
-// Expects `call(ours, source, destination)` to store what `call(oracle, source, destination)` stores, on
-// every level and throughout the destination's array.
-template <class Function, class Call>
-void ExpectLikeReference(Noise& noise, TestImage& source, TestImage& destination, Function* ours,
-                         Function* oracle, Call call) {
+// Expects `call<Tools>(bilinear, source, destination)` to store with KSBitmapTools what it stores with the
+// reference, in both qualities, on every level and throughout the destination's array.
+template <class Call>
+void ExpectLikeReference(Noise& noise, TestImage& source, TestImage& destination, Call call) {
     const auto items = destination.array.Items();
     noise.Paint(items);
     const std::vector<Word> before(items.begin(), items.end());
-    std::vector<Word> want = before;
-    call(oracle, source.array.Items().data(), want.data());
     source.array.SetWritable(false);
-    for (const Level level : Levels()) {
-        const ScopedLevel held(level);
-        std::ranges::copy(before, items.begin());
-        call(ours, source.array.Items().data(), items.data());
-        const long at = std::ranges::mismatch(items, want).in1 - items.begin();
-        if (at != std::ssize(want))
-            ADD_FAILURE() << std::hex << "want " << want[at] << ", got " << items[at] << ", was "
-                          << before[at] << std::dec << ", seed " << noise.Seed() << ", " << NameOf(level)
-                          << ", pixel (" << at % destination.row_length << ", " << at / destination.row_length
-                          << ") of " << destination.width << " x " << destination.height << ", source "
-                          << source.width << " x " << source.height;
+    for (const bool bilinear : {false, true}) {
+        std::vector<Word> want = before;
+        call.template operator()<reference::BitmapTools>(bilinear, source.array.Items().data(), want.data());
+        for (const Level level : Levels()) {
+            const ScopedLevel held(level);
+            std::ranges::copy(before, items.begin());
+            call.template operator()<KSBitmapTools>(bilinear, source.array.Items().data(), items.data());
+            const long at = std::ranges::mismatch(items, want).in1 - items.begin();
+            if (at != std::ssize(want))
+                ADD_FAILURE() << (bilinear ? "bilinear" : "plain") << std::hex << ": want " << want[at]
+                              << ", got " << items[at] << std::dec << ", seed " << noise.Seed() << ", "
+                              << NameOf(level) << ", word " << at << " of " << destination.width << " x "
+                              << destination.height << ", rows of " << destination.row_length;
+        }
     }
     source.array.SetWritable(true);
 }

@@ -21,13 +21,12 @@ struct Turn {
 void ExpectRotated(Noise& noise, const Turn& turn) {
     TestImage source(noise, turn.from.PixelWidth(), turn.from.PixelHeight(), turn.row_length);
     TestImage destination(noise, turn.to.PixelWidth(), turn.to.PixelHeight());
-    const auto rotate = [&](auto function, const Word* from, Word* to) {
-        function(turn.from, turn.to, turn.centre, turn.angle, from, to, static_cast<Word>(source.row_length),
-                 static_cast<Word>(destination.row_length));
-    };
-    using Oracle = reference::BitmapTools;
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::RotatePlain, Oracle::RotatePlain, rotate);
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::RotateBiLin, Oracle::RotateBiLin, rotate);
+    ExpectLikeReference(
+        noise, source, destination, [&]<class Tools>(bool bilinear, const Word* from, Word* to) {
+            (bilinear ? Tools::RotateBiLin : Tools::RotatePlain)(
+                turn.from, turn.to, turn.centre, turn.angle, from, to, static_cast<Word>(source.row_length),
+                static_cast<Word>(destination.row_length));
+        });
 }
 
 TEST(Rotation, EqualsItsDefinition) {

@@ -8,14 +8,13 @@ namespace {
 
 void ExpectScaled(Noise& noise, TestImage& source, long width, long height) {
     TestImage destination(noise, width, height);
-    const auto scale = [&](auto function, const Word* from, Word* to) {
-        function(static_cast<int>(source.width), static_cast<int>(source.height), static_cast<int>(width),
-                 static_cast<int>(height), from, to, static_cast<int>(source.row_length),
-                 static_cast<int>(destination.row_length));
-    };
-    using Oracle = reference::BitmapTools;
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::ScalePlain, Oracle::ScalePlain, scale);
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::ScaleBiLin, Oracle::ScaleBiLin, scale);
+    ExpectLikeReference(
+        noise, source, destination, [&]<class Tools>(bool bilinear, const Word* from, Word* to) {
+            (bilinear ? Tools::ScaleBiLin : Tools::ScalePlain)(
+                static_cast<int>(source.width), static_cast<int>(source.height), static_cast<int>(width),
+                static_cast<int>(height), from, to, static_cast<int>(source.row_length),
+                static_cast<int>(destination.row_length));
+        });
 }
 
 TEST(Scaling, EqualsItsDefinition) {

@@ -13,15 +13,12 @@ void ExpectTransformed(Noise& noise, const KSRect<long>& from, const Corners& p,
                        long row_length = -1) {
     TestImage source(noise, from.PixelWidth(), from.PixelHeight(), row_length);
     TestImage destination(noise, to.PixelWidth(), to.PixelHeight());
-    const auto transform = [&](auto function, const Word* pixels, Word* result) {
-        function(from, p[0], p[1], p[2], p[3], to, pixels, result, static_cast<Word>(source.row_length),
-                 static_cast<Word>(destination.row_length));
-    };
-    using Oracle = reference::BitmapTools;
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::TransformPlain, Oracle::TransformPlain,
-                        transform);
-    ExpectLikeReference(noise, source, destination, KSBitmapTools::TransformBiLin, Oracle::TransformBiLin,
-                        transform);
+    ExpectLikeReference(
+        noise, source, destination, [&]<class Tools>(bool bilinear, const Word* pixels, Word* result) {
+            (bilinear ? Tools::TransformBiLin : Tools::TransformPlain)(
+                from, p[0], p[1], p[2], p[3], to, pixels, result, static_cast<Word>(source.row_length),
+                static_cast<Word>(destination.row_length));
+        });
 }
 
 // Quadrilaterals of any shape: convex and not, mirrored, with parallel sides, shrunk to a line or a point.

@@ -3,6 +3,7 @@
 #include "toolkit/KSLocale.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -15,29 +16,59 @@
 
 namespace {
 
-// The rows of settings/strings.h, of which only the source is a list.
-std::map<std::uint32_t, std::string> ProgramTexts() {
-    std::map<std::uint32_t, std::string> rows;
-    std::ifstream source(NYMBREL_TEXTS);
-    for (std::string line; std::getline(source, line);) {
-        std::uint32_t id = 0;
-        char text[100];
-        if (std::sscanf(line.c_str(), "inline constexpr text %*[^{]{%u, \"%99[^\"]", &id, text) == 2)
-            rows[id] = text;
+using Ids = std::vector<std::uint32_t>;
+
+struct catalog {
+    const char* name;
+    const char* source;  // of the texts, of which only the source is a list
+    Ids not_used;
+    // Texts that stand beside each other: a reader must be able to tell them apart.
+    std::vector<Ids> seen_together;
+
+    std::map<std::uint32_t, std::string> Texts() const {
+        std::map<std::uint32_t, std::string> rows;
+        std::ifstream file(source);
+        for (std::string line; std::getline(file, line);) {
+            std::uint32_t id = 0;
+            char text[100];
+            if (std::sscanf(line.c_str(), "inline constexpr text %*[^{]{%u, \"%99[^\"]", &id, text) == 2)
+                rows[id] = text;
+        }
+        return rows;
     }
-    return rows;
-}
-
-const std::map<std::uint32_t, std::string> kDefaults = ProgramTexts();
-
-// Texts that stand beside each other: a reader must be able to tell them apart.
-const std::vector<std::vector<std::uint32_t>> kSeenTogether = {
-    {1, 2, 3, 45, 46, 47, 48},
-    {7, 8, 9, 10, 11, 12, 14, 15, 16, 17, 18, 19, 20, 21},
-    {23, 24, 25, 26, 27, 28, 29, 30, 31},
-    {33, 34, 35, 36, 37},
-    {38, 40, 41, 42, 43, 49, 50, 51},
 };
+
+const catalog kCatalogs[] = {
+    {"NymbrelConfig.catalog",
+     NYMBREL_SOURCE "/settings/strings.h",
+     {22, 32},
+     {{1, 2, 3, 45, 46, 47, 48},
+      {7, 8, 9, 10, 11, 12, 14, 15, 16, 17, 18, 19, 20, 21},
+      {23, 24, 25, 26, 27, 28, 29, 30, 31},
+      {33, 34, 35, 36, 37},
+      {38, 40, 41, 42, 43, 49, 50, 51}}},
+    {"Nymbrel.catalog",
+     NYMBREL_SOURCE "/display/texts.h",
+     {},
+     {{6, 7, 8},
+      {13, 14, 15, 16},
+      {17, 18, 20, 21, 23, 24, 25},
+      {26, 27},
+      {30, 31, 32},
+      {33, 34, 35, 36, 37},
+      {38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51}}},
+};
+
+// How often a text has what a program puts something in the place of.
+std::array<long, 4> Marks(const std::string& text) {
+    const auto count = [&](const char* mark) {
+        long found = 0;
+        for (std::size_t at = text.find(mark); at != text.npos; at = text.find(mark, at + 1))
+            ++found;
+        return found;
+    };
+    return {count("%"), count("%1"), count("%2"), count("&")};
+}
 
 // The folders are the languages that get installed.
 const std::set<std::string> kLanguages = {"deutsch", "espanol", "francais",  "italiano", "nederlands",
@@ -45,44 +76,56 @@ const std::set<std::string> kLanguages = {"deutsch", "espanol", "francais",  "it
 
 class Catalogs : public testing::TestWithParam<std::string> {
 protected:
-    std::ifstream file{std::string(NYMBREL_CATALOGS "/") + GetParam() + "/NymbrelConfig.catalog"};
+    std::ifstream File(const catalog& row) const {
+        return std::ifstream(std::string(NYMBREL_SOURCE "/catalogs/") + GetParam() + "/" + row.name);
+    }
 };
 
 TEST_P(Catalogs, HoldEveryTextOnceInOrderAndNothingElse) {
-    std::vector<std::uint32_t> ids, wanted;
-    for (const auto& [id, text] : kDefaults)
-        wanted.push_back(id);
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with("$"))
-            continue;
-        std::size_t digits = 0;
-        ids.push_back(static_cast<std::uint32_t>(std::stoul(line, &digits)));
-        const std::string text = line.substr(digits);
-        ASSERT_GE(text.size(), 2u) << line;
-        EXPECT_TRUE(text[0] == ' ' && text[1] != ' ' && text.back() != ' ') << line;
-        EXPECT_EQ(text.find_first_of("\t\r\\&_%"), std::string::npos) << line;
+    for (const catalog& row : kCatalogs) {
+        const auto texts = row.Texts();
+        Ids ids, wanted;
+        for (std::uint32_t id = 1; id <= texts.rbegin()->first; ++id)
+            if (std::ranges::count(row.not_used, id) == 0)
+                wanted.push_back(id);
+        std::ifstream file = File(row);
+        for (std::string line; std::getline(file, line);) {
+            if (line.starts_with("$"))
+                continue;
+            std::size_t digits = 0;
+            ids.push_back(static_cast<std::uint32_t>(std::stoul(line, &digits)));
+            const std::string text = line.substr(digits);
+            ASSERT_GE(text.size(), 2u) << line;
+            EXPECT_TRUE(text[0] == ' ' && text[1] != ' ' && text.back() != ' ') << line;
+            EXPECT_EQ(text.find_first_of("\t\r\\_"), std::string::npos) << line;
+            EXPECT_EQ(Marks(text), Marks(texts.at(ids.back()))) << line;
+        }
+        EXPECT_EQ(ids, wanted);
+        EXPECT_EQ(texts.size(), wanted.size());
     }
-    EXPECT_EQ(ids, wanted);
-    EXPECT_EQ(ids.size(), 50u);
 }
 
 TEST_P(Catalogs, AreReadByTheToolkitAndTranslated) {
-    KSLocale locale;
-    locale.Read(std::string(std::istreambuf_iterator<char>(file), {}));
-    int same = 0;
-    for (const auto& [id, english] : kDefaults) {
-        const std::string text = locale.String(id, "(missing)");
-        EXPECT_NE(text, "(missing)") << id;
-        const auto characters = std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
-        EXPECT_LE(characters, static_cast<long>(2 * english.size() + 10)) << text;
-        same += text == english;
-    }
-    // A few words are the same in many languages: the program's name, OK, Text, System, Normal, Options.
-    EXPECT_LE(same, 6);
-    for (const auto& group : kSeenTogether) {
-        std::set<std::string> distinct;
-        for (const std::uint32_t id : group)
-            EXPECT_TRUE(distinct.insert(locale.String(id, "")).second) << id;
+    for (const catalog& row : kCatalogs) {
+        std::ifstream file = File(row);
+        KSLocale locale;
+        locale.Read(std::string(std::istreambuf_iterator<char>(file), {}));
+        int same = 0;
+        for (const auto& [id, english] : row.Texts()) {
+            const std::string text = locale.String(id, "(missing)");
+            EXPECT_NE(text, "(missing)") << id;
+            const auto characters =
+                std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; });
+            EXPECT_LE(characters, static_cast<long>(2 * english.size() + 10)) << text;
+            same += text == english;
+        }
+        // A few words are the same in many languages: the program's name, OK, Text, System, Normal, Options.
+        EXPECT_LE(same, 6);
+        for (const Ids& group : row.seen_together) {
+            std::set<std::string> distinct;
+            for (const std::uint32_t id : group)
+                EXPECT_TRUE(distinct.insert(locale.String(id, "")).second) << id;
+        }
     }
 }
 
@@ -91,7 +134,7 @@ INSTANTIATE_TEST_SUITE_P(Languages, Catalogs, testing::ValuesIn(kLanguages),
 
 TEST(CatalogsFolder, HasTheNineLanguages) {
     std::set<std::string> folders;
-    for (const auto& entry : std::filesystem::directory_iterator(NYMBREL_CATALOGS))
+    for (const auto& entry : std::filesystem::directory_iterator(NYMBREL_SOURCE "/catalogs"))
         if (entry.is_directory())
             folders.insert(entry.path().filename());
     EXPECT_EQ(folders, kLanguages);

@@ -6,9 +6,10 @@
 set -eu
 cd "$(dirname "$0")/../.."
 minutes=${1:-30}
+export TMPDIR=/dev/shm
 cmake --preset fuzz > /dev/null
 cmake --build --preset fuzz
-for target in archive drawing; do
+for target in archive drawing settings catalog picture; do
     corpus=build/fuzz/corpus/$target
     mkdir -p "$corpus"
     "build/fuzz/tests/fuzz/${target}_seeded" --write "$corpus"

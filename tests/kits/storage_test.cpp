@@ -81,15 +81,13 @@ TEST_F(Storage, OpensFilesAndNeverWaits) {
     BFile file;
     for (const auto& [name, opens, is_regular] : kFiles) {
         EXPECT_EQ(file.SetTo((root / name).c_str(), B_READ_ONLY) == B_OK, opens) << name;
-        std::FILE* const opened = ks_open_regular_file(root / name);
-        EXPECT_EQ(opened != nullptr, is_regular) << name;
-        if (opened)
-            std::fclose(opened);
+        EXPECT_EQ(ks_read_regular_file(root / name, 3), is_regular ? std::optional("tex") : std::nullopt)
+            << name;
     }
     EXPECT_NE(file.SetTo("", B_READ_ONLY), B_OK);
     EXPECT_NE(file.SetTo(nullptr, B_READ_ONLY), B_OK);
     EXPECT_NE(file.SetTo((root / "file").c_str(), 1), B_OK);
-    EXPECT_FALSE(ks_open_regular_file("/dev/zero"));
+    EXPECT_FALSE(ks_read_regular_file("/dev/zero", 3));
 }
 
 TEST_F(Storage, ListsEntriesOfEveryKind) {

@@ -14,9 +14,7 @@ using rect = KSRect<long>;
 constexpr std::uint32_t kRaw = 0x52415754;
 constexpr std::int32_t kNone = -1;
 constexpr char kBytes[] = "twelve bytes";
-constexpr char kUnknown[] = "unknown storage kind", kTooLarge[] = "frame too large";
-constexpr char kLess[] = "less pixel data than the frame asks for";
-constexpr char kMore[] = "more pixel data than the frame asks for";
+constexpr char kTooLarge[] = "frame too large";
 
 // Returns an archive of these fields and of the first `size` of kBytes; kNone leaves a field out.
 KSMessage Archived(rect frame, std::int32_t space = kNone, std::int32_t native = kNone,
@@ -47,40 +45,33 @@ TEST(Archive, HoldsTheDocumentedFields) {
 }
 
 TEST(Archive, MayLackFields) {
-    const KSRaster none(static_cast<const KSMessage*>(nullptr));
-    EXPECT_EQ(none.Frame(), rect(1, 1, -1, -1));
-    EXPECT_EQ(none.Bits(), nullptr);
-    EXPECT_EQ(none.BytesPerPixel(), 0);
-
     KSMessage archive;
     archive.AddString("KSRaster::_name", "");
-    const KSRaster empty(&archive);
+    const KSRaster none(static_cast<const KSMessage*>(nullptr)), empty(&archive);
     EXPECT_STREQ(empty.Name(), "");
-    EXPECT_EQ(empty.Frame(), rect(1, 1, -1, -1));
-    EXPECT_EQ(empty.BytesPerPixel(), 4);
+    for (const KSRaster* raster : {&none, &empty}) {
+        EXPECT_EQ(raster->Frame(), rect(1, 1, -1, -1));
+        EXPECT_EQ(raster->Bits(), nullptr);
+        EXPECT_EQ(raster->BytesPerPixel(), raster == &none ? 0 : 4);
+    }
 }
 
 // Pixels are copied as far as both the archive and the raster reach.
 TEST(Archive, NamesItsFault) {
+    constexpr char kUnknown[] = "unknown storage kind", kBitmap[] = "colour space that no bitmap can hold",
+                   kLess[] = "less pixel data than the frame asks for",
+                   kMore[] = "more pixel data than the frame asks for";
+    const rect four(0, 0, 1, 1), pair(0, 0, 1, 0), large(0, 0, 99999, 99999), empty(0, 0, -1, 1);
     const struct {
         rect frame;
         std::int32_t space, native, size;
         const char* want;
     } kArchives[] = {
-        {{0, 0, 1, 1}, 3, 0, kNone, kUnknown},
-        {{0, 0, 1, 1}, 3, 4, kNone, kUnknown},
-        {{0, 0, -1, 1}, 9, 9, kNone, kUnknown},
-        {{0, 0, 1, 1}, 2, 1, kNone, "colour space that no bitmap can hold"},
-        {{0, 0, 99999, 99999}, 3, 2, kNone, kTooLarge},
-        {{0, 0, 99999, 99999}, 3, 3, kNone, kTooLarge},
-        {{0, 0, -1, 1}, 9, 3, kNone, nullptr},
-        {{0, 0, 1, 1}, 9, 2, kNone, nullptr},
-        {{0, 0, 1, 0}, kNone, 3, 0, kLess},
-        {{0, 0, 1, 0}, kNone, kNone, 1, kLess},
-        {{0, 0, 1, 0}, kNone, kNone, 7, kLess},
-        {{0, 0, 1, 0}, kNone, kNone, 8, nullptr},
-        {{0, 0, 1, 0}, kNone, kNone, 9, kMore},
-        {{0, 0, 1, 0}, kNone, kNone, 12, kMore},
+        {four, 3, 0, kNone, kUnknown},  {four, 3, 4, kNone, kUnknown},   {empty, 9, 9, kNone, kUnknown},
+        {four, 2, 1, kNone, kBitmap},   {large, 3, 2, kNone, kTooLarge}, {large, 3, 3, kNone, kTooLarge},
+        {empty, 9, 3, kNone, nullptr},  {four, 9, 2, kNone, nullptr},    {pair, kNone, 3, 0, kLess},
+        {pair, kNone, kNone, 1, kLess}, {pair, kNone, kNone, 7, kLess},  {pair, kNone, kNone, 8, nullptr},
+        {pair, kNone, kNone, 9, kMore}, {pair, kNone, kNone, 12, kMore},
     };
     for (const auto& [frame, space, native, size, want] : kArchives) {
         SCOPED_TRACE(&frame - &kArchives[0].frame);
@@ -106,14 +97,12 @@ TEST(Archive, KnowsTheLargestFrames) {
         {KS_RGBA_COLOR_SPACE, 0x1FFFFFFF, 1},  {KS_RGBA_COLOR_SPACE, 1, 0x1FFFFFFF},
         {KS_RGBA_COLOR_SPACE, 256999, 2089},   {KS_RGBA64_COLOR_SPACE, 3, 89478485},
     };
-    for (const auto& [space, width, height] : kLargest) {
-        const KSMessage fits = Archived({1, 1, width, height}, space);
-        const KSMessage wide = Archived({0, 1, width, height}, space);
-        const KSMessage high = Archived({1, 0, width, height}, space);
-        EXPECT_EQ(KSRaster::ArchiveFault(&fits), nullptr) << width << " x " << height;
-        EXPECT_STREQ(KSRaster::ArchiveFault(&wide), kTooLarge) << width << " x " << height;
-        EXPECT_STREQ(KSRaster::ArchiveFault(&high), kTooLarge) << width << " x " << height;
-    }
+    for (const auto& [space, width, height] : kLargest)
+        for (const auto& [left, top] : {std::pair(1, 1), {0, 1}, {1, 0}}) {
+            const KSMessage archive = Archived({left, top, width, height}, space);
+            EXPECT_STREQ(KSRaster::ArchiveFault(&archive), left + top == 2 ? nullptr : kTooLarge)
+                << width << " x " << height;
+        }
 }
 
 TEST(ArchiveDeathTest, UnknownStorageKind) {

@@ -19,7 +19,7 @@ TEST(Raster, StartsTransparent) {
     EXPECT_EQ(raster.Bounds(), rect(0, 0, 3, 1));
     EXPECT_EQ(raster.Origin(), point(10, 20));
     EXPECT_EQ(raster.OptimizedFrame(), rect(1, 1, -1, -1));
-    ForEachPixel(raster.Frame(), [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), 0u); });
+    EXPECT_EQ(PixelsOf(raster), std::vector<std::uint32_t>(8));
 }
 
 // Each way to keep pixels.
@@ -69,7 +69,7 @@ TEST(Raster, DuplicatesBetweenAllStorages) {
         for (KSRaster* source : {&memory, &adopted}) {
             FillWithNoise(*source, 3);
             const std::unique_ptr<KSRaster> copy(source->DuplicateRaster(native));
-            EXPECT_TRUE(SamePixels(*source, *copy)) << native;
+            EXPECT_EQ(PixelsOf(*copy), PixelsOf(*source)) << native;
             EXPECT_EQ(copy->GetBBitmap() != nullptr,
                       native == kRasterInBBitmap ||
                           (native == kRasterNativeDontChange && source == &adopted));
@@ -83,18 +83,19 @@ TEST(Raster, SwapsFillsAndPaintsByTheSizeOfPixels) {
         SCOPED_TRACE(&kind - kStorages);
         KSRaster raster({0, 0, 3, 1}, nullptr, static_cast<ks_color_space>(kind.space), kind.native);
         FillWithNoise(raster, 2);
-        const std::vector<unsigned char> before(BytesOf(raster).begin(), BytesOf(raster).end());
+        const auto bytes = [&] { return std::vector(BytesOf(raster).begin(), BytesOf(raster).end()); };
+        auto want = bytes();
         raster.SwapEndian();
-        const std::vector<unsigned char> swapped(BytesOf(raster).begin(), BytesOf(raster).end());
-        const std::size_t unit = static_cast<std::size_t>(kind.swapped);
+        for (auto unit = want.begin(); unit != want.end(); unit += kind.swapped)
+            std::reverse(unit, unit + kind.swapped);
+        EXPECT_EQ(bytes(), want);
         raster.FillAlpha(0x80);
-        for (std::size_t i = 0; i < before.size(); i++) {
-            EXPECT_EQ(swapped[i], before[i / unit * unit + unit - 1 - i % unit]) << i;
-            EXPECT_EQ(BytesOf(raster)[i], unit == 4 && i % 4 == 3 ? 0x80 : swapped[i]) << i;
-        }
+        for (std::size_t i = 3; kind.bytes == 4 && i < want.size(); i += 4)
+            want[i] = 0x80;
+        EXPECT_EQ(bytes(), want);
         raster.SetHighColor(1, 2, 3, 255);
         raster.FillRect(raster.Frame());
-        EXPECT_EQ(BytesOf(raster)[0], kind.bytes == 4 ? 3 : swapped[0]);
+        EXPECT_EQ(BytesOf(raster)[0], kind.bytes == 4 ? 3 : want[0]);
     }
 }
 
@@ -147,11 +148,10 @@ TEST(Raster, AdoptsBitmaps) {
         std::int32_t bytes_per_row, rows;
         rect want;
     } kBitmaps[] = {
-        {{0, 0, 63, 31}, 256, 32, {0, 0, 63, 31}}, {{5, 5, 63.9F, 31.9F}, 256, 32, {0, 0, 63, 31}},
-        {{-5, -7, 3, 2}, 36, 10, {0, 0, 3, 2}},    {{-9, -9, -0.5F, -0.5F}, 36, 9, {0, 0, 0, 0}},
-        {{-9, -9, -3, -3}, 28, 7, {0, 0, -3, -3}}, {{-0.5F, 0, -0.5F, 0.5F}, 4, 1, {0, 0, 0, 0}},
-        {{0, 0, -1, -1}, 0, 0, {0, 0, -1, -1}},    {{100, 0, 63, 31}, 0, 0, {0, 0, 63, 31}},
-        {{nan, 0, 3, nan}, 0, 0, {0, 0, 3, -1}},   {{inf, inf, -inf, 3}, 0, 0, {0, 0, -1, 3}},
+        {{5, 5, 63.9F, 31.9F}, 256, 32, {0, 0, 63, 31}}, {{-5, -7, 3, 2}, 36, 10, {0, 0, 3, 2}},
+        {{-9, -9, -0.5F, -0.5F}, 36, 9, {0, 0, 0, 0}},   {{-9, -9, -3, -3}, 28, 7, {0, 0, -3, -3}},
+        {{-0.5F, 0, -0.5F, 0.5F}, 4, 1, {0, 0, 0, 0}},   {{100, 0, 63, 31}, 0, 0, {0, 0, 63, 31}},
+        {{nan, 0, 3, nan}, 0, 0, {0, 0, 3, -1}},         {{inf, inf, -inf, 3}, 0, 0, {0, 0, -1, 3}},
     };
     for (const auto& [bounds, bytes_per_row, rows, want] : kBitmaps) {
         SCOPED_TRACE(&bounds - &kBitmaps[0].bounds);
@@ -163,8 +163,8 @@ TEST(Raster, AdoptsBitmaps) {
         EXPECT_EQ(raster.GetBBitmap(), bitmap);
         EXPECT_EQ(raster.Frame(), want);
         raster.FillRect(kLeast, kLeast, kMost, kMost);
-        if (rows > 0)
-            ForEachPixel(want, [&](long x, long y) { EXPECT_EQ(PixelAt(raster, x, y), 0xFFFFFFFF); });
+        const std::vector<std::uint32_t> pixels = rows > 0 ? PixelsOf(raster) : std::vector<std::uint32_t>();
+        EXPECT_TRUE(std::ranges::all_of(pixels, [](std::uint32_t pixel) { return pixel == 0xFFFFFFFF; }));
         CallEverything(raster);
         EXPECT_STREQ(raster.Name(), "adopted");
     }
@@ -244,26 +244,23 @@ TEST(Raster, PrintsItsFrame) {
 }
 
 TEST(RasterDeathTest, NamesConditionFileAndFunction) {
-    const auto unlock_twice = [] {
-        KSRaster raster({0, 0, 1, 1});
-        raster.Unlock();
-        raster.Unlock();
-    };
-    EXPECT_DEATH(unlock_twice(), "KSRaster: Unlock: assertion \"_lock_count > 0\" failed");
-    const auto keep_lock = [] { KSRaster({0, 0, 1, 1}).Lock(); };
-    EXPECT_DEATH(keep_lock(), "KSRaster: ~KSRaster: assertion \"_lock_count == 0\" failed");
+    EXPECT_DEATH(
+        {
+            KSRaster raster({0, 0, 1, 1});
+            raster.Unlock();
+            raster.Unlock();
+        },
+        "KSRaster: Unlock: assertion \"_lock_count > 0\" failed");
+    EXPECT_DEATH(KSRaster({0, 0, 1, 1}).Lock(), "KSRaster: ~KSRaster: assertion \"_lock_count == 0\" failed");
     EXPECT_DEATH(KSRaster({5, 5, 4, 4}, nullptr, KS_RGBA_COLOR_SPACE, kRasterNativeDontChange),
                  "KSRaster: KSRaster: assertion \"_native != kRasterNativeDontChange\" failed");
     EXPECT_DEATH(KSRaster({0, 0, 1, 1}, nullptr, KS_RGB16_COLOR_SPACE, kRasterInBBitmap),
                  "KSRaster: .*: assertion \"_color_space == KS_RGBA_COLOR_SPACE\" failed");
     EXPECT_DEATH(KSRaster({0, 0, 1, 1}, nullptr, KS_RGBA_COLOR_SPACE, static_cast<ks_raster_native>(4)),
                  "KSRaster: .*: assertion \"0\" failed");
-    const auto wrong_mode = [] {
-        KSRaster raster({0, 0, 1, 1});
-        raster.SetDrawingMode(static_cast<ks_composition_mode>(22));
-        raster.FillRect(0, 0, 1, 1);
-    };
-    EXPECT_DEATH(wrong_mode(), "_mode < kMergeCount");
+    KSRaster raster({0, 0, 1, 1});
+    raster.SetDrawingMode(static_cast<ks_composition_mode>(22));
+    EXPECT_DEATH(raster.FillRect(0, 0, 1, 1), "_mode < kMergeCount");
 }
 
 }  // namespace

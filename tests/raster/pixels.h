@@ -5,9 +5,10 @@
 #include "raster/KSRaster.h"
 #include "tests/support/noise.h"
 
+#include <algorithm>
 #include <cstdint>
-#include <cstring>
 #include <span>
+#include <vector>
 
 inline std::uint32_t& PixelAt(const KSRaster& raster, long x, long y) {
     auto* row = static_cast<unsigned char*>(raster.Bits()) + (y - raster.Frame().top) * raster.BytesPerRow();
@@ -32,19 +33,14 @@ inline void FillWithNoise(const KSRaster& raster, std::uint32_t seed) {
         byte = static_cast<unsigned char>(noise.Word());
 }
 
-// Returns whether two rasters have the same memory.
-inline bool SameBytes(const KSRaster& one, const KSRaster& other) {
-    return one.BitsLength() == other.BitsLength() &&
-           (one.BitsLength() == 0 || std::memcmp(one.Bits(), other.Bits(), BytesOf(one).size()) == 0);
+// Returns the pixels row by row.
+inline std::vector<std::uint32_t> PixelsOf(const KSRaster& raster) {
+    std::vector<std::uint32_t> pixels;
+    ForEachPixel(raster.Frame(), [&](long x, long y) { pixels.push_back(PixelAt(raster, x, y)); });
+    return pixels;
 }
 
-// Returns whether two rasters of one size hold the same pixels, wherever their frames are.
-inline bool SamePixels(const KSRaster& one, const KSRaster& other) {
-    bool same = one.Width() == other.Width() && one.Height() == other.Height();
-    const long dx = other.Frame().left - one.Frame().left, dy = other.Frame().top - one.Frame().top;
-    if (same)
-        ForEachPixel(one.Frame(), [&](long x, long y) {
-            same = same && PixelAt(one, x, y) == PixelAt(other, x + dx, y + dy);
-        });
-    return same;
+// Returns whether two rasters have the same memory.
+inline bool SameBytes(const KSRaster& one, const KSRaster& other) {
+    return std::ranges::equal(BytesOf(one), BytesOf(other));
 }

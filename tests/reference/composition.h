@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <functional>
 
 namespace reference {
 
@@ -23,17 +22,11 @@ inline Channels ComposedOver(const Channels& d, const Channels& x, Integer a) {
         return {255, x[1], x[2], x[3]};
     if (d[0] == 0)
         return {a, x[1], x[2], x[3]};
-    Channels result;
-    if (d[0] == 255) {
-        result[0] = 255;
-        for (int c = 1; c < 4; c++)
-            result[c] = FloorDivided(d[c] * 255 + (x[c] - d[c]) * a, 256);
-        return result;
-    }
     const Integer under = (255 - a) * d[0], upper = a * 255;
-    result[0] = (under + upper) / 255;
+    Channels result{(under + upper) / 255};
     for (int c = 1; c < 4; c++)
-        result[c] = (d[c] * under + x[c] * upper) / (under + upper + 1);
+        result[c] = d[0] == 255 ? FloorDivided(d[c] * 255 + (x[c] - d[c]) * a, 256)
+                                : (d[c] * under + x[c] * upper) / (under + upper + 1);
     return result;
 }
 
@@ -77,15 +70,15 @@ inline Integer Blended(ks_composition_mode mode, Integer d, Integer s) {
     case kMergeScreen:
         return (65025 - (255 - s) * (255 - d)) / 255;
     case kMergeAdd:
-        return d + s > 255 ? 255 : d + s;
+        return std::min<Integer>(d + s, 255);
     case kMergeSubtract:
-        return d < s ? 0 : d - s;
+        return std::max<Integer>(d - s, 0);
     case kMergeDarkest:
-        return d < s ? d : s;
+        return std::min(d, s);
     case kMergeLightest:
-        return d < s ? s : d;
+        return std::max(d, s);
     case kMergeDifference:
-        return d < s ? s - d : d - s;
+        return std::abs(d - s);
     case kMergeAverage:
         return (d + s) / 2;
     case kMergeInvert:
@@ -124,12 +117,8 @@ inline Channels ComposedBlend(ks_composition_mode mode, const Channels& d, const
     return ComposedOver(d, x, EffectiveAlpha(s[0], opacity));
 }
 
-// Where Dissolve's random numbers come from.
-using Random = std::function<int()>;
-
 // What the pixel kernel of `mode` returns, for an opacity of 0 to 255.
-inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opacity,
-                         const Random& random = std::rand) {
+inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opacity) {
     const Channels d = Unpacked(dst), s = Unpacked(src);
     const Integer a = EffectiveAlpha(s[0], opacity);
     switch (mode) {
@@ -141,7 +130,7 @@ inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opac
     case kMergeDissolve:
         if (a == 255)
             return src;
-        return random() % 256 < a ? Packed({255, s[1], s[2], s[3]}) : dst;
+        return std::rand() % 256 < a ? Packed({255, s[1], s[2], s[3]}) : dst;
     case kMergeCopy:
         return src;
     case kMergeOver:
@@ -160,20 +149,18 @@ inline Word ComposePixel(ks_composition_mode mode, Word dst, Word src, Word opac
 }
 
 // What the run kernel of `mode` stores for one pixel.
-inline Word ComposeInRun(ks_composition_mode mode, Word dst, Word color, Word opacity,
-                         const Random& random = std::rand) {
+inline Word ComposeInRun(ks_composition_mode mode, Word dst, Word color, Word opacity) {
     if (mode != kMergeErase)
-        return ComposePixel(mode, dst, color, opacity, random);
+        return ComposePixel(mode, dst, color, opacity);
     const Channels d = Unpacked(dst);
     const Integer kept = 65025 - Unpacked(color)[0] * opacity;
     return Packed({d[0] * kept / 65025, d[1], d[2], d[3]});
 }
 
 // What the array kernel of `mode` stores for one pixel.
-inline Word ComposeInArray(ks_composition_mode mode, Word dst, Word src, Word opacity,
-                           const Random& random = std::rand) {
+inline Word ComposeInArray(ks_composition_mode mode, Word dst, Word src, Word opacity) {
     if (mode != kMergeAlphaMask)
-        return ComposeInRun(mode, dst, src, opacity, random);
+        return ComposeInRun(mode, dst, src, opacity);
     const Channels d = Unpacked(dst), s = Unpacked(src);
     if (s[0] == 0 || d[0] == 0)
         return 0;

@@ -35,6 +35,9 @@ public:
         return _pixels[static_cast<std::size_t>((y - _frame.top) * _frame.PixelWidth() + (x - _frame.left))];
     }
 
+    // Returns the pixels of the frame, row by row.
+    const std::vector<std::uint32_t>& Pixels() const { return _pixels; }
+
     void FillRect(long left, long top, long right, long bottom) {
         for (long y = std::max(top, _frame.top); y <= std::min(bottom, _frame.bottom); y++)
             for (long x = std::max(left, _frame.left); x <= std::min(right, _frame.right); x++)
@@ -80,29 +83,25 @@ public:
 
     void StrokeEllipse(long x1, long y1, long x2, long y2) {
         const auto plot = [this](long cx, long cy, long x, long y) {
-            PutPixel(cx + x, cy + y);
-            PutPixel(cx + x, cy - y);
-            PutPixel(cx - x, cy + y);
-            PutPixel(cx - x, cy - y);
+            for (const long across : {x, -x})
+                for (const long down : {y, -y})
+                    PutPixel(cx + across, cy + down);
         };
         WalkEllipse(x1, y1, x2, y2, plot, plot);
     }
 
     void FillEllipse(long x1, long y1, long x2, long y2) {
-        WalkEllipse(
-            x1, y1, x2, y2,
-            [this](long cx, long cy, long x, long y) {
-                FillRect(cx, cy + y, cx + x, cy + y);
-                FillRect(cx - x, cy + y, cx, cy + y);
-                FillRect(cx, cy - y, cx + x, cy - y);
-                FillRect(cx - x, cy - y, cx, cy - y);
-            },
-            [this](long cx, long cy, long x, long y) {
-                FillRect(cx + x, cy, cx + x, cy + y);
-                FillRect(cx + x, cy - y, cx + x, cy);
-                FillRect(cx - x, cy, cx - x, cy + y);
-                FillRect(cx - x, cy - y, cx - x, cy);
-            });
+        const auto flat = [this](long cx, long cy, long x, long y) {
+            for (const long down : {y, -y})
+                for (const long across : {x, -x})
+                    StrokeLine(cx, cy + down, cx + across, cy + down);
+        };
+        const auto upright = [this](long cx, long cy, long x, long y) {
+            for (const long across : {x, -x})
+                for (const long down : {y, -y})
+                    StrokeLine(cx + across, cy, cx + across, cy + down);
+        };
+        WalkEllipse(x1, y1, x2, y2, flat, upright);
     }
 
     void FillPolygon(const KSPoint<long>* points, long count) {

@@ -24,15 +24,14 @@ struct Source {
     const Word* pixels;
     i64 width, height, row_length;
 
-    std::optional<Channels> At(i64 x, i64 y) const {
+    std::optional<Word> At(i64 x, i64 y) const {
         if (x < 0 || y < 0 || x >= width || y >= height)
             return std::nullopt;
-        return Unpacked(pixels[y * row_length + x]);
+        return pixels[y * row_length + x];
     }
 
     std::optional<Word> Nearest(i64 x, i64 y) const {
-        const auto pixel = At(FloorDivided(x, 4096), FloorDivided(y, 4096));
-        return pixel ? std::optional(Packed(*pixel)) : std::nullopt;
+        return At(FloorDivided(x, 4096), FloorDivided(y, 4096));
     }
 
     std::optional<Word> Bilinear(i64 x, i64 y) const {
@@ -43,7 +42,7 @@ struct Source {
         Channels sums = {};
         for (int row = 0; row < 2; ++row)
             for (int column = 0; column < 2; ++column) {
-                const Channels pixel = At(ix + column, iy + row).value_or(Channels());
+                const Channels pixel = Unpacked(At(ix + column, iy + row).value_or(0));
                 const i64 v = (column ? fx : 4096 - fx) * (row ? fy : 4096 - fy) * pixel[0];
                 const i64 weight = (v + v / 256 + 1) / 256;
                 sums[0] += weight;

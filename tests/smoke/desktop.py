@@ -66,8 +66,8 @@ class Desktop:
 
     def _start_screen(self):
         reader, writer = os.pipe()
-        self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp", "-noreset",
-                   pass_fds=[writer], stderr=subprocess.DEVNULL)
+        self.screen = self.start("Xvfb", "-displayfd", str(writer), "-screen", "0", "1280x1024x24", "-nolisten", "tcp",
+                                 "-noreset", pass_fds=[writer], stderr=subprocess.DEVNULL)
         os.close(writer)
         with os.fdopen(reader) as numbers:
             self.environment["DISPLAY"] = ":" + numbers.readline().strip()

@@ -2,6 +2,7 @@
 """The program in surroundings good and bad: buses, signals, and places where its file cannot be."""
 
 import os
+import shutil
 import signal
 import time
 import unittest
@@ -75,7 +76,7 @@ class Surroundings(unittest.TestCase):
         self.assertEqual(described(), before)
 
     def test_a_missing_directory(self):
-        self.expect_place_is_kept(lambda file: file.parent.rmdir())
+        self.expect_place_is_kept(lambda file: shutil.rmtree(file.parent))
 
     def test_an_unwritable_directory(self):
         self.expect_place_is_kept(lambda file: file.parent.chmod(0o500))

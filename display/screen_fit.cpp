@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "display/screen_fit.h"
+
+#include <QGuiApplication>
+#include <QMargins>
+#include <QScreen>
+#include <QStyle>
+#include <QWidget>
+
+#include <algorithm>
+
+namespace {
+
+// Room for a frame that the window manager has not told yet.
+constexpr QMargins kFrame(4, 32, 4, 4);
+
+}  // namespace
+
+QRect PlaceIn(const QRect& screen, QPoint start, QSize wanted) {
+    const QRect room = screen.marginsRemoved(kFrame);
+    const QSize size = wanted.boundedTo(room.size());
+    const QPoint nearest = screen.topLeft(),
+                 farthest = nearest + QPoint(room.width() - size.width(), room.height() - size.height());
+    return {QPoint(std::clamp(start.x(), nearest.x(), farthest.x()),
+                   std::clamp(start.y(), nearest.y(), farthest.y())),
+            size};
+}
+
+void FitToScreen(QWidget& window, QPoint start, QSize least) {
+    QScreen* there = QGuiApplication::screenAt(start);
+    const QRect screen = (there ? there : window.screen())->availableGeometry();
+    const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    QSize wanted = least.expandedTo(window.sizeHint());
+    if (wanted.height() > PlaceIn(screen, start, wanted).height())  // something will scroll
+        wanted.rwidth() += bar;
+    const QRect place = PlaceIn(screen, start, wanted);
+    BoundLeastSize(window);
+    // A window that keeps its size stays where the user has put it.
+    if (window.isVisible() && window.size() == place.size())
+        return;
+    window.resize(place.size());
+    if (window.pos() != place.topLeft())
+        window.move(place.topLeft());
+}
+
+void BoundLeastSize(QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    window.setMinimumSize(PlaceIn(screen, screen.topLeft(), window.minimumSizeHint()).size());
+}
