@@ -5,7 +5,10 @@
 #include "display/look.h"
 #include "display/pen_style.h"
 #include "display/pop_up_button.h"
+#include "display/wardrobe.h"
+#include "display/window_mirror.h"
 #include "toolkit/KSColorField.h"
+#include "toolkit/KSLook.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -17,6 +20,7 @@
 #include <QPointer>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -32,8 +36,12 @@ ks_color FromColor(const QColor& color) {
 
 class ColorButton : public PopUpButton {
 public:
-    ColorButton(std::function<void(const QColor&)> edited, QWidget* parent)
-        : PopUpButton(QAccessible::ColorChooser, parent), _edited(std::move(edited)) {
+    // `edited` is called with each colour that is chosen, `opened` with each dialog.
+    ColorButton(std::function<void(const QColor&)> edited, std::function<void(QColorDialog&)> opened,
+                QWidget* parent)
+        : PopUpButton(QAccessible::ColorChooser, parent),
+          _edited(std::move(edited)),
+          _opened(std::move(opened)) {
         setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         setAcceptDrops(true);
         connect(this, &QAbstractButton::clicked, this, [this] { Choose(); });
@@ -97,6 +105,7 @@ private:
         _dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
         _dialog->setWindowTitle(accessibleName());
         connect(_dialog, &QColorDialog::colorSelected, this, [this](const QColor& color) { _edited(color); });
+        _opened(*_dialog);
         _dialog->open();
     }
 
@@ -119,6 +128,7 @@ private:
     }
 
     std::function<void(const QColor&)> _edited;
+    std::function<void(QColorDialog&)> _opened;
     QColor _color;
     QPoint _pressed_at;
     QPointer<QColorDialog> _dialog;
@@ -129,7 +139,8 @@ public:
     ColorFieldMirror(KSColorField& control, WindowMirror& window, QWidget* parent)
         : ColorMirror(control, window),
           _control(control),
-          _button(new ColorButton([this](const QColor& c) { _control.EditColor(FromColor(c)); }, parent)) {
+          _button(new ColorButton([this](const QColor& color) { _control.EditColor(FromColor(color)); },
+                                  [this](QColorDialog& dialog) { WearWhatItShows(dialog); }, parent)) {
         SetWidget(_button);
     }
 
@@ -148,6 +159,18 @@ public:
     void ChooseFrom(const QColor& start) override { _button->ChooseFrom(start); }
 
 private:
+    void WearWhatItShows(QColorDialog& dialog) {
+        const std::optional<ks_pen> pen = ks_current_look->PenOf(&_control);
+        if (!pen)
+            return;
+        QObject::connect(
+            &dialog, &QColorDialog::currentColorChanged, _button, [=, this](const QColor& shown) {
+                Window().Worn().TryOn([pen = static_cast<std::size_t>(*pen),
+                                       color = FromColor(shown)](ks_look& look) { look.pens[pen] = color; });
+            });
+        Window().TakeOffAfter(dialog);
+    }
+
     KSColorField& _control;
     ColorButton* _button;
     QColor _color;

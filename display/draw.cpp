@@ -66,7 +66,8 @@ void NymbrelButton(QPainter& painter, const Worn& worn, const QRect& rect, Butto
 void BeOSButton(QPainter& painter, const Worn& worn, const QRect& rect, ButtonState state) {
     const edge_inks edge(worn, worn.Ground(KS_PEN_BG_BUTTON));
     const QColor outline = state.is_enabled ? edge.dark : edge.half_dark;
-    const QRect body = rect.adjusted(2, 2, -2, -2);
+    const int room = state.has_room ? 2 : 0;
+    const QRect body = rect.adjusted(room, room, -room, -room);
     if (!state.is_down)
         Level(painter, worn, body.adjusted(1, 1, -1, -1), KS_PEN_BG_BUTTON, body.topLeft() + QPoint(1, 1));
     Canvas canvas(painter);
@@ -89,12 +90,15 @@ void Level(QPainter& painter, const Worn& worn, const QRect& rect, ks_pen level,
         Canvas canvas(painter);
         const QRect area = canvas.Map(rect);
         // The lowest level lies on nothing: it never lets the desktop through.
-        if (level == KS_PEN_BG_LOW)
+        if (level == KS_PEN_BG_LOW && worn.Pen(level).alpha() < 255)
             canvas.Fill(area, Worn::kBottom);
         canvas.Fill(area, worn.Pen(level));
     }
-    if (!worn.Bitmap(level).isNull())
-        painter.drawTiledPixmap(rect, worn.Bitmap(level), rect.topLeft() - origin);
+    if (worn.Bitmap(level).isNull())
+        return;
+    painter.drawTiledPixmap(rect, worn.Bitmap(level), rect.topLeft() - origin);
+    if (const QColor veil = worn.Veil(level); veil.alpha() > 0)
+        painter.fillRect(rect, veil);
 }
 
 void Edges(QPainter& painter, const Worn& worn, const QRect& rect, Edge edge, Weight weight,
@@ -267,9 +271,10 @@ void Selection(QPainter& painter, const Worn& worn, const QRect& rect) {
     const QRect bar = canvas.Map(rect);
     if (worn.IsNymbrel()) {
         canvas.Bevel(bar, worn.Edge(KS_PEN_HALFSHINE, ground), worn.Edge(KS_PEN_DARK, ground));
-        const QRect inside = canvas.Inside(bar);
-        canvas.Fill(QRect(inside.left(), inside.top(), canvas.Pixels(3), inside.height()),
-                    worn.On(KS_PEN_MARK, ground));
+        QRect mark(bar.left(), bar.top(), canvas.Pixels(3), bar.height());
+        if (painter.layoutDirection() == Qt::RightToLeft)
+            mark.moveRight(bar.right());
+        canvas.Fill(mark, worn.On(KS_PEN_MARK, ground));
     }
     if (worn.SelectionIsHidden())
         canvas.Box(bar, worn.On(KS_PEN_TEXT, ground));

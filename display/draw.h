@@ -22,6 +22,7 @@ struct ButtonState {
     bool is_down = false;
     bool is_default = false;
     bool is_enabled = true;
+    bool has_room = true;  // in the BeOS look, for the second outline of a default button
 };
 
 // Fills with a level's colour and tiles its bitmap from `origin`.

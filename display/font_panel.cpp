@@ -140,7 +140,10 @@ void FontPanel::FillStyles() {
 }
 
 void FontPanel::ShowSample() {
-    _sample->setFont(ToQFont(Font()));
+    const BFont font = Font();
+    _sample->setFont(ToQFont(font));
+    if (_changed)
+        _changed(font);
 }
 
 BFont FontPanel::Font() const {

@@ -7,6 +7,9 @@
 #include <QDialog>
 #include <QFont>
 
+#include <functional>
+#include <utility>
+
 class QDoubleSpinBox;
 class QLabel;
 class QListWidget;
@@ -23,6 +26,9 @@ public:
 
     BFont Font() const;
 
+    // Calls `changed` with the font whenever another one is chosen.
+    void SetChangeListener(std::function<void(const BFont&)> changed) { _changed = std::move(changed); }
+
 private:
     void FillFamilies();
     void FillStyles();
@@ -34,4 +40,5 @@ private:
     QDoubleSpinBox* _size;
     double _size_at_start;
     QLabel* _sample;
+    std::function<void(const BFont&)> _changed;
 };

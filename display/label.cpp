@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A label: the name of an editor, to which its mnemonic leads, or a note.
 #include "display/control_mirror.h"
+#include "display/pen_style.h"
 #include "display/shown_text.h"
 #include "toolkit/KSLabel.h"
 
@@ -22,6 +23,7 @@ public:
 
     void ShowLabel(int position, QWidget* editor) override {
         _label->setBuddy(editor);
+        _label->setProperty(PenStyle::kNote, !editor);
         // Without an editor, QLabel shows "&" as it is.
         _label->setText(editor ? MarkedLabel(position) : ShownLabel());
         const bool is_long = ShownLabel().size() > kLongestLine;

@@ -103,6 +103,7 @@ public:
     ListViewMirror(KSListView& control, WindowMirror& window, QWidget* parent)
         : ControlMirror(control, window), _control(control), _list(new List(control, parent)) {
         SetWidget(_list);
+        _list->ensurePolished();  // its rows are measured before it is shown
         _list->setItemDelegate(new ItemPainter(control, window.Window(), _list));
         QObject::connect(_list, &QListWidget::itemSelectionChanged, _list, [this] {
             const QModelIndexList selected = _list->selectionModel()->selectedRows();

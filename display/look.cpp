@@ -12,10 +12,10 @@ double look::BoundedPoints(double points, double least, double most) {
 }
 
 QMargins look::FrameMargins() {
-    return {kGap, kGap, kGap, kGap};
+    return {kGap, kGap - 3, kGap, kGap - 2};
 }
 
 QSize look::SampleSize(const QWidget& widget) {
-    const int height = widget.fontMetrics().height() + 10;
+    const int height = widget.fontMetrics().height() + 8;
     return {height * 5 / 2, height};
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr QSize kLeastPage(560, 240);
+constexpr QSize kLeastPage(640, 240);
 
 }  // namespace
 
@@ -20,33 +20,29 @@ PageArea::PageArea(QWidget* parent) : QScrollArea(parent) {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { FollowFocus(now); });
 }
 
-// A page that is laid out before it has its texts would keep the sizes of then.
-void PageArea::showEvent(QShowEvent* event) {
-    if (!widget()) {
-        setWidget(_page);
-        // What is below shows through.
-        _page->setAutoFillBackground(false);
-        viewport()->setAutoFillBackground(false);
-    }
-    QScrollArea::showEvent(event);
+void PageArea::SetPage(QWidget* page) {
+    setWidget(page);
+    // What is below shows through.
+    page->setAutoFillBackground(false);
+    viewport()->setAutoFillBackground(false);
 }
 
 QSize PageArea::sizeHint() const {
-    return _page->sizeHint().expandedTo(_page->minimumSizeHint());
+    return widget()->sizeHint().expandedTo(widget()->minimumSizeHint());
 }
 
 QSize PageArea::minimumSizeHint() const {
     const int bar = verticalScrollBar()->sizeHint().width();
-    return (_page->minimumSizeHint() + QSize(bar, 0)).boundedTo(kLeastPage);
+    return (widget()->minimumSizeHint() + QSize(bar, 0)).boundedTo(kLeastPage);
 }
 
 bool PageArea::eventFilter(QObject* object, QEvent* event) {
-    if (object == _page && event->type() == QEvent::LayoutRequest)
+    if (object == widget() && event->type() == QEvent::LayoutRequest)
         updateGeometry();
     return QScrollArea::eventFilter(object, event);
 }
 
 void PageArea::FollowFocus(QWidget* focused) {
-    if (focused && _page->isAncestorOf(focused))
+    if (focused && widget()->isAncestorOf(focused))
         ensureWidgetVisible(focused, look::kGap, look::kGap);
 }

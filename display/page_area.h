@@ -8,8 +8,7 @@ class PageArea : public QScrollArea {
 public:
     explicit PageArea(QWidget* parent);
 
-    // Takes `page`, a child, before it is shown.
-    void SetPage(QWidget* page) { _page = page; }
+    void SetPage(QWidget* page);
 
     // The page's own, as if it were not scrolled.
     QSize sizeHint() const override;
@@ -17,12 +16,9 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void showEvent(QShowEvent* event) override;
     // Tells the layout around it when the page asks for another size.
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:
     void FollowFocus(QWidget* focused);
-
-    QWidget* _page = nullptr;
 };

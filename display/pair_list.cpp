@@ -12,6 +12,8 @@
 #include <QStyledItemDelegate>
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 namespace {
 
@@ -22,36 +24,31 @@ constexpr int kInset = 5;
 
 const texts::text& NameOfGround(ks_pen pen) {
     static constexpr texts::text kNames[] = {
-        texts::kGroundLow,     texts::kGroundMedium,  texts::kGroundHigh,
-        texts::kGroundEdit,    texts::kGroundRead,    texts::kGroundLists,
-        texts::kGroundButtons, texts::kGroundSliders, texts::kGroundSelected,
+        texts::kPenLow,  texts::kPenMedium, texts::kPenHigh,   texts::kPenEdit,     texts::kPenRead,
+        texts::kPenList, texts::kPenButton, texts::kPenSlider, texts::kPenSelected,
     };
     const auto index = static_cast<std::size_t>(pen);
-    return index < std::size(kNames) ? kNames[index] : texts::kInkPaint;
-}
-
-const texts::text& NameOfInk(ks_pen pen) {
-    switch (pen) {
-    case KS_PEN_TEXT:
-        return texts::kInkText;
-    case KS_PEN_MARK:
-        return texts::kInkMarks;
-    case KS_PEN_PAINT:
-    case KS_PEN_PAINTSHINE:
-    case KS_PEN_PAINTDARK:
-        return texts::kInkPaint;
-    default:
-        return texts::kInkEdges;
-    }
+    return index < std::size(kNames) ? kNames[index] : texts::kPenPaint;
 }
 
 QString WordsFor(const pen_pair& pair) {
-    if (pair.ink == KS_PEN_TEXT_FG_MARKED)
-        return texts::Text(texts::kInkMarkedText);
-    if (pair.ink == KS_PEN_TEXT_BG_CURSOR)
-        return texts::Text(texts::kInkCursor);
-    return texts::Text(texts::kInkOnGround)
-        .arg(texts::Text(NameOfInk(pair.ink)), texts::Text(NameOfGround(pair.ground)));
+    const QString ground = texts::Text(NameOfGround(pair.ground));
+    switch (pair.ink) {
+    case KS_PEN_TEXT_FG_MARKED:
+        return texts::Text(texts::kPenMarkedText);
+    case KS_PEN_TEXT_BG_CURSOR:
+        return texts::Text(texts::kPenCursor);
+    case KS_PEN_TEXT:
+        return texts::Text(texts::kPairOn).arg(texts::Text(texts::kPenText), ground);
+    case KS_PEN_MARK:
+        return texts::Text(texts::kPairOn).arg(texts::Text(texts::kPenMark), ground);
+    case KS_PEN_PAINT:
+    case KS_PEN_PAINTSHINE:
+    case KS_PEN_PAINTDARK:
+        return texts::Text(texts::kPaintOn).arg(ground);
+    default:
+        return texts::Text(texts::kBestEdgeOn).arg(ground);
+    }
 }
 
 // Rounded down, so that what is shown as 4.5 is enough.
@@ -146,14 +143,14 @@ void PairList::Show(const Worn& truth) {
     for (std::size_t i = 0; i < _pairs.size(); ++i) {
         QString text = WordsFor(_pairs[i]) + QStringLiteral(", ") + RatioOf(_pairs[i]);
         if (_pairs[i].IsHard())
-            text += QStringLiteral(", ") + texts::Text(texts::kTooLow);
+            text += QStringLiteral(", ") + texts::Text(texts::kHardToRead);
         const int row = static_cast<int>(i);
         if (row == count())
             addItem(QString());
         if (item(row)->text() == text)
             continue;
         item(row)->setText(text);
-        item(row)->setToolTip(text);  // a row may have no room for all of it
+        item(row)->setToolTip(text);
     }
     viewport()->update();
 }

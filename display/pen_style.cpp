@@ -11,6 +11,7 @@
 #include <QDialog>
 #include <QEvent>
 #include <QGroupBox>
+#include <QIconEngine>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -28,7 +29,7 @@ PenStyle* the_style;
 
 constexpr int kArrowWidth = 18;   // of a spin box
 constexpr int kCheckSize = 16;    // of a check box and its place in a menu
-constexpr int kLeastHeight = 26;  // of a line to type in
+constexpr int kLeastHeight = 24;  // of a line to type in
 constexpr int kFocusInset = 5;    // of the ring inside a button
 
 bool Has(const QStyleOption& option, QStyle::StateFlag flag) {
@@ -56,6 +57,35 @@ draw::ButtonState ButtonStateOf(const QStyleOption& option) {
             .is_default = button && button->features.testFlag(QStyleOptionButton::DefaultButton),
             .is_enabled = Has(option, QStyle::State_Enabled)};
 }
+
+// The button in a line that clears it.
+class ClearIcon : public QIconEngine {
+public:
+    void paint(QPainter* painter, const QRect& rect, QIcon::Mode, QIcon::State) override {
+        const Worn& worn = the_style->Wearing();
+        const QColor ground = worn.Ground(KS_PEN_BG_EDIT);
+        const double size = std::min(rect.width(), rect.height());
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->translate(QRectF(rect).center());
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(Mix(ground, worn.On(KS_PEN_TEXT, ground), 0.75));
+        painter->drawEllipse(QPointF(), size * 0.42, size * 0.42);
+        painter->setPen(QPen(ground, size * 0.12, Qt::SolidLine, Qt::RoundCap));
+        const double arm = size * 0.16;
+        painter->drawLine(QPointF(-arm, -arm), QPointF(arm, arm));
+        painter->drawLine(QPointF(-arm, arm), QPointF(arm, -arm));
+        painter->restore();
+    }
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        QPixmap pixmap(size);
+        pixmap.fill(Qt::transparent);
+        QPainter painter(&pixmap);
+        paint(&painter, QRect(QPoint(), size), mode, state);
+        return pixmap;
+    }
+    QIconEngine* clone() const override { return new ClearIcon(*this); }
+};
 
 ks_pen TextPen(bool is_enabled) {
     return is_enabled ? KS_PEN_TEXT : KS_PEN_DISABLEDTEXT;
@@ -126,7 +156,7 @@ void PenStyle::Wear(Worn worn) {
     const bool is_laid_out_anew =
         !_worn || worn.Look().fonts != _worn->Look().fonts || worn.IsNymbrel() != _worn->IsNymbrel();
     _worn = std::move(worn);
-    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 6;
+    _title_height = QFontMetrics(_worn->Font(KS_FONT_TITLE)).height() + 5;
     const QPalette palette = standardPalette();
     if (palette != QApplication::palette()) {
         QApplication::setPalette(palette);
@@ -155,8 +185,11 @@ void PenStyle::Wear(Worn worn) {
                 QApplication::sendEvent(group, &change);
             }
         top->update();
-        for (QWidget* widget : top->findChildren<QWidget*>())
+        for (QWidget* widget : top->findChildren<QWidget*>()) {
+            if (is_laid_out_anew && widget->property(kNote).toBool())
+                widget->setFont(small);
             widget->update();
+        }
     }
 }
 
@@ -170,6 +203,8 @@ void PenStyle::polish(QWidget* widget) {
         widget->installEventFilter(this);
     } else if (qobject_cast<QDialog*>(widget)) {
         widget->installEventFilter(this);
+    } else if (widget->property(kNote).toBool()) {
+        widget->setFont(_worn->Font(KS_FONT_SMALL));
     } else if (auto* line = qobject_cast<QLineEdit*>(widget)) {
         line->installEventFilter(this);
         // The block is wider than the line that Qt draws again by itself.
@@ -225,6 +260,11 @@ bool PenStyle::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
+QIcon PenStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
+    return icon == SP_LineEditClearButton ? QIcon(new ClearIcon)
+                                          : QProxyStyle::standardIcon(icon, option, widget);
+}
+
 // What is not a number becomes the least.
 static int Milliseconds(float microseconds, float least, float most) {
     return static_cast<int>(std::fmin(std::fmax(microseconds / 1000, least), most));
@@ -260,14 +300,15 @@ int PenStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, const 
     case PM_ComboBoxFrameWidth:
     case PM_SpinBoxFrameWidth:
     case PM_MenuPanelWidth:
-    case PM_FocusFrameHMargin:
     case PM_FocusFrameVMargin:
         return 2;
+    case PM_FocusFrameHMargin:  // beside the texts of lists: more than a selected row's mark
+        return 5;
     case PM_ButtonDefaultIndicator:
     case PM_TextCursorWidth:  // the block is drawn in its place
         return 0;
     case PM_ButtonMargin:
-        return 12;
+        return 8;
     case PM_IndicatorWidth:
     case PM_IndicatorHeight:
     case PM_ScrollBarExtent:
@@ -291,6 +332,9 @@ QSize PenStyle::sizeFromContents(ContentsType type, const QStyleOption* option, 
     switch (type) {
     case CT_PushButton:
         return result.expandedTo({84, 28});
+    case CT_ItemViewItem:
+        result.rheight() += 2;
+        return result;
     case CT_ComboBox:
         result.rwidth() += 14;
         [[fallthrough]];
@@ -468,8 +512,11 @@ void PenStyle::DrawMenuItem(QPainter& painter, const QStyleOption& option) const
     if (parts.size() > 1)
         painter.drawText(text, Qt::AlignVCenter | Qt::AlignTrailing, parts[1]);
     if (item->menuItemType == QStyleOptionMenuItem::SubMenu)
-        draw::Arrow(painter, QRect(option.rect.right() - 16, option.rect.top(), 14, option.rect.height()),
-                    draw::Direction::kRight, painter.pen().color());
+        draw::Arrow(painter,
+                    visualRect(option.direction, option.rect,
+                               QRect(option.rect.right() - 16, option.rect.top(), 14, option.rect.height())),
+                    option.direction == Qt::RightToLeft ? draw::Direction::kLeft : draw::Direction::kRight,
+                    painter.pen().color());
 }
 
 void PenStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -487,6 +534,7 @@ void PenStyle::drawControl(ControlElement element, const QStyleOption* option, Q
     case CE_MenuEmptyArea:
     case CE_MenuTearoff:
     case CE_SizeGrip:
+    case CE_Splitter:
         return;
     case CE_ShapedFrame:
         if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option)) {
@@ -543,10 +591,12 @@ void PenStyle::DrawSpinBox(QPainter& painter, const QStyleOptionComplex& option,
 void PenStyle::DrawComboBox(QPainter& painter, const QStyleOptionComplex& option,
                             const QWidget* widget) const {
     const draw::ButtonState state{
-        .is_down = Has(option, State_Sunken), .is_default = false, .is_enabled = Has(option, State_Enabled)};
-    // Without the room that the BeOS look keeps around a button.
-    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
-                 state);
+        .is_down = Has(option, State_Sunken),
+        .is_default = false,
+        .is_enabled = Has(option, State_Enabled),
+        .has_room = false,
+    };
+    draw::Button(painter, *_worn, option.rect, state);
     const QRect arrow = subControlRect(CC_ComboBox, &option, SC_ComboBoxArrow, widget);
     const QColor ground = draw::ButtonGround(*_worn, state);
     const int line = option.direction == Qt::RightToLeft ? arrow.right() + 1 : arrow.left() - 3;
@@ -637,13 +687,13 @@ void PenStyle::DrawToolButton(QPainter& painter, const QStyleOptionComplex& opti
         return;
     draw::ButtonState state = ButtonStateOf(option);
     state.is_down |= Has(option, SC_ToolButton);
+    state.has_room = false;
     // A button inside a line has no frame of its own.
     if (widget && qobject_cast<const QLineEdit*>(widget->parentWidget())) {
         tool->icon.paint(&painter, option.rect);
         return;
     }
-    draw::Button(painter, *_worn, _worn->IsNymbrel() ? option.rect : option.rect.adjusted(-2, -2, 2, 2),
-                 state);
+    draw::Button(painter, *_worn, option.rect, state);
     const QRect rect = option.rect.translated(state.is_down, state.is_down);
     const QColor ground = draw::ButtonGround(*_worn, state);
     painter.setPen(_worn->On(TextPen(state.is_enabled), ground));

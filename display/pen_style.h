@@ -13,6 +13,9 @@
 
 class PenStyle : public QProxyStyle {
 public:
+    // A property that labels have which wear the Small font.
+    static constexpr const char* kNote = "note";
+
     PenStyle();
 
     // The process's style; it exists from `Install` on, which is called before the application object is
@@ -31,6 +34,8 @@ public:
     using QProxyStyle::polish;
     using QProxyStyle::unpolish;
     QPalette standardPalette() const override;
+    // Also follows the look where an icon was made before.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                   QStyleHintReturn* result) const override;
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;

@@ -4,6 +4,9 @@
 #include "display/look.h"
 #include "display/picture_file.h"
 #include "display/texts.h"
+#include "display/wardrobe.h"
+#include "display/window_mirror.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/KSPopFile.h"
 
 #include <QAction>
@@ -24,6 +27,7 @@
 #include <QUrl>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace {
@@ -160,11 +164,13 @@ protected:
 class PictureDialog : public QFileDialog {
 public:
     explicit PictureDialog(QWidget* parent) : QFileDialog(parent), _preview(new QLabel(this)) {
+        resize(kSize);
         setAttribute(Qt::WA_DeleteOnClose);
         setOption(QFileDialog::DontUseNativeDialog);
         setFileMode(QFileDialog::ExistingFile);
         setNameFilters({PicturesFilter(), texts::Text(texts::kAllFiles) + QStringLiteral(" (*)")});
-        _preview->setFixedWidth(kPreview);
+        _preview->setFixedWidth(kPreview + 2 * kFrame);
+        _preview->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
         _preview->setAlignment(Qt::AlignCenter);
         _preview->setText(texts::Text(texts::kNoPreview));
         if (auto* grid = dynamic_cast<QGridLayout*>(layout()))
@@ -173,7 +179,8 @@ public:
     }
 
 private:
-    static constexpr int kPreview = 180;
+    static constexpr int kPreview = 180, kFrame = 6;
+    static constexpr QSize kSize{820, 440};
 
     static QString PicturesFilter() {
         QStringList patterns(QStringLiteral("*.tga"));
@@ -265,7 +272,19 @@ private:
         }
         QObject::connect(_dialog, &QFileDialog::fileSelected, _edit,
                          [this](const QString& path) { Choose(path); });
+        WearWhatItShows();
         _dialog->open();
+    }
+
+    void WearWhatItShows() {
+        const std::optional<ks_pen> level = ks_current_look->LevelOf(&_control);
+        if (!level)
+            return;
+        QObject::connect(_dialog, &QFileDialog::currentChanged, _edit, [=, this](const QString& path) {
+            Window().Worn().TryOn([level = static_cast<std::size_t>(*level), bitmap = path.toStdString()](
+                                      ks_look& look) { look.bitmaps[level] = bitmap; });
+        });
+        Window().TakeOffAfter(*_dialog);
     }
 
     KSPopFile& _control;

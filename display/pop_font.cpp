@@ -1,25 +1,34 @@
 // SPDX-License-Identifier: MIT
 // A font pop-up: shows family, style and size in the font itself and opens the panel to choose another.
 #include "display/control_mirror.h"
+#include "display/draw.h"
 #include "display/font_panel.h"
 #include "display/look.h"
+#include "display/pen_style.h"
 #include "display/pop_up_button.h"
+#include "display/wardrobe.h"
+#include "display/window_mirror.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/KSPopFont.h"
 
+#include <QPainter>
 #include <QPointer>
-#include <QStyleOptionButton>
-#include <QStylePainter>
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <utility>
 
 namespace {
 
 class FontButton : public PopUpButton {
 public:
-    FontButton(std::function<void(const BFont&)> edited, QWidget* parent)
-        : PopUpButton(QAccessible::ButtonDropDown, parent), _edited(std::move(edited)) {
+    // `edited` is called with each font that is chosen, `opened` with each panel.
+    FontButton(std::function<void(const BFont&)> edited, std::function<void(FontPanel&)> opened,
+               QWidget* parent)
+        : PopUpButton(QAccessible::ButtonDropDown, parent),
+          _edited(std::move(edited)),
+          _opened(std::move(opened)) {
         setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         connect(this, &QAbstractButton::clicked, this, [this] { Choose(); });
     }
@@ -48,21 +57,17 @@ public:
 
 protected:
     void paintEvent(QPaintEvent*) override {
-        QStylePainter painter(this);
-        QStyleOptionButton option;
-        option.initFrom(this);
-        option.state |= isDown() ? QStyle::State_Sunken : QStyle::State_Raised;
-        painter.drawControl(QStyle::CE_PushButtonBevel, option);
-        if (hasFocus()) {
-            QStyleOptionFocusRect focus;
-            focus.initFrom(this);
-            focus.state |= QStyle::State_KeyboardFocusChange;
-            focus.rect = rect().adjusted(3, 3, -3, -3);
-            painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
-        }
-        const QRect text = rect().adjusted(kInset, 0, -kInset, 0);
-        painter.setPen(palette().color(QPalette::ButtonText));
-        painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft,
+        const Worn& worn = PenStyle::Instance().Wearing();
+        const draw::ButtonState state{
+            .is_down = isDown(), .is_default = false, .is_enabled = isEnabled(), .has_room = false};
+        const QColor ground = draw::ButtonGround(worn, state);
+        QPainter painter(this);
+        draw::Button(painter, worn, rect(), state);
+        if (hasFocus())
+            draw::Focus(painter, worn, rect().adjusted(3, 3, -3, -3), ground);
+        const QRect text = rect().adjusted(kInset, 0, -kInset, 0).translated(isDown(), isDown());
+        painter.setPen(worn.On(isEnabled() ? KS_PEN_TEXT : KS_PEN_DISABLEDTEXT, ground));
+        painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeading,
                          fontMetrics().elidedText(ValueText(), Qt::ElideMiddle, text.width()));
     }
 
@@ -78,10 +83,12 @@ private:
         _panel = new FontPanel(_font, window());
         _panel->setWindowTitle(accessibleName());
         connect(_panel, &QDialog::accepted, this, [this] { _edited(_panel->Font()); });
+        _opened(*_panel);
         _panel->open();
     }
 
     std::function<void(const BFont&)> _edited;
+    std::function<void(FontPanel&)> _opened;
     BFont _font;
     QPointer<FontPanel> _panel;
 };
@@ -91,7 +98,8 @@ public:
     PopFontMirror(KSPopFont& control, WindowMirror& window, QWidget* parent)
         : ControlMirror(control, window),
           _control(control),
-          _button(new FontButton([this](const BFont& font) { _control.EditValue(font); }, parent)) {
+          _button(new FontButton([this](const BFont& font) { _control.EditValue(font); },
+                                 [this](FontPanel& panel) { WearWhatItShows(panel); }, parent)) {
         SetWidget(_button);
     }
 
@@ -108,6 +116,16 @@ public:
     QWidget* Editor() const override { return _button; }
 
 private:
+    void WearWhatItShows(FontPanel& panel) {
+        const std::optional<ks_font> slot = ks_current_look->FontOf(&_control);
+        if (!slot)
+            return;
+        panel.SetChangeListener([slot = *slot, this](const BFont& font) {
+            Window().Worn().TryOn([slot, font](ks_look& look) { look.fonts[slot] = font; });
+        });
+        Window().TakeOffAfter(panel);
+    }
+
     KSPopFont& _control;
     FontButton* _button;
     BFont _font;

@@ -83,7 +83,7 @@ public:
         column->setSpacing(kBorder);
         auto* vision = new QComboBox(this);
         for (const texts::text& text :
-             {texts::kUsualVision, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
+             {texts::kMostPeople, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
             vision->addItem(texts::Text(text));
         vision->setAccessibleName(texts::Text(texts::kVision));
         vision->setFocusPolicy(Qt::StrongFocus);

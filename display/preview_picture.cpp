@@ -32,12 +32,12 @@ public:
                     _worn.Ground(KS_PEN_BG_LOW));
         const QRect plate(rect.left() + 3, rect.top() + 3, rect.width() - 6, kLine);
         draw::Paint(_painter, _worn, plate);
-        Write(KS_FONT_TITLE, texts::kSampleTitle, plate.adjusted(kInset, 1, -kInset, -1), KS_PEN_TEXT,
+        Write(KS_FONT_TITLE, texts::kProgram, plate.adjusted(kInset, 1, -kInset, -1), KS_PEN_TEXT,
               _worn.Ground(KS_PEN_PAINT));
 
         QRect room = rect.adjusted(kInset + 3, 0, -kInset - 3, 0);
         room.setTop(plate.bottom() + 3);
-        Write(KS_FONT_LARGE, texts::kSampleHeading, Take(room, 32), KS_PEN_TEXT, _worn.Ground(KS_PEN_BG_LOW));
+        Write(KS_FONT_LARGE, texts::kHeading, Take(room, 32), KS_PEN_TEXT, _worn.Ground(KS_PEN_BG_LOW));
         room.setTop(room.top() + 2);
         Groups(Take(room, 2 * kLine + kCheckSize + 7 * kInset - 6));
         room.setTop(room.top() + kInset);
@@ -88,20 +88,19 @@ private:
         room.setTop(room.top() + kInset - 2);
         const QRect read = Take(room, kLine);
         draw::Field(_painter, _worn, read, KS_PEN_BG_READ);
-        Write(KS_FONT_FIXED, texts::kSampleRead, read.adjusted(6, 2, -6, -2), KS_PEN_TEXT,
+        Write(KS_FONT_FIXED, texts::kReadOnly, read.adjusted(6, 2, -6, -2), KS_PEN_TEXT,
               _worn.Ground(KS_PEN_BG_READ));
         room.setTop(room.top() + kInset);
         const QRect row = Take(room, kCheckSize);
         const int half = row.width() / 2;
-        Check(QRect(row.left(), row.top(), half, row.height()), texts::kSampleOn, true);
-        Check(QRect(row.left() + half, row.top(), half, row.height()), texts::kSampleDisabled, false);
+        Check(QRect(row.left(), row.top(), half, row.height()), texts::kMarked, true);
+        Check(QRect(row.left() + half, row.top(), half, row.height()), texts::kDisabled, false);
     }
 
     // A line with marked text and the cursor on a letter.
     void EditLine(const QRect& rect) {
-        const QString before = texts::Text(texts::kSampleEdit) + u' ',
-                      marked = texts::Text(texts::kSampleMarked),
-                      after = u' ' + texts::Text(texts::kSampleCursor);
+        const QString before = texts::Text(texts::kEdit) + u' ', marked = texts::Text(texts::kMarkedWord),
+                      after = u' ' + texts::Text(texts::kCursorWord);
         const qsizetype cursor = (after.size() + 1) / 2;
         draw::Field(_painter, _worn, rect, KS_PEN_BG_EDIT);
         const QRect room = rect.adjusted(6, 3, -6, -3);
@@ -137,9 +136,9 @@ private:
     void List(const QRect& rect) {
         draw::Field(_painter, _worn, rect, KS_PEN_BG_LIST);
         QRect room = rect.adjusted(2, 2, -2, -2);
-        for (const texts::text& text : {texts::kSampleFirst, texts::kSampleSelected, texts::kSampleThird}) {
+        for (const texts::text& text : {texts::kList, texts::kSelected, texts::kThird}) {
             const QRect row = Take(room, kRow);
-            const bool is_selected = text.id == texts::kSampleSelected.id;
+            const bool is_selected = text.id == texts::kSelected.id;
             if (is_selected)
                 draw::Selection(_painter, _worn, row);
             Write(KS_FONT_NORMAL, text, row.adjusted(kInset, 1, -4, -1), KS_PEN_TEXT,
@@ -158,7 +157,7 @@ private:
                     _worn.Ground(KS_PEN_BG_BUTTON));
         const QRect progress = Take(room, kRow + 2).adjusted(0, 5, 0, -3);
         Bar(progress, progress.width() * 6 / 10);
-        Write(KS_FONT_SMALL, texts::kSampleNote, Take(room, kRow), KS_PEN_TEXT, _worn.Ground(KS_PEN_BG_LOW));
+        Write(KS_FONT_SMALL, texts::kSmallNote, Take(room, kRow), KS_PEN_TEXT, _worn.Ground(KS_PEN_BG_LOW));
     }
 
     // A trough that is filled up to some distance.
@@ -174,10 +173,10 @@ private:
             texts::text text;
             draw::ButtonState state;
         };
-        constexpr button kButtons[] = {{texts::kSampleButton, {}},
-                                       {texts::kSampleDefault, {.is_default = true}},
-                                       {texts::kSamplePressed, {.is_down = true}},
-                                       {texts::kSampleDisabled, {.is_enabled = false}}};
+        constexpr button kButtons[] = {{texts::kButton, {}},
+                                       {texts::kDefault, {.is_default = true}},
+                                       {texts::kPressed, {.is_down = true}},
+                                       {texts::kDisabled, {.is_enabled = false}}};
         const int half = (rect.width() - 6) / 2;
         int i = 0;
         for (const auto& [text, state] : kButtons) {

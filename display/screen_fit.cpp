@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <QStyle>
 #include <QWidget>
+#include <QWindow>
 
 #include <algorithm>
 
@@ -35,12 +36,17 @@ void FitToScreen(QWidget& window, QPoint start, QSize least) {
         wanted.rwidth() += bar;
     const QRect place = PlaceIn(screen, start, wanted);
     BoundLeastSize(window);
+    if (!window.isVisible()) {
+        window.resize(place.size());
+        window.move(place.topLeft());
+        return;
+    }
     // A window that keeps its size stays where the user has put it.
-    if (window.isVisible() && window.size() == place.size())
+    if (window.size() == place.size())
         return;
     window.resize(place.size());
-    if (window.pos() != place.topLeft())
-        window.move(place.topLeft());
+    // By its frame's corner, since the window manager may not have told the frame yet.
+    window.windowHandle()->setFramePosition(place.topLeft());
 }
 
 void BoundLeastSize(QWidget& window) {

@@ -3,11 +3,13 @@
 
 #include "display/pen_style.h"
 #include "display/picture_file.h"
+#include "kits/storage.h"
 #include "toolkit/default_fonts.h"
 #include "toolkit/ks_palettes.h"
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -47,13 +49,17 @@ void Wardrobe::TryOn(std::function<void(ks_look&)> change) {
 }
 
 void Wardrobe::TakeOff() {
+    TakeOffFor(_look);
+}
+
+void Wardrobe::TakeOffFor(const ks_look& look) {
     _trial = nullptr;
     _next_trial.stop();
-    Refresh();
+    Wear(look);
 }
 
 void Wardrobe::ReadBitmaps() {
-    if (std::exchange(_reads_bitmaps, true))
+    if (std::exchange(_reads_bitmaps, true) || std::ranges::all_of(_look.bitmaps, &std::string::empty))
         return;
     _is_shown = false;
     Refresh();
@@ -84,8 +90,8 @@ void Wardrobe::Refresh() {
         _follower();
 }
 
-std::array<QPixmap, ks_look::kLevels> Wardrobe::BitmapsOf(const ks_look& look) {
-    std::array<QPixmap, ks_look::kLevels> bitmaps;
+std::array<Tile, ks_look::kLevels> Wardrobe::BitmapsOf(const ks_look& look) {
+    std::array<Tile, ks_look::kLevels> bitmaps;
     if (_reads_bitmaps)
         for (std::size_t i = 0; i < bitmaps.size(); ++i)
             if (!look.bitmaps[i].empty())
@@ -97,11 +103,11 @@ std::array<QPixmap, ks_look::kLevels> Wardrobe::BitmapsOf(const ks_look& look) {
 }
 
 // A picture is read again when its file has changed.
-const QPixmap& Wardrobe::Bitmap(const std::string& path) {
+const Tile& Wardrobe::Bitmap(const std::string& path) {
     const QString name = QString::fromStdString(path);
-    const QDateTime changed = QFileInfo(name).lastModified();
+    const QDateTime changed = QFileInfo(QString::fromStdString(ks_resolve_path(path))).lastModified();
     const auto [known, is_new] = _bitmaps.try_emplace(path);
     if (is_new || known->second.changed != changed)
-        known->second = {changed, QPixmap::fromImage(ReadPicture(name, kLargestBitmap))};
-    return known->second.pixmap;
+        known->second = {changed, Tile(QPixmap::fromImage(ReadPicture(name, kLargestBitmap)))};
+    return known->second.tile;
 }

@@ -26,6 +26,8 @@ public:
     void TryOn(std::function<void(ks_look&)> change);
     // Comes back to the look as it was, to the bit.
     void TakeOff();
+    // Wears `look` in place of what is tried on.
+    void TakeOffFor(const ks_look& look);
     // Reads the bitmaps of the look from now on. They are left out of a window's first picture, which would
     // wait for them.
     void ReadBitmaps();
@@ -41,12 +43,12 @@ public:
 private:
     struct bitmap {
         QDateTime changed;
-        QPixmap pixmap;
+        Tile tile;
     };
 
     void Refresh();
-    std::array<QPixmap, ks_look::kLevels> BitmapsOf(const ks_look& look);
-    const QPixmap& Bitmap(const std::string& path);
+    std::array<Tile, ks_look::kLevels> BitmapsOf(const ks_look& look);
+    const Tile& Bitmap(const std::string& path);
 
     ks_look _look;
     std::function<void(ks_look&)> _trial;

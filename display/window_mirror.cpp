@@ -16,6 +16,7 @@
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
+#include <QDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -26,10 +27,12 @@
 #include <QWidget>
 
 #include <set>
+#include <utility>
 
 class WindowMirror::Top : public QWidget {
 public:
-    explicit Top(BWindow& window) : _window(window) {
+    Top(BWindow& window, Wardrobe& wardrobe) : _window(window), _wardrobe(wardrobe) {
+        setAttribute(Qt::WA_OpaquePaintEvent);
         QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
     }
 
@@ -42,6 +45,7 @@ public:
     }
 
     void Fit(QPoint start, QSize least) {
+        _start = start;
         _least = least;
         FitToScreen(*this, start, least);
         _fitted = size();
@@ -51,6 +55,9 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
+        if (!std::exchange(_is_painted, true))
+            QMetaObject::invokeMethod(
+                &_wardrobe, [this] { _wardrobe.ReadBitmaps(); }, Qt::QueuedConnection);
     }
 
     // Fits the window to its contents whenever they change, until the user chooses another size.
@@ -58,7 +65,7 @@ protected:
         const bool handled = QWidget::event(event);
         if (event->type() == QEvent::LayoutRequest) {
             if (size() == _fitted)
-                Fit(pos(), _least);
+                Fit(frameGeometry() == geometry() ? _start : pos(), _least);
             else
                 BoundLeastSize(*this);
         }
@@ -82,7 +89,10 @@ private:
     static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
 
     BWindow& _window;
+    Wardrobe& _wardrobe;
+    bool _is_painted = false;
     QPointer<QPushButton> _default_button;
+    QPoint _start;  // of the frame
     QSize _least, _fitted;
 };
 
@@ -93,7 +103,7 @@ QAccessibleInterface* WindowMirror::Top::MakeAccessible(const QString&, QObject*
 }
 
 WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe)
-    : _window(window), _queue(queue), _wardrobe(wardrobe), _top(std::make_unique<Top>(window)) {
+    : _window(window), _queue(queue), _wardrobe(wardrobe), _top(std::make_unique<Top>(window, wardrobe)) {
     ks_look look;
     {
         BAutolock lock(&window);
@@ -128,6 +138,10 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     }
     _top->setWindowTitle(QString::fromUtf8(window.Title()));
     ShowLabels();
+    // What was measured before the texts were there is measured again, children before their parents.
+    const QList<QWidget*> widgets = _top->findChildren<QWidget*>();
+    for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget)
+        (*widget)->updateGeometry();
 
     const KSRect<long> frame = window.Frame();
     _top->Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
@@ -158,6 +172,21 @@ ControlMirror* WindowMirror::Find(const KSControl* control) const {
 void WindowMirror::Commit() {
     for (const auto& mirror : _mirrors)
         mirror->Commit();
+}
+
+// Once what the dialog's closing does to the controls is done.
+void WindowMirror::TakeOffAfter(const QDialog& dialog) {
+    const auto take_off = [this] {
+        ks_look look;
+        {
+            const BAutolock lock(&_window);
+            if (!lock)
+                return;
+            look = ks_current_look->Copy();
+        }
+        _wardrobe.TakeOffFor(look);
+    };
+    QObject::connect(&dialog, &QDialog::finished, _top.get(), take_off, Qt::QueuedConnection);
 }
 
 void WindowMirror::SetDefaultButton(QPushButton* button) {

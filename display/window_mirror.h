@@ -11,6 +11,7 @@
 class BWindow;
 class KSContainer;
 class PostQueue;
+class QDialog;
 class QPushButton;
 class QWidget;
 class Wardrobe;
@@ -34,6 +35,8 @@ public:
     BWindow& Window() const { return _window; }
     // What the process wears, for mirrors that try something on.
     Wardrobe& Worn() const { return _wardrobe; }
+    // Wears what the controls say, and nothing that was tried on, when `dialog` has closed.
+    void TakeOffAfter(const QDialog& dialog);
     // Sets the button that Enter presses, wherever the keyboard's focus is.
     void SetDefaultButton(QPushButton* button);
 

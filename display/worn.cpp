@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace {
 
@@ -19,23 +20,47 @@ QColor ToColor(const ks_color& color) {
     return QColor(color.red, color.green, color.blue, color.alpha);
 }
 
-// The mean of all pixels, weighted by their alpha, which is the mean's own.
-QColor Mean(const QPixmap& bitmap) {
-    return bitmap.toImage()
-        .scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(QImage::Format_ARGB32)
-        .pixelColor(0, 0);
+// Returns how opaque a veil of the bitmap's `ground` has to be, so that a text in `ink` can be read on all
+// but a few of the pixels. `below` is under the bitmap.
+double VeilFor(const Tile& tile, const QColor& below, const QColor& ground, const QColor& ink) {
+    constexpr double kStep = 0.125, kMost = 0.875;
+    const auto hidden = [&](double veil) {
+        return std::ranges::count_if(tile.samples, [&](const QColor& sample) {
+            return Contrast(Mix(Over(sample, below), ground, veil), ink) < kTextContrast;
+        });
+    };
+    double veil = 0;
+    while (veil < kMost && hidden(veil) * 20 > std::ssize(tile.samples))
+        veil += kStep;
+    return veil;
 }
 
 }  // namespace
 
-Worn::Worn(const ks_look& look, const std::array<QPixmap, ks_look::kLevels>& bitmaps, Ink ink)
-    : _look(look), _bitmaps(bitmaps), _ink(ink) {
+Tile::Tile(QPixmap bitmap) : pixmap(std::move(bitmap)) {
+    if (pixmap.isNull())
+        return;
+    const QImage image = pixmap.toImage();
+    mean = image.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+               .convertToFormat(QImage::Format_ARGB32)
+               .pixelColor(0, 0);
+    constexpr int kSamples = 16;  // in each direction
+    for (int y = 0; y < kSamples; ++y)
+        for (int x = 0; x < kSamples; ++x)
+            samples.push_back(image.pixelColor(x * image.width() / kSamples, y * image.height() / kSamples));
+}
+
+Worn::Worn(const ks_look& look, const std::array<Tile, ks_look::kLevels>& tiles, Ink ink)
+    : _look(look), _ink(ink) {
     QColor below = kBottom;
     for (std::size_t i = 0; i < ks_look::kLevels; ++i) {
+        const Tile& tile = tiles[i];
+        _bitmaps[i] = tile.pixmap;
         _grounds[i] = Over(ToColor(look.pens[i]), below);
-        if (!bitmaps[i].isNull())
-            _grounds[i] = Over(Mean(bitmaps[i]), _grounds[i]);
+        if (!tile.pixmap.isNull()) {
+            const QColor under = std::exchange(_grounds[i], Over(tile.mean, _grounds[i]));
+            _veils[i] = VeilFor(tile, under, _grounds[i], Readable(KS_PEN_TEXT, _grounds[i]));
+        }
         // Medium lies on Low, and High on Medium; all others are taken to lie on High.
         if (i <= KS_PEN_BG_HIGH)
             below = _grounds[i];
@@ -57,10 +82,20 @@ QColor Worn::Ground(ks_pen level) const {
     return index < _grounds.size() ? _grounds[index] : Over(Pen(level), _grounds[KS_PEN_BG_HIGH]);
 }
 
-QColor Worn::On(ks_pen pen, const QColor& ground) const {
+QColor Worn::Veil(ks_pen level) const {
+    QColor veil = Ground(level);
+    veil.setAlphaF(_ink == Ink::kTrue ? 0 : static_cast<float>(_veils[static_cast<std::size_t>(level)]));
+    return veil;
+}
+
+QColor Worn::Readable(ks_pen pen, const QColor& ground) const {
     const QColor seen = Over(Pen(pen), ground);
     const double least = pen == KS_PEN_DISABLEDTEXT || pen == KS_PEN_MARK ? kMarkContrast : kTextContrast;
-    return _ink == Ink::kTrue || Contrast(seen, ground) >= least ? seen : InkFor(ground);
+    return Contrast(seen, ground) >= least ? seen : InkFor(ground);
+}
+
+QColor Worn::On(ks_pen pen, const QColor& ground) const {
+    return _ink == Ink::kTrue ? Over(Pen(pen), ground) : Readable(pen, ground);
 }
 
 QColor Worn::Edge(ks_pen pen, const QColor& ground) const {

@@ -11,6 +11,19 @@
 #include <QFont>
 #include <QPixmap>
 
+#include <array>
+#include <vector>
+
+// A level's bitmap, with what there is to know of its colours.
+struct Tile {
+    Tile() = default;
+    explicit Tile(QPixmap bitmap);
+
+    QPixmap pixmap;
+    QColor mean;                  // of all pixels, weighted by their alpha, which is the mean's own
+    std::vector<QColor> samples;  // pixels from all over it
+};
+
 class Worn {
 public:
     // What is drawn when a choice cannot be read: something else, or the truth.
@@ -19,8 +32,8 @@ public:
     static constexpr QColor kBottom{200, 200, 200};
 
     Worn() = default;
-    // Wears `look`. `bitmaps` holds a picture for each level that has one that could be read.
-    Worn(const ks_look& look, const std::array<QPixmap, ks_look::kLevels>& bitmaps, Ink ink);
+    // Wears `look`. `tiles` holds a bitmap for each level that has one that could be read.
+    Worn(const ks_look& look, const std::array<Tile, ks_look::kLevels>& tiles, Ink ink);
 
     // The same look drawn otherwise.
     Worn With(Ink ink) const;
@@ -35,6 +48,9 @@ public:
     QColor Ground(ks_pen level) const;
     // The level's bitmap; null where it has none.
     const QPixmap& Bitmap(ks_pen level) const { return _bitmaps[static_cast<std::size_t>(level)]; }
+    // What is laid over the level's bitmap, so that it does not hide the texts: nothing over one that is calm
+    // enough, and nothing where the truth is wanted.
+    QColor Veil(ks_pen level) const;
 
     // The colour in which `pen` writes on `ground`. Unless the truth is wanted, an ink that cannot be read
     // becomes black or white.
@@ -49,8 +65,11 @@ public:
     QFont Font(ks_font font) const;
 
 private:
+    QColor Readable(ks_pen pen, const QColor& ground) const;
+
     ks_look _look;
     std::array<QPixmap, ks_look::kLevels> _bitmaps;
     std::array<QColor, ks_look::kLevels> _grounds;
+    std::array<double, ks_look::kLevels> _veils{};  // opacities
     Ink _ink = Ink::kReadable;
 };

@@ -16,29 +16,12 @@ namespace config {
 // Indexed by the pen. The two cursor pens are labelled the other way round than their keys say: the toolkit
 // uses them so.
 constexpr text pen_labels[] = {
-    kStringLowLevel,
-    kStringMediumLevel,
-    kStringHighLevel,
-    kStringEditAreas,
-    kStringReadAreas,
-    kStringListviews,
-    kStringButtons,
-    kStringSliders,
-    kStringSelectedMenuitems,
-    kStringDefaultText,
-    kStringDisabledText,
-    kStringCursorForeground,
-    kStringCursorBackground,
-    kStringMarkedForeground,
-    kStringMarkedBackground,
-    kStringShiningEdges,
-    kStringDarkEdges,
-    kStringHalfshiningEdges,
-    kStringHalfdarkEdges,
-    kStringMarkedWidgets,
-    kStringPaintShiningEdges,
-    kStringPaintContainer,
-    kStringPaintDarkEdges,
+    kStringLowLevel,          kStringMediumLevel,      kStringHighLevel,        kStringEditAreas,
+    kStringReadAreas,         kStringListviews,        kStringButtons,          kStringSliders,
+    kStringSelectedMenuitems, kStringDefaultText,      kStringDisabledText,     kStringCursorForeground,
+    kStringCursorBackground,  kStringMarkedForeground, kStringMarkedBackground, kStringShiningEdges,
+    kStringDarkEdges,         kStringHalfshiningEdges, kStringHalfdarkEdges,    kStringMarkedWidgets,
+    kStringPaintShiningEdges, kStringPaintContainer,   kStringPaintDarkEdges,
 };
 
 static_assert(std::size(pen_labels) == KS_PEN_NONE);
@@ -79,6 +62,8 @@ void ApplyDefaults() {
     for (KSPopFile* background : _backgrounds)
         background->SetText(&no_bitmap, true);
     ApplyPalette(kDefaultPalette);
+    for (std::size_t pen = 0; pen < KS_PEN_NONE; ++pen)
+        _colors[pen]->Settle();
     _bubblehelp->SetValue(true);
     _beos_size->SetValue(true);
     _bubbletime->SetValue(2000000);
@@ -90,7 +75,7 @@ void ApplyDefaults() {
 void ApplyPalette(ks_palette which) {
     const KSAutolock at_once(_llist);
     for (std::size_t pen = 0; pen < KS_PEN_NONE; ++pen)
-        _colors[pen]->SetColor(ks_palettes[which][pen], false, false);
+        _colors[pen]->EditColor(ks_palettes[which][pen]);
 }
 
 }  // namespace config

@@ -2,6 +2,7 @@
 #include "settings/settings_file.h"
 
 #include "kits/storage.h"
+#include "settings/languages.h"
 #include "settings/model.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
@@ -56,8 +57,7 @@ void ReadColor(std::int32_t pen, const std::string& value) {
 }
 
 void ReadBitmap(std::int32_t pen, const std::string& path) {
-    BFile file;
-    if (pen < kBackgroundCount && file.SetTo(path.c_str(), B_READ_ONLY) == B_OK)
+    if (pen < kBackgroundCount)
         _backgrounds[pen]->SetText(path.c_str(), false);
 }
 
@@ -66,11 +66,8 @@ void ReadFont(std::int32_t font, const std::string& rest) {
         _fonts[font]->SetValue(&*value, false);
 }
 
-void ReadLine(const ks_settings_line& line) {
-    const std::optional<ks_setting> setting = ks_find_setting(line);
-    if (!setting)
-        return;
-    switch (setting->kind) {
+void ReadValue(const ks_setting& setting, const ks_settings_line& line) {
+    switch (setting.kind) {
     case ks_setting_kind::kLook:
         return _look->SelectLabel(ks_parse_word(line.Value()).c_str());
     case ks_setting_kind::kBeOSConform:
@@ -84,12 +81,18 @@ void ReadLine(const ks_settings_line& line) {
     case ks_setting_kind::kMouseHoldTime:
         return ReadTime(_mousetime, line.Value());
     case ks_setting_kind::kPen:
-        return ReadColor(setting->id, line.Value());
+        return ReadColor(setting.id, line.Value());
     case ks_setting_kind::kBitmap:
-        return ReadBitmap(setting->id, line.Value());
+        return ReadBitmap(setting.id, line.Value());
     case ks_setting_kind::kFont:
-        return ReadFont(setting->id, line.rest);
+        return ReadFont(setting.id, line.rest);
     }
+}
+
+// A bitmap has to be a file that can be opened.
+bool CanBeRead(const ks_setting& setting, const ks_settings_line& line) {
+    BFile file;
+    return setting.kind != ks_setting_kind::kBitmap || file.SetTo(line.Value().c_str(), B_READ_ONLY) == B_OK;
 }
 
 // The editor of the setting; null where there is none.
@@ -154,7 +157,11 @@ std::string FormatSettings() {
 }  // namespace
 
 void ReadSettings() {
-    const bool was_read = ks_read_settings_lines(ReadLine);
+    const bool was_read = ks_read_settings_lines([](const ks_settings_line& line) {
+        if (const std::optional<ks_setting> setting = ks_find_setting(line);
+            setting && CanBeRead(*setting, line))
+            ReadValue(*setting, line);
+    });
     KSContainer* shown_in = _llist->Container();
     if (was_read && shown_in)
         shown_in->Content()->RedrawSelf();
@@ -170,12 +177,13 @@ void FollowSettings() {
             has_color.set(static_cast<std::size_t>(setting->id));
         if (setting->id < kBackgroundCount && setting->kind == ks_setting_kind::kBitmap)
             has_bitmap.set(static_cast<std::size_t>(setting->id));
-        if (const KSControl* editor = EditorOf(*setting); editor && !editor->IsEdited())
-            ReadLine(line);
+        if (KSControl* editor = EditorOf(*setting); editor && CanBeRead(*setting, line))
+            editor->SettleUnderEdit([&] { ReadValue(*setting, line); });
     });
     for (std::size_t level = 0; level < kBackgroundCount; ++level)
-        if (has_color[level] && !has_bitmap[level] && !_backgrounds[level]->IsEdited())
-            _backgrounds[level]->SetText("", false);
+        if (has_color[level] && !has_bitmap[level])
+            _backgrounds[level]->SettleUnderEdit([&] { _backgrounds[level]->SetText("", false); });
+    TakeSelectedLanguage();
 }
 
 bool WriteSettings() {

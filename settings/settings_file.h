@@ -11,8 +11,8 @@ namespace config {
 // several lines with one key the last counts. When the file was read, the window's root group is redrawn.
 void ReadSettings();
 
-// Reads the file again after another program has written it: the values that the user has not edited become
-// the file's and are settled, the edited ones stay. A key that the file lacks leaves its value, but a
+// Reads the file again after another program has written it: its values are settled now, and those that the
+// user has not edited become the file's; edits stay. A key that the file lacks leaves its value, but a
 // background's line without a bitmap's line takes the bitmap away.
 void FollowSettings();
 

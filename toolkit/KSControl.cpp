@@ -18,6 +18,11 @@ void KSControl::SendReverted(BLooper&) {}
 
 void KSControl::Settle() {}
 
+void KSControl::SettleUnderEdit(const std::function<void()>& settle) {
+    const KSAutolock lock(this);
+    settle();
+}
+
 bool KSControl::IsEdited() const {
     return false;
 }

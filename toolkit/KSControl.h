@@ -16,6 +16,7 @@
 #include "kits/BMessage.h"
 #include "toolkit/KSFrame.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -36,6 +37,9 @@ public:
     virtual void SendReverted(BLooper& caller);
     // Makes the control's own present value its settled one.
     virtual void Settle();
+    // Calls `settle`, under the lock, which is to give the control a new settled value. If the user has
+    // edited the value, the edit is kept.
+    virtual void SettleUnderEdit(const std::function<void()>& settle);
     // Whether the control's own value is not its settled one: the user has changed it.
     virtual bool IsEdited() const;
 

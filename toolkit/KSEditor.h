@@ -18,7 +18,14 @@ public:
         const KSAutolock lock(this);
         _value.Settle();
     }
-
+    void SettleUnderEdit(const std::function<void()>& settle) override {
+        const KSAutolock lock(this);
+        const bool is_edited = _value.IsEdited();
+        const T edit = _value.Get();
+        settle();
+        if (is_edited)
+            UserSets(edit);
+    }
     bool IsEdited() const override {
         const KSAutolock lock(this);
         return _value.IsEdited();

@@ -127,6 +127,15 @@ void KSListView::Settle() {
     _selection.Settle();
 }
 
+void KSListView::SettleUnderEdit(const std::function<void()>& settle) {
+    const KSAutolock lock(this);
+    const bool is_edited = IsEdited();
+    const long edit = _selection.Get();
+    settle();
+    if (is_edited)
+        EditSelection(edit);
+}
+
 bool KSListView::IsEdited() const {
     const KSAutolock lock(this);
     return _selection_message && _selection.IsEdited();

@@ -87,6 +87,7 @@ public:
     bool Revert() override;
     void SendReverted(BLooper& caller) override;
     void Settle() override;
+    void SettleUnderEdit(const std::function<void()>& settle) override;
     bool IsEdited() const override;
 
     // Calls SelectionChanged if the selection has changed since the last call. For whoever shows the window,

@@ -11,6 +11,8 @@
 #include "toolkit/ks_palettes.h"
 #include "toolkit/settings_values.h"
 
+#include <algorithm>
+
 namespace {
 
 KSLook current;
@@ -18,6 +20,11 @@ KSLook current;
 void TakeNumber(float& value, const std::string& text) {
     if (const std::optional<long> number = ks_parse_number(text))
         value = static_cast<float>(*number);
+}
+
+template <class Slot> std::optional<Slot> SlotOf(const auto& editors, const auto* editor) {
+    const auto found = std::ranges::find(editors, editor);
+    return found == editors.end() ? std::nullopt : std::optional(static_cast<Slot>(found - editors.begin()));
 }
 
 }  // namespace
@@ -105,6 +112,18 @@ void KSLook::Untie() {
     _look = nullptr;
     _bubble_help = nullptr;
     _bubble_wait = _mouse_hold = nullptr;
+}
+
+std::optional<ks_pen> KSLook::PenOf(const KSColorField* editor) const {
+    return SlotOf<ks_pen>(_pens, editor);
+}
+
+std::optional<ks_pen> KSLook::LevelOf(const KSPopFile* editor) const {
+    return SlotOf<ks_pen>(_bitmaps, editor);
+}
+
+std::optional<ks_font> KSLook::FontOf(const KSPopFont* editor) const {
+    return SlotOf<ks_font>(_fonts, editor);
 }
 
 ks_look KSLook::Copy() const {

@@ -39,6 +39,11 @@ public:
     // Forgets all editors.
     void Untie();
 
+    // The slot that an editor is tied to, if any.
+    std::optional<ks_pen> PenOf(const KSColorField* editor) const;
+    std::optional<ks_pen> LevelOf(const KSPopFile* editor) const;
+    std::optional<ks_font> FontOf(const KSPopFont* editor) const;
+
     // Returns what is worn at this moment. To have the values of one moment, hold the editors' lock.
     ks_look Copy() const;
 

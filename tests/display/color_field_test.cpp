@@ -1,32 +1,14 @@
 // SPDX-License-Identifier: MIT
-// Colour fields: what they show, their dialog, and colours dropped on them.
+// Colour fields: their dialog, and colours dropped on them.
 #include "tests/display/shown_program.h"
 
 #include <QColorDialog>
-#include <QImage>
 
 using namespace config;
 
 namespace {
 
 class ColorField : public Shown {};
-
-TEST_F(ColorField, ShowsWhatTheProgramSets) {
-    ShownProgram::Run([](ShownProgram& program) {
-        program.Open(0);
-        const auto color_at = [&](int x) {
-            QWidget* field = program.Named<QWidget>("Disabled Text");
-            return field->grab().toImage().pixelColor(x, field->height() / 2);
-        };
-        _colors[KS_PEN_DISABLEDTEXT]->SetColor(ks_color(12, 200, 99), false, false);
-        EXPECT_TRUE(program.Eventually([&] { return color_at(9) == QColor(12, 200, 99); }));
-        // A transparent colour lets a checker through: its two shades, not one colour.
-        _colors[KS_PEN_DISABLEDTEXT]->SetColor(ks_color(255, 0, 0, 128), false, false);
-        EXPECT_TRUE(program.Eventually([&] {
-            return color_at(4).red() > 200 && color_at(4).green() > 50 && color_at(4) != color_at(9);
-        }));
-    });
-}
 
 TEST_F(ColorField, TakesTheDialogsColorWithAlpha) {
     ShownProgram::Run([](ShownProgram& program) {

@@ -26,7 +26,7 @@ class FilePopUp : public Shown {};
 class FontPopUp : public Shown {};
 
 QLineEdit* PathLine(ShownProgram& program) {
-    return program.Named<QLineEdit>("Low level");
+    return program.Named<QLineEdit>("Low level: bitmap");
 }
 
 TEST_F(FilePopUp, TakesWhatIsTypedChosenOrDroppedAndShowsWhatItKeeps) {

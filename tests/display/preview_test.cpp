@@ -49,7 +49,7 @@ TEST_F(Preview, MendsAPairInTheDialogOfItsInk) {
             QTest::keyClick(program.Top(), Qt::Key_F9);
             auto* pairs = program.Named<QListWidget>("Pairs of colours");
             const QString worst = pairs->item(0)->text();
-            EXPECT_TRUE(worst.startsWith(u"Marks on ") && worst.endsWith(u", too low"));
+            EXPECT_TRUE(worst.startsWith(u"Marks on ") && worst.endsWith(u", Hard to read"));
             ShownProgram::ClickRow(pairs, 0);
         });
         auto* dialog = program.OpenedDialog<QColorDialog>();

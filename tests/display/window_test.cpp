@@ -7,6 +7,7 @@
 #include <QDoubleSpinBox>
 #include <QGroupBox>
 #include <QLabel>
+#include <QScrollArea>
 
 #include <unistd.h>
 
@@ -38,26 +39,6 @@ TEST_F(Window, ClosingEndsTheProgramAndStoresNothing) {
     EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
 }
 
-TEST_F(Window, OpenDialogDoesNotKeepTheProgram) {
-    ShownProgram::Run([](ShownProgram& program) {
-        program.Open(0);
-        program.OnScreen([&] { program.Named<QAbstractButton>("Disabled Text")->click(); });
-        program.OpenedDialog<QColorDialog>();
-    });
-}
-
-TEST_F(Window, StartsAtItsFrameWithThePensAndNoCategory) {
-    ShownProgram::Run([](ShownProgram& program) {
-        program.OnScreen([&] {
-            EXPECT_EQ(program.Top()->pos(), QPoint(100, 100));
-            EXPECT_GE(program.Top()->width(), 501);
-            EXPECT_GE(program.Top()->height(), 301);
-            EXPECT_TRUE(program.Categories()->selectedItems().isEmpty());
-            EXPECT_TRUE(program.Named<QWidget>("Disabled Text")->isVisible());
-        });
-    });
-}
-
 // At the least size, on every page and in the languages with the longest texts.
 class Language : public Shown, public ::testing::WithParamInterface<const char*> {};
 
@@ -76,7 +57,8 @@ void ExpectNothingIsCutOff(QWidget* top) {
         else if (auto* box = dynamic_cast<QGroupBox*>(widget))
             least = box->fontMetrics().horizontalAdvance(box->title());
         EXPECT_GE(widget->width(), least) << widget->accessibleName().toStdString();
-        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) || !least)
+        const bool scrolls = dynamic_cast<QScrollArea*>(widget->parentWidget()->parentWidget());
+        EXPECT_TRUE(widget->parentWidget()->rect().contains(widget->geometry()) || !least || scrolls)
             << widget->accessibleName().toStdString();
     }
 }

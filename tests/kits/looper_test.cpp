@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The looper's lock, and the handler's name.
+// The looper's lock.
 #include "kits/BLooper.h"
 #include "kits/BMessage.h"
 
@@ -16,15 +16,6 @@ public:
     using BLooper::Close;
 };
 
-TEST(Handler, HasANameOrNone) {
-    BHandler handler;
-    EXPECT_EQ(handler.Name(), nullptr);
-    handler.SetName("settings");
-    EXPECT_STREQ(handler.Name(), "settings");
-    handler.SetName(nullptr);
-    EXPECT_EQ(handler.Name(), nullptr);
-}
-
 TEST(LooperLock, IsRecursiveAndBelongsToItsThread) {
     Looper looper;
     EXPECT_FALSE(looper.IsLocked());
@@ -35,15 +26,6 @@ TEST(LooperLock, IsRecursiveAndBelongsToItsThread) {
     std::thread([&] { EXPECT_FALSE(looper.IsLocked()); }).join();
     looper.Unlock();
     EXPECT_FALSE(looper.IsLocked());
-}
-
-TEST(LooperLock, IsRefusedOnceClosed) {
-    Looper looper;
-    looper.Close();
-    EXPECT_FALSE(looper.Lock());
-    EXPECT_FALSE(looper.IsLocked());
-    EXPECT_FALSE(BAutolock(&looper));
-    EXPECT_FALSE(BAutolock(nullptr));
 }
 
 TEST(LooperLock, LetsItsHolderFinishBeforeItCloses) {
@@ -60,6 +42,9 @@ TEST(LooperLock, LetsItsHolderFinishBeforeItCloses) {
     looper.Unlock();
     closer.join();
     EXPECT_FALSE(looper.Lock());
+    EXPECT_FALSE(looper.IsLocked());
+    EXPECT_FALSE(BAutolock(&looper));
+    EXPECT_FALSE(BAutolock(nullptr));
 }
 
 TEST(LooperLockDeathTest, MayOnlyBeGivenBackByItsHolder) {

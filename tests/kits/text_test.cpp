@@ -5,7 +5,6 @@
 
 #include <cmath>
 #include <gtest/gtest.h>
-#include <limits>
 #include <string>
 
 namespace {
@@ -39,16 +38,11 @@ TEST(Utf8, IsValidInTheRangesOfTheStandard) {
 }
 
 TEST(Utf8, IsCutBetweenCharacters) {
-    for (const std::string& character : {std::string("a"), kEAcute, kEuro, kPalette})
-        for (std::size_t limit = 0; limit <= 3 * character.size(); ++limit) {
-            const std::size_t fitting = limit / character.size() * character.size();
-            const std::string text = character + character + character;
-            EXPECT_EQ(ks_utf8_cut(text, limit), text.substr(0, fitting)) << character << ' ' << limit;
-        }
-    EXPECT_EQ(ks_utf8_cut("a" + kEuro + kPalette, 7), "a" + kEuro);
-}
-
-TEST(Utf8, IsCutAtTheLimitWhereItIsNone) {
+    const std::string text = "a" + kEAcute + kEuro + kPalette;
+    const std::size_t fitting[] = {0, 1, 1, 3, 3, 3, 6, 6, 6, 6, 10, 10};
+    for (std::size_t limit = 0; limit < std::size(fitting); ++limit)
+        EXPECT_EQ(ks_utf8_cut(text, limit), text.substr(0, fitting[limit])) << limit;
+    // What is no text is cut at the limit.
     for (const std::string& broken :
          {std::string(80, '\x80'), std::string(62, 'a') + "\xF0\x9F\x8E" + "aaaa", std::string(80, '\xC3')})
         EXPECT_EQ(ks_utf8_cut(broken, 63).size(), 63u) << testing::PrintToString(broken);
@@ -58,19 +52,13 @@ TEST(Font, CutsNamesAndKeepsEverySize) {
     BFont font;
     font.SetFamilyAndStyle((std::string(62, 'a') + kEAcute).c_str(), std::string(100, 's').c_str());
     EXPECT_EQ(font.Family(), std::string(62, 'a'));
-    font_family family;
     font_style style;
-    font.GetFamilyAndStyle(&family, &style);
-    EXPECT_EQ(family, std::string(62, 'a'));
+    font.GetFamilyAndStyle(nullptr, &style);
     EXPECT_EQ(style, std::string(63, 's'));
-    font.GetFamilyAndStyle(nullptr, nullptr);
-
-    for (const float size : {12.5f, 0.0f, -1.0f, std::numeric_limits<float>::infinity(), std::nanf("")}) {
-        const BFont before = font;
-        font.SetSize(size);
-        EXPECT_EQ(font, BFont(font)) << size;
-        EXPECT_NE(font, before) << size;
-    }
+    const BFont before = font;
+    font.SetSize(std::nanf(""));
+    EXPECT_EQ(font, BFont(font));
+    EXPECT_NE(font, before);
 
     font.SetFamilyAndStyle(nullptr, nullptr);
     EXPECT_EQ(font.Family() + font.Style(), "");

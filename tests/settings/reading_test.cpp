@@ -159,6 +159,65 @@ TEST_F(Reading, AppliesLines) {
     }
 }
 
+TEST_F(Reading, FollowsAnotherProgramAndKeepsEdits) {
+    const ks_color mine(9, 9, 9, 9);
+    const Change nothing, low = [](settings&values) { values.pens[0] = {5, 6, 7, 8}; };
+    const struct {
+        const char* name;
+        std::string lines;
+        Change followed;  // what the lines change
+        std::function<void()> edit;
+        Change edited;  // what the edit changes on top
+    } rows[] = {
+        {"NoKey", "", nothing, {}, {}},
+        {"Untouched", "LOOK = Nymbrel\n", set(&settings::look, "Nymbrel"s), {}, {}},
+        {"Edited", "KS_PEN_TEXT = 1,2,3,4\n", text_pen(1, 2, 3, 4),
+         [&] { config::_colors[9]->EditColor(mine); }, text_pen(9, 9, 9, 9)},
+        {"EditedAndBack",
+         "BEOS = 1\n",
+         set(&settings::beos_conform, true),
+         [] {
+             config::_beos_size->EditValue(true);
+             config::_beos_size->EditValue(false);
+         },
+         {}},
+        {"EditedLanguage", "LANGUAGE = two words\n", set(&settings::language, "two words"s),
+         [] { config::_llist->EditSelection(0); }, set(&settings::language, "english"s)},
+        {"BackgroundWithoutBitmap",
+         "KS_PEN_BG_LOW = 5,6,7,8\n",
+         [&](settings& values) { low(values), values.bitmaps[0].clear(); },
+         {},
+         {}},
+        {"BackgroundWithMissingBitmap",
+         "KS_PEN_BG_LOW_BMP = /missing\nKS_PEN_BG_LOW = 5,6,7,8\n",
+         low,
+         {},
+         {}},
+        {"EditedBitmap", "KS_PEN_BG_LOW = 5,6,7,8\n",
+         [&](settings& values) { low(values), values.bitmaps[0].clear(); },
+         [] { config::_backgrounds[0]->EditText("/mine"); }, background(0, "/mine")},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.name);
+        MakeEditors();
+        ReadBytes("LANGUAGE = deutsch\nBEOS = 0\nKS_PEN_BG_LOW_BMP = " + bitmap + "\n");
+        settings wanted = editor_values();
+        if (row.edit)
+            row.edit();
+        if (row.followed)
+            row.followed(wanted);
+        settings edited = wanted;
+        if (row.edited)
+            row.edited(edited);
+        home.Write(home.SettingsFile(), row.lines);
+        config::FollowSettings();
+        EXPECT_EQ(reference::write(editor_values()), reference::write(edited));
+        editors->Container().Content()->ForEach([](KSControl& control) { control.Revert(); });
+        config::TakeSelectedLanguage();
+        EXPECT_EQ(reference::write(editor_values()), reference::write(wanted)) << "what is settled";
+    }
+}
+
 TEST_F(Reading, CutsATimeThatIsKeptToAWholeNumber) {
     config::_bubbletime->SetValue(500000.7F);
     ReadBytes("BUBBLEHELPTIME = soon\n");

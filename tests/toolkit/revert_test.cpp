@@ -27,19 +27,13 @@ private:
     std::function<void()> _steps;
 };
 
-class ToolkitApplication : public testing::Test {
-protected:
-    ScopedHome home;
-    ScopedVariable no_bus{"DBUS_SESSION_BUS_ADDRESS", "disabled:"};
-};
-
-TEST_F(ToolkitApplication, RevertsToWhatWasSettledLast) {
+TEST(ToolkitApplication, RevertsToWhatWasSettledLast) {
+    const ScopedHome home;
+    const ScopedVariable no_bus("DBUS_SESSION_BUS_ADDRESS", "disabled:");
     Application([] {
-        auto* root = new KSControl(nullptr, 0);
         auto* spin = new KSSpinBox(nullptr, 0);
-        root->AddChild(spin, nullptr);
         auto* container = new KSContainer({0, 0, 9, 9}, nullptr);
-        container->SetContent(root);
+        container->SetContent(spin);
         auto* window = new KSWindow({0, 0, 9, 9}, "", 1, 0, 0, 0);
         window->AddChild(new KSContainer({0, 0, 9, 9}, nullptr));  // one without content
         window->AddChild(container);
@@ -66,19 +60,19 @@ TEST_F(ToolkitApplication, RevertsToWhatWasSettledLast) {
     }).Run();
 }
 
-TEST_F(ToolkitApplication, CreatesTheSettingsDirectoryAndOpensTheCatalog) {
+TEST(ToolkitApplication, OpensTheCatalogAndTakesNoCommandsFromOtherPrograms) {
+    const ScopedHome home;
     std::filesystem::remove(home.SettingsDirectory());
-    Application([] { EXPECT_STREQ(ks_locale->String(1, "OK"), "OK"); }).Run();
-    EXPECT_TRUE(std::filesystem::is_directory(home.SettingsDirectory()));
+    {
+        const Application app([] {});
+        EXPECT_TRUE(std::filesystem::is_directory(home.SettingsDirectory()));
+        EXPECT_TRUE(app.AcceptsBroadcast(ks_message_code("fAPL")));
+        EXPECT_FALSE(app.AcceptsBroadcast(ks_message_code("OKAY")));
+    }
     home.Write(home.CatalogsDirectory() / "deutsch/App.catalog", "1 Gut\n");
     home.Write(home.SettingsFile(), "LANGUAGE = deutsch\n");
-    Application([] { EXPECT_STREQ(ks_locale->String(1, "OK"), "Gut"); }).Run();
-}
-
-TEST_F(ToolkitApplication, TakesNoCommandsFromOtherPrograms) {
     const Application app([] {});
-    EXPECT_TRUE(app.AcceptsBroadcast(ks_message_code("fAPL")));
-    EXPECT_FALSE(app.AcceptsBroadcast(ks_message_code("OKAY")));
+    EXPECT_STREQ(ks_locale->String(1, "OK"), "Gut");
 }
 
 }  // namespace

@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 #include <string>
-#include <string_view>
-#include <sys/stat.h>
 #include <vector>
 
 namespace {
@@ -15,7 +13,7 @@ using namespace std::string_literals;
 
 class SettingsLines : public testing::Test {
 protected:
-    // Returns each line of the file that is there as "key|rest|value".
+    // Returns each line of the file as "key|rest|value".
     std::vector<std::string> Lines() {
         std::vector<std::string> lines;
         was_read = ks_read_settings_lines([&](const ks_settings_line& line) {
@@ -40,15 +38,11 @@ const struct {
     std::string bytes;
     std::vector<std::string> want;
 } kLines[] = {
-    {"Empty", "", {}},
     {"Blank", "\n \n=\n", {}},  // a line feed is no separator: alone it is a key with nothing behind it
-    {"AsWritten", "LOOK = Nymbrel\n", {"LOOK|= Nymbrel\n|Nymbrel"}},
-    {"NoSpaces", "LOOK=Nymbrel\n", {"LOOK|Nymbrel\n|Nymbrel"}},
     {"ManySeparators", "  = LOOK == =  a b =  \n", {"LOOK|== =  a b =  \n|a b ="}},
     {"NoLineFeedAtTheEnd", "A = 1\nB = 2", {"A|= 1\n|1", "B|= 2|2"}},
     {"TabIsNoSeparator", "LOOK\t= x\n", {"LOOK\t| x\n|x"}},
     {"KeyAlone", "LOOK\nB =1\n", {"B|=1\n|1"}},
-    {"KeyAloneAtTheEnd", "LOOK", {}},
     {"KeyAndSeparatorAtTheEnd", "LOOK=", {}},
     {"KeyAndTwoSeparatorsAtTheEnd", "LOOK =", {"LOOK|=|"}},
     {"NoValue", "LOOK=\n", {"LOOK|\n|"}},
@@ -57,7 +51,6 @@ const struct {
     {"NulEndsThePiece", "A = 1\0 2\nB = 2\n"s, {"A|= 1|1", "B|= 2\n|2"}},
     {"NulInTheKey", "A\0B = 1\nC = 2\n"s, {"C|= 2\n|2"}},
     {"NulBehindTheSeparator", "A=\0B\n"s, {}},
-    {"NulFirst", "\0A = 1\nB = 2\n"s, {"B|= 2\n|2"}},
     {"FullPiece", "A = " + k1018 + "\nB = 1\n", {"A|= " + k1018 + "\n|" + k1018, "B|= 1\n|1"}},
     {"LineFeedOfTheNextPiece",
      "A = " + k1018 + "x\nB = 1\n",
@@ -76,27 +69,18 @@ TEST_F(SettingsLines, AreTakenApart) {
 }
 
 TEST_F(SettingsLines, NeedARegularFile) {
-    const std::string file = home.SettingsFile();
-    const auto expect_nothing = [&](const char* what) {
-        EXPECT_EQ(Lines(), std::vector<std::string>{}) << what;
-        EXPECT_FALSE(was_read) << what;
-        std::filesystem::remove(file);
-    };
-    expect_nothing("no file");
-    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
-    expect_nothing("pipe");
-    std::filesystem::create_symlink("/dev/zero", file);
-    expect_nothing("device");
-    std::filesystem::create_directory(file);
-    expect_nothing("directory");
+    for (const char* target : {"/nowhere", "/dev/zero", "/tmp"}) {
+        std::filesystem::create_symlink(target, home.SettingsFile());
+        EXPECT_EQ(Lines(), std::vector<std::string>{}) << target;
+        EXPECT_FALSE(was_read) << target;
+        std::filesystem::remove(home.SettingsFile());
+    }
 }
 
 TEST(SettingsLine, ComparesKeysWithoutRegardToAsciiCase) {
-    const ks_settings_line line{"Ks_Pen_Text_bmp", ""};
-    EXPECT_TRUE(line.Is("KS_PEN_TEXT_BMP"));
-    EXPECT_FALSE(line.Is("KS_PEN_TEXT"));
-    EXPECT_FALSE(line.Is("KS_PEN_TEXT_BMP_"));
-    EXPECT_TRUE((ks_settings_line{"azAZ", ""}).Is("AZaz"));
+    EXPECT_TRUE((ks_settings_line{"azAZ_", ""}).Is("AZaz_"));
+    EXPECT_FALSE((ks_settings_line{"azAZ_", ""}).Is("azAZ"));
+    EXPECT_FALSE((ks_settings_line{"azAZ", ""}).Is("azAZ_"));
     EXPECT_FALSE((ks_settings_line{"@[`{", ""}).Is("`{@["));  // next to the letters, 32 apart
     EXPECT_FALSE((ks_settings_line{"\xC4", ""}).Is("\xE4"));
 }
