@@ -250,6 +250,11 @@ private:
             const int width = has_room ? before : before + std::clamp(room, 0, kWidth);
             window()->resize(std::max(width, window()->width()), window()->height());
             _grown = window()->width() - before;
+            // A window that needs more than that room moves to where it has it.
+            if (const int beyond = window()->width() - before - std::max(room, 0); beyond > 0)
+                window()->move(
+                    std::max(window()->screen()->availableGeometry().left(), window()->x() - beyond),
+                    window()->y());
         } else {
             window()->resize(before - std::exchange(_grown, 0), window()->height());
         }
