@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QScrollBar>
 
+#include <utility>
+
 namespace {
 
 constexpr QSize kLeastPage(640, 240);
@@ -32,8 +34,16 @@ QSize PageArea::sizeHint() const {
 }
 
 QSize PageArea::minimumSizeHint() const {
-    const int bar = verticalScrollBar()->sizeHint().width();
+    const int bar = _scrolls ? verticalScrollBar()->sizeHint().width() : 0;
     return (widget()->minimumSizeHint() + QSize(bar, 0)).boundedTo(kLeastPage);
+}
+
+// The bar takes no room from a page that does not scroll.
+void PageArea::resizeEvent(QResizeEvent* event) {
+    QScrollArea::resizeEvent(event);
+    const bool scrolls = height() < widget()->minimumSizeHint().height();
+    if (std::exchange(_scrolls, scrolls) != scrolls)
+        updateGeometry();
 }
 
 bool PageArea::eventFilter(QObject* object, QEvent* event) {

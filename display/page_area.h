@@ -18,7 +18,10 @@ public:
 protected:
     // Tells the layout around it when the page asks for another size.
     bool eventFilter(QObject* object, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void FollowFocus(QWidget* focused);
+
+    bool _scrolls = false;
 };

@@ -3,6 +3,7 @@
 #include "settings/settings_file.h"
 #include "tests/settings/editors.h"
 
+#include <functional>
 #include <optional>
 
 namespace {
@@ -132,61 +133,45 @@ TEST_F(Reading, AppliesLines) {
 }
 
 TEST_F(Reading, FollowsAnotherProgramAndKeepsEdits) {
-    const ks_color mine(9, 9, 9, 9);
-    const Change nothing, low = [](settings&values) { values.pens[0] = {5, 6, 7, 8}; };
+    const std::string beos = "BEOS = 0\n", german = "LANGUAGE = deutsch\n",
+                      picture = "KS_PEN_BG_LOW_BMP = " + bitmap + "\n", low = "KS_PEN_BG_LOW = 5,6,7,8\n";
     const struct {
         const char* name;
-        std::string lines;
-        Change followed;  // what the lines change
         std::function<void()> edit;
-        Change edited;  // what the edit changes on top
+        std::string stored;          // by the other program
+        std::string shown, settled;  // what differs from the defaults then, and after Revert
     } rows[] = {
-        {"NoKey", "", nothing, {}, {}},
-        {"Untouched", "LOOK = Nymbrel\n", set(&settings::look, "Nymbrel"s), {}, {}},
-        {"Edited", "KS_PEN_TEXT = 1,2,3,4\n", text_pen(1, 2, 3, 4),
-         [&] { config::_colors[9]->EditColor(mine); }, text_pen(9, 9, 9, 9)},
+        {"NoKey", [] {}, "", beos + german + picture, beos + german + picture},
+        {"Unedited", [] {}, "LOOK = Nymbrel\n", "LOOK = Nymbrel\n" + beos + german + picture,
+         "LOOK = Nymbrel\n" + beos + german + picture},
+        {"Edited", [] { config::_colors[0]->EditColor(ks_color(9, 9, 9, 9)); }, picture + low,
+         beos + german + picture + "KS_PEN_BG_LOW = 9,9,9,9\n", beos + german + picture + low},
         {"EditedAndBack",
-         "BEOS = 1\n",
-         set(&settings::beos_conform, true),
          [] {
              config::_beos_size->EditValue(true);
              config::_beos_size->EditValue(false);
          },
-         {}},
-        {"EditedLanguage", "LANGUAGE = two words\n", set(&settings::language, "two words"s),
-         [] { config::_llist->EditSelection(0); }, set(&settings::language, "english"s)},
-        {"BackgroundWithoutBitmap",
-         "KS_PEN_BG_LOW = 5,6,7,8\n",
-         [&](settings& values) { low(values), values.bitmaps[0].clear(); },
-         {},
-         {}},
-        {"BackgroundWithMissingBitmap",
-         "KS_PEN_BG_LOW_BMP = /missing\nKS_PEN_BG_LOW = 5,6,7,8\n",
-         low,
-         {},
-         {}},
-        {"EditedBitmap", "KS_PEN_BG_LOW = 5,6,7,8\n",
-         [&](settings& values) { low(values), values.bitmaps[0].clear(); },
-         [] { config::_backgrounds[0]->EditText("/mine"); }, background(0, "/mine")},
+         "BEOS = 1\n", german + picture, german + picture},
+        {"EditedLanguage", [] { config::_llist->EditSelection(0); }, "LANGUAGE = two words\n", beos + picture,
+         beos + "LANGUAGE = two words\n" + picture},
+        {"BackgroundWithoutBitmap", [] {}, low, beos + german + low, beos + german + low},
+        {"BackgroundWithMissingBitmap", [] {}, "KS_PEN_BG_LOW_BMP = /missing\n" + low,
+         beos + german + picture + low, beos + german + picture + low},
+        {"EditedBitmap", [] { config::_backgrounds[0]->EditText("/mine"); }, low,
+         beos + german + "KS_PEN_BG_LOW_BMP = /mine\n" + low, beos + german + low},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.name);
         MakeEditors();
-        ReadBytes("LANGUAGE = deutsch\nBEOS = 0\nKS_PEN_BG_LOW_BMP = " + bitmap + "\n");
-        settings wanted = editor_values();
-        if (row.edit)
-            row.edit();
-        if (row.followed)
-            row.followed(wanted);
-        settings edited = wanted;
-        if (row.edited)
-            row.edited(edited);
-        home.Write(home.SettingsFile(), row.lines);
+        ReadBytes(german + beos + picture);
+        row.edit();
+        config::TakeSelectedLanguage();
+        home.Write(home.SettingsFile(), row.stored);
         config::FollowSettings();
-        EXPECT_EQ(reference::write(editor_values()), reference::write(edited));
+        EXPECT_EQ(WriteAndFindChanges(), row.shown);
         editors->Container().Content()->ForEach([](KSControl& control) { control.Revert(); });
         config::TakeSelectedLanguage();
-        EXPECT_EQ(reference::write(editor_values()), reference::write(wanted)) << "what is settled";
+        EXPECT_EQ(WriteAndFindChanges(), row.settled);
     }
 }
 
