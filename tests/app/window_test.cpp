@@ -109,7 +109,7 @@ constexpr const char* kTree = R"(. border 4,4,4,4 down | <> | Separator | <>
         . | ColorField color 8 | PopFile file 8
       . #Fonts frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | Label 'Normal' aligned 2 | PopFont font 0 | Label 'Fixedwidth' aligned 2 | PopFont font 1 | Label 'Title' aligned 2 | PopFont font 2 | Label 'Small' aligned 2 | PopFont font 3 | Label 'Large' aligned 2 | PopFont font 4 | . | .
       . 'Options' frame 7,1 border 6,6,6,6 down hidden | <> | <> | <>
-        TitleGroup 'Language' down | ListView languages weight 0,100 | <>
+        TitleGroup 'Language' down | ListView languages weight 0,10000 | <>
           . | . | Label 'Note: You have to restart your program(s) after a change' | .
         TitleGroup 'Advanced' | . | <> | .
           . down columns 2 | . | . | Label 'Bubblehelp wait time' aligned 2 | SpinBox bubble time 500000 10000000 100000 | . | CheckBox bubble help 'Use Bubblehelp' | . | . | Label 'Mouse hold time' aligned 2 | SpinBox mouse time 10000 50000 1000 | . | .

@@ -89,6 +89,7 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
     ShownProgram::Run([](ShownProgram& program) {
         const QSize size = program.OnScreen([&] {
             program.Top()->resize(1, 1);
+            QCoreApplication::processEvents();  // the page makes room for its scroll bar
             return program.Top()->size();
         });
         for (int category = 0; category < 4; ++category) {

@@ -110,7 +110,7 @@ TEST_F(WornLook, ShowsEachPenAtItsPlaces) {
             });
             program.Open(kBackgrounds);
             see(kCursor, [&] {
-                auto* line = program.Named<QLineEdit>("Low level");
+                auto* line = program.Named<QLineEdit>("Low level: bitmap");
                 line->setFocus();
                 line->home(false);
             });
