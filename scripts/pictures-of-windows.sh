@@ -11,7 +11,14 @@ build dev gallery
 XDG_CONFIG_HOME=$(mktemp -d)
 export XDG_CONFIG_HOME
 trap 'rm -r "$XDG_CONFIG_HOME"' EXIT
-for picture in window:app/NymbrelConfig gallery:examples/gallery; do
+
+# take <picture> <program> [<key>]
+take() {
     xvfb-run -a -s "-screen 0 1400x800x24" "$root/scripts/picture-of-window.sh" \
-        "$root/docs/pictures/${picture%%:*}.png" "$root/build/dev/${picture#*:}"
-done
+        "$root/docs/pictures/$1.png" "$root/build/dev/$2" "${@:3}"
+}
+
+take window app/NymbrelConfig
+take gallery examples/gallery
+cp "$root/docs/pictures/night.settings" "$XDG_CONFIG_HOME/Nymbrel_settings"
+take preview app/NymbrelConfig F9
