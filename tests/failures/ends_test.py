@@ -16,6 +16,8 @@ import unittest
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "smoke"))
 from desktop import Desktop  # noqa: E402
 
+# A program that ends at once joins no thread.
+ENDS_AT_ONCE = ":ignore_noninstrumented_modules=1:report_thread_leaks=0"
 IS_SANITIZED = any(name.endswith("SAN_OPTIONS") for name in os.environ)
 ENDS_WITHIN = 2  # seconds
 
@@ -27,7 +29,7 @@ class Program(unittest.TestCase):
         self.addCleanup(shutil.rmtree, home)
         more = {name: os.environ[name] for name in os.environ if name.endswith("SAN_OPTIONS")}
         more["ASAN_OPTIONS"] = more.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:strict_string_checks=0"
-        more["TSAN_OPTIONS"] = more.get("TSAN_OPTIONS", "") + ":ignore_noninstrumented_modules=1"
+        more["TSAN_OPTIONS"] = more.get("TSAN_OPTIONS", "") + ENDS_AT_ONCE
         program = subprocess.Popen(
             ["setpriv", "--pdeathsig", "KILL", "env", "--default-signal=HUP,INT", os.environ["NYMBREL_PROGRAM"]],
             env={"PATH": os.environ["PATH"], "HOME": home, "XDG_RUNTIME_DIR": home,
@@ -96,6 +98,7 @@ class Program(unittest.TestCase):
     def test_beside_a_stopped_screen(self):
         desktop = Desktop()
         self.addCleanup(desktop.close)
+        desktop.environment["TSAN_OPTIONS"] += ENDS_AT_ONCE
         desktop.start_program()
         desktop.screen.send_signal(signal.SIGSTOP)
         start = time.monotonic()
