@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <tuple>
 
 namespace {
 
@@ -57,6 +58,8 @@ std::vector<pen_pair> MeasurePairs(const Worn& worn) {
     for (int level = KS_PEN_BG_LOW; level <= KS_PEN_BG_SELECTED; ++level)
         pairs.push_back(BestOf(worn, {KS_PEN_DARK, KS_PEN_SHINE, KS_PEN_HALFDARK, KS_PEN_HALFSHINE},
                                static_cast<ks_pen>(level)));
-    std::ranges::stable_sort(pairs, {}, [](const pen_pair& pair) { return pair.contrast / pair.least; });
+    std::ranges::sort(pairs, {}, [](const pen_pair& pair) {
+        return std::tuple(pair.contrast / pair.least, pair.ink, pair.ground);
+    });
     return pairs;
 }
