@@ -156,7 +156,7 @@ void AddLanguages(KSControl* parent) {
     KSControl* group = AddTitleGroup(parent, kStringLanguage);
     group->SetOrientation(KS_ORIENTATION_VERTICAL);
     FillLanguageList();
-    Add(group, _llist)->SetWeight({0, 10000});  // all spare height
+    Add(group, _llist);
     KSControl* note = Add(group, NewGroup());
     AddSpacers(note, 1);
     AddLabel(note, kStringRestartNote, 0);

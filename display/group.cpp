@@ -6,6 +6,7 @@
 #include "display/page_area.h"
 #include "display/pen_style.h"
 #include "display/window_mirror.h"
+#include "toolkit/KSListView.h"
 #include "toolkit/KSTitleGroup.h"
 
 #include <QBoxLayout>
@@ -20,6 +21,8 @@ namespace {
 
 // The weight of a spacer, and of a child that has no weight of its own and can use spare room.
 constexpr int kDefaultWeight = 100;
+// The weight of a list that has none of its own: it takes the spare height, since it has more to show.
+constexpr KSPoint<long> kListWeight{0, 10000};
 
 bool IsSpacer(const KSControl& control) {
     return typeid(control) == typeid(KSControl) && control.Children().empty();
@@ -28,6 +31,8 @@ bool IsSpacer(const KSControl& control) {
 // A group without a weight has its heaviest child's.
 KSPoint<long> WeightOf(const KSControl& control) {
     KSPoint<long> weight = control.Weight();
+    if (weight == KSPoint<long>() && dynamic_cast<const KSListView*>(&control))
+        return kListWeight;
     if (weight == KSPoint<long>())
         for (const auto& child : control.Children()) {
             const KSPoint<long> below = WeightOf(*child);

@@ -87,16 +87,15 @@ TEST_P(Language, IsCompleteAtTheLeastSizeWithMnemonicsOfItsOwn) {
                           std::filesystem::copy_options::recursive);
     home.Write(home.SettingsFile(), std::string("LANGUAGE = ") + GetParam() + "\n");
     ShownProgram::Run([](ShownProgram& program) {
-        const QSize size = program.OnScreen([&] {
-            program.Top()->resize(1, 1);
-            QCoreApplication::processEvents();  // the page makes room for its scroll bar
-            return program.Top()->size();
-        });
+        program.OnScreen([&] { program.Top()->resize(1, 1); });
+        QSize size;
         for (int category = 0; category < 4; ++category) {
             program.Open(category);
             program.OnScreen([&] {
                 ExpectNothingIsCutOff(program.Top());
                 ExpectMnemonicsDiffer(program.Top());
+                if (category == 0)
+                    size = program.Top()->size();
                 EXPECT_EQ(program.Top()->size(), size);
             });
         }

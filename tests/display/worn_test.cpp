@@ -7,9 +7,12 @@
 #include <QAccessible>
 #include <QColorDialog>
 #include <QDoubleSpinBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QStyle>
+#include <QToolTip>
 
 #include <map>
 #include <set>
@@ -219,6 +222,29 @@ TEST_F(WornLook, ShowsAnEditInOneTurnAndDropsWhatIsCancelled) {
             program.Top()->activateWindow();
             return program.Top()->grab().toImage() == before;
         }));
+    });
+}
+
+TEST_F(WornLook, TakesTheTimesAndShowsHelpWhereItIsWanted) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(3);
+        _bubbletime->SetValue(1500000);
+        _mousetime->SetValue(20000);
+        _bubblehelp->SetBubbleHelp("Shows texts like this one");
+        for (const bool wanted : {true, false}) {
+            _bubblehelp->SetValue(wanted);
+            program.OnScreen([&] {
+                const QStyle* style = QApplication::style();
+                EXPECT_EQ(style->styleHint(QStyle::SH_ToolTip_WakeUpDelay), 1500);
+                EXPECT_EQ(style->styleHint(QStyle::SH_SpinBox_ClickAutoRepeatRate), 20);
+                auto* box = program.Named<QWidget>("Use Bubblehelp");
+                QHelpEvent asks(QEvent::ToolTip, {5, 5}, box->mapToGlobal(QPoint(5, 5)));
+                QApplication::sendEvent(box, &asks);
+                EXPECT_EQ(QToolTip::isVisible(), wanted);
+                QToolTip::hideText();
+            });
+            EXPECT_TRUE(program.Eventually([] { return !QToolTip::isVisible(); }));
+        }
     });
 }
 
