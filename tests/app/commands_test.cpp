@@ -31,12 +31,15 @@ TEST_F(Commands, StartsWithTheDefaultsAndWritesNothingUnasked) {
         EXPECT_STREQ(program.Window()->Title(), "Nymbrel Config");
         EXPECT_EQ(program.Window()->Frame(), KSRect<long>(100, 100, 600, 400));
         program.Do(ks_message_code("what"));
-        program.Do(NCApplication::kSettingsChanged);
+        EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+        home.Write(home.SettingsFile(), "KS_PEN_TEXT = 1,2,3,4\n");
+        program.Do(NCApplication::kSettingsChanged);  // the program's own notice is never read back
+        EXPECT_EQ(editor_values(), Defaults());
         config::_colors[9]->EditColor({1, 2, 3});
         // Closing the window drops the edit and ends the program.
         EXPECT_TRUE(program.Window()->QuitRequested());
     });
-    EXPECT_FALSE(std::filesystem::exists(home.SettingsFile()));
+    EXPECT_EQ(File(), "KS_PEN_TEXT = 1,2,3,4\n");
 }
 
 TEST_F(Commands, ApplyWritesAndAnnouncesOnceWhatWasReadAndEdited) {
