@@ -133,37 +133,22 @@ private:
             return;
         const long cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
         const long a = cx - x1, b = cy - y1;
-        const wide t1 = wide{a} * a, t2 = 2 * t1, t3 = 2 * t2, t4 = wide{b} * b, t5 = 2 * t4, t6 = 2 * t5;
-        const wide t7 = a * t5;
-        wide t8 = 2 * t7, t9 = 0;
-        wide d1 = t2 - t7 + (t4 >> 1), d2 = (t1 >> 1) - t8 + t5;
+        const wide a2 = wide{a} * a, b2 = wide{b} * b;
         long x = a, y = 0;
-        while (d2 < 0) {
+        const auto d1 = [&] {
+            return 2 * a2 * (y + 1) * (y + 1) + 2 * b2 * x * (x - 1) - 2 * a2 * b2 + b2 / 2;
+        };
+        const auto d2 = [&] {
+            return 2 * a2 * y * (y + 1) + 2 * b2 * (x - 1) * (x - 1) - 2 * a2 * b2 + a2 / 2;
+        };
+        for (; d2() < 0; y++) {
             first(cx, cy, x, y);
-            y++;
-            t9 += t3;
-            if (d1 < 0) {
-                d1 += t9 + t2;
-                d2 += t9;
-            } else {
-                x--;
-                t8 -= t6;
-                d1 += t9 + t2 - t8;
-                d2 += t9 + t5 - t8;
-            }
+            x -= d1() >= 0;
         }
-        do {
+        for (; x >= 0; x--) {
             second(cx, cy, x, y);
-            x--;
-            t8 -= t6;
-            if (d2 < 0) {
-                y++;
-                t9 += t3;
-                d2 += t9 + t5 - t8;
-            } else {
-                d2 += t5 - t8;
-            }
-        } while (x >= 0);
+            y += d2() < 0;
+        }
     }
 
     void Crossings(KSPoint<long> from, KSPoint<long> to, std::vector<std::array<long, 3>>& crossings) {
