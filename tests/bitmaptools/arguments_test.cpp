@@ -39,17 +39,11 @@ TEST(Arguments, OutsideTheirRangeWriteNothing) {
         for (const auto function : {Tools::TransformPlain, Tools::TransformBiLin})
             function(from, p[0], p[1], p[2], p[3], to, &source, &pixel, 1, 1);
     };
-    const Rect bad_rects[] = {{0, 0, -1, 0},
-                              {0, 1, 0, 0},
-                              {LONG_MIN, 0, LONG_MAX, 0},
-                              {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX},
-                              {LONG_MIN, LONG_MIN, LONG_MIN, LONG_MIN},
-                              {LONG_MAX, LONG_MAX, LONG_MAX, LONG_MAX},
-                              {LONG_MAX, LONG_MAX, LONG_MIN, LONG_MIN},
-                              {kLeast - 1, 0, 0, 0},
-                              {0, kLeast - 1, 0, 0},
-                              {0, 0, kMost + 1, 0},
-                              {0, 0, 0, kMost + 1}};
+    const Rect bad_rects[] = {
+        {0, 0, -1, 0},         {0, 1, 0, 0},          {LONG_MIN, LONG_MIN, LONG_MAX, LONG_MAX},
+        {kLeast - 1, 0, 0, 0}, {0, kLeast - 1, 0, 0}, {LONG_MAX, LONG_MAX, LONG_MIN, LONG_MIN},
+        {0, 0, kMost + 1, 0},  {0, 0, 0, kMost + 1},  {LONG_MAX, LONG_MAX, LONG_MAX, LONG_MAX},
+    };
     for (const Rect& bad : bad_rects) {
         rotate(bad, rect, {0, 0}, 0);
         rotate(rect, bad, {0, 0}, 0);
