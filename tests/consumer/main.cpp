@@ -33,7 +33,8 @@ int main() {
     assert(std::memcmp(restored.Bits(), pixels, static_cast<std::size_t>(raster.BitsLength())) == 0);
     assert(adopted.Frame() == KSRect<long>(0, 0, 3, 3));
 
-    const std::unique_ptr<KSRaster> half(raster.CreateScaled(KSRect<long>(0, 0, 4, 1), false, kRasterInBBitmap));
+    const std::unique_ptr<KSRaster> half(
+        raster.CreateScaled(KSRect<long>(0, 0, 4, 1), false, kRasterInBBitmap));
     assert(half->GetBBitmap() && half->Width() == 5);
 
     std::uint8_t speck[] = {0, 0, 0, 0, 9, 0, 0, 0, 0};

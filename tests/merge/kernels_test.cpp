@@ -78,9 +78,10 @@ void Check(ks_composition_mode mode, const Row& dst, const Row& src, Word opacit
         if (got == want)
             return;
         const auto i = static_cast<std::size_t>(std::ranges::mismatch(got, want).in1 - got.begin());
-        FAIL() << KSMerge::composition_label[mode] << ' ' << family << " on " << NameOf(ActiveLevel()) << ", pixel " << i << " of " << dst.size()
-               << ", opacity " << opacity << std::hex << ": got " << got[i] << ", want " << want[i]
-               << ", dst " << dst[i % dst.size()] << ", src " << src[i % src.size()];
+        FAIL() << KSMerge::composition_label[mode] << ' ' << family << " on " << NameOf(ActiveLevel())
+               << ", pixel " << i << " of " << dst.size() << ", opacity " << opacity << std::hex << ": got "
+               << got[i] << ", want " << want[i] << ", dst " << dst[i % dst.size()] << ", src "
+               << src[i % src.size()];
     };
     const auto wanted = [&](auto oracle) {
         return composed([&](Word* row) {
