@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <cmath>
 #include <limits>
 #include <string>
@@ -94,6 +95,19 @@ TEST(FarShapes, EllipsesAsLargeAsTheRange) {
         };
         EXPECT_TRUE(side_by_side(frame).Alike(kStrokeEllipse, {{-a, -b}, {a, b}}, want)) << angle;
     }
+}
+
+TEST(FarShapes, TakeNoTimeForWhatIsOutside) {
+    KSRaster raster({-8, -8, 8, 8});
+    const auto start = std::chrono::steady_clock::now();
+    for (int i = 0; i < 40; i++)
+        for (const point& first : {point(kLeast, kLeast), {kLeast, -1}, {-1, kLeast}})
+            for (int shape = 0; shape < kShapeCount; shape++) {
+                raster.SetDrawingMode(i % 2 ? kMergeNormal : kMergeDissolve);
+                Draw(raster, static_cast<Shape>(shape), {first, {-1 - first.x, -1 - first.y}, {kMost, -1}});
+            }
+    // A single one of the larger shapes takes the plain algorithms many times as long.
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
 // Each shape first, then a pattern over all.
