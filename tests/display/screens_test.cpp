@@ -66,7 +66,7 @@ TEST_F(Screen, HoldsAWindowWithTextsOfAnyLength) {
     });
 }
 
-TEST_F(Screen, ScrollsAPageToWhatHasTheKeyboard) {
+TEST_F(Screen, ScrollsAPageOrGivesItsListsTheSpareHeight) {
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(3);
         program.OnScreen([&] { program.Top()->resize(1, 1); });
@@ -78,7 +78,11 @@ TEST_F(Screen, ScrollsAPageToWhatHasTheKeyboard) {
             EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
         });
         program.OnScreen([&] { program.Top()->resize(700, 1500); });
-        program.OnScreen([&] { EXPECT_GT(program.Named<QListWidget>("Language")->height(), 800); });
+        program.OnScreen([&] {
+            EXPECT_GT(program.Named<QListWidget>("Language")->height(), 800);
+            EXPECT_GT(program.Categories()->height(), 1200);
+            EXPECT_GT(program.Button("OK")->mapTo(program.Top(), QPoint()).y(), 1400);
+        });
     });
 }
 

@@ -56,7 +56,7 @@ class Editing(unittest.TestCase):
         click("spin button", "Mouse hold time")
         desktop.press("ctrl+a")
         desktop.type("20000")
-        click("push button", "OK")
+        desktop.press("Return")
         self.expect_stored("MOUSEHOLDTIME = 20000")
 
     def test_closing_stores_nothing(self):
