@@ -106,6 +106,7 @@ class Desktop:
         self._mute_bus.listen()
 
     def start_program(self):
+        wait_until(lambda: self.focused_title() != TITLE, "the window of the last program stays")
         self.program = self.start(os.environ["NYMBREL_PROGRAM"])
         wait_until(lambda: self.focused_title() == TITLE or self.program.poll() is not None, "no window")
 
