@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QAccessibleInterface>
+#include <QLineEdit>
+#include <QToolButton>
 
 #include <cmath>
 #include <map>
@@ -81,6 +83,23 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
             expect(group, QAccessible::Grouping, "");
         for (const char* button : {"OK", "Apply", "Revert", "Reset colors"})
             expect(button, QAccessible::Button, "");
+
+        // Colour and bitmap of a level have names of their own; its label belongs to the colour.
+        program.OnScreen([&] {
+            auto* color = QAccessible::queryAccessibleInterface(program.Named<QAbstractButton>("Low level"));
+            const auto labels = color->relations(QAccessible::Label);
+            ASSERT_EQ(labels.size(), 1);
+            EXPECT_EQ(labels[0].first->text(QAccessible::Name), QStringLiteral("Low level"));
+        });
+        program.Open(1);
+        EXPECT_TRUE(program.Eventually([&] {
+            const auto buttons = program.Named<QLineEdit>("Low level: bitmap")->findChildren<QToolButton*>();
+            return buttons.size() == 2 && std::ranges::none_of(buttons, [](QToolButton* button) {
+                       return QAccessible::queryAccessibleInterface(button)
+                           ->text(QAccessible::Name)
+                           .isEmpty();
+                   });
+        }));
     });
 }
 
