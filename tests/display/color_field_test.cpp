@@ -10,7 +10,7 @@ namespace {
 
 class ColorField : public Shown {};
 
-TEST_F(ColorField, TakesTheDialogsColorWithAlpha) {
+TEST_F(ColorField, TakesTheDialogsColorWithAlphaAndADroppedOne) {
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(0);
         for (const Qt::Key key : {Qt::Key_Space, Qt::Key_Return}) {
@@ -25,12 +25,6 @@ TEST_F(ColorField, TakesTheDialogsColorWithAlpha) {
             EXPECT_EQ(_colors[KS_PEN_TEXT]->Color(), ks_color(10, 20, 30, 40));
             program.WaitUntilDialogIsClosed();
         }
-    });
-}
-
-TEST_F(ColorField, TakesADroppedColor) {
-    ShownProgram::Run([](ShownProgram& program) {
-        program.Open(0);
         program.OnScreen([&] {
             QMimeData color, other;
             color.setColorData(QColor(1, 2, 3, 4));

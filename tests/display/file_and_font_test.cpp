@@ -128,7 +128,6 @@ TEST(PictureFile, ReadsEveryTgaAndNothingThatIsNoFile) {
     ASSERT_EQ(mkfifo((home.Path() / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(IsPicture(QString::fromStdString(home.Path() / "pipe")));
     EXPECT_FALSE(IsPicture(QString::fromStdString(home.Path())));
-    EXPECT_LE(read("plain.tga", kTga).width(), 2);
     EXPECT_EQ(ReadPicture(QString::fromStdString(home.Path() / "plain.tga"), QSize(1, 1)).size(),
               QSize(1, 1));
 }
