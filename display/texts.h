@@ -3,17 +3,14 @@
 // the application's.
 #pragma once
 
-#include <cstdint>
+#include "toolkit/KSLocale.h"
 
 class QCoreApplication;
 class QString;
 
 namespace texts {
 
-struct text {
-    std::uint32_t id;  // in the catalogs
-    const char* english;
-};
+using text = ks_text;
 
 // Dialogs and tips. "&" stands before a mnemonic.
 inline constexpr text kNoPicture{1, "This file is not a readable picture"};

@@ -87,7 +87,7 @@ constexpr const char* kTree = R"(. border 4,4,4,4 down | <> | Separator | <>
         . | ColorField | PopFile
       . #Fonts frame 7,1 border 6,6,6,6 down columns 2 hidden | . | . | Label 'Normal' aligned 2 | PopFont | Label 'Fixedwidth' aligned 2 | PopFont | Label 'Title' aligned 2 | PopFont | Label 'Small' aligned 2 | PopFont | Label 'Large' aligned 2 | PopFont | . | .
       . 'Options' frame 7,1 border 6,6,6,6 down hidden | <> | <> | <>
-        TitleGroup 'Language' down | ListView weight 0,10000 | <>
+        TitleGroup 'Language' down | ListView | <>
           . | . | Label 'Note: You have to restart your program(s) after a change' | .
         TitleGroup 'Advanced' | . | <> | .
           . down columns 2 | . | . | Label 'Bubblehelp wait time' aligned 2 | SpinBox 500000 10000000 100000 | . | CheckBox 'Use Bubblehelp' | . | . | Label 'Mouse hold time' aligned 2 | SpinBox 10000 50000 1000 | . | .
