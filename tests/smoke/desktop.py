@@ -111,7 +111,7 @@ class Desktop:
         wait_until(lambda: self.focused_title() == TITLE or self.program.poll() is not None, "no window")
 
     def focused_title(self):
-        return self.output("xdotool", "getactivewindow", "getwindowname").strip()
+        return self.output("xdotool", "getwindowfocus", "getwindowname").strip()
 
     def press(self, *keys):
         self.output("xdotool", "key", *keys)
