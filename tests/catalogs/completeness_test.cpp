@@ -49,7 +49,7 @@ const catalog kCatalogs[] = {
       {38, 40, 41, 42, 43, 49, 50, 51}}},
     {"Nymbrel.catalog",
      NYMBREL_SOURCE "/display/texts.h",
-     {},
+     {55, 56, 57, 58, 59},
      {{6, 7, 8},
       {13, 14, 15, 16},
       {17, 18, 20, 21, 23, 24, 25},
