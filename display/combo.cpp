@@ -19,8 +19,10 @@ public:
         case QAccessible::Name:
             return _combo->accessibleName();
         case QAccessible::Value:
-        case QAccessible::Description:  // of the two, the accessibility bus carries only this one
             return _combo->currentText();
+        case QAccessible::Description:  // of the two, the accessibility bus carries only this one
+            return _combo->accessibleDescription().isEmpty() ? _combo->currentText()
+                                                             : _combo->accessibleDescription();
         default:
             return QAccessibleWidget::text(kind);
         }

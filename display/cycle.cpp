@@ -2,8 +2,10 @@
 // A cycle is a combo box.
 #include "display/combo.h"
 #include "display/control_mirror.h"
+#include "display/marks.h"
 #include "toolkit/KSCycle.h"
 
+#include <QMimeData>
 #include <QStringList>
 
 namespace {
@@ -36,6 +38,13 @@ public:
             _combo->addItems(_labels);
         }
         _combo->setCurrentIndex(_selection);
+        marks::Describe(*_combo, _combo->currentText());
+    }
+
+    QString CopiedText() const override { return _combo->currentText(); }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const int index = _combo->findText(data.text().trimmed());
+        return index < 0 ? nullptr : std::function<void()>([=, this] { _combo->setCurrentIndex(index); });
     }
 
     QWidget* Editor() const override { return _combo; }

@@ -2,6 +2,7 @@
 // A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/marks.h"
 #include "display/picture_file.h"
 #include "display/texts.h"
 #include "display/wardrobe.h"
@@ -133,7 +134,7 @@ private:
             delete std::exchange(_warning, nullptr);
         }
         setToolTip(unreadable ? texts::Text(texts::kNoPicture) : QString());
-        setAccessibleDescription(toolTip());
+        marks::Describe(*this, toolTip());
         update();  // the text moves aside
     }
 
