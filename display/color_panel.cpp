@@ -3,6 +3,7 @@
 
 #include "display/color_text.h"
 #include "display/screen_color.h"
+#include "display/screen_fit.h"
 #include "display/texts.h"
 #include "display/typed_text.h"
 
@@ -59,6 +60,7 @@ ColorPanel::ColorPanel(const QColor& start, QWidget* parent)
     for (auto* spin : findChildren<QAbstractSpinBox*>())
         LetEnterTakeTypedText(spin->findChild<QLineEdit*>(), spin);
     OfferScreen();
+    PlaceDialog(*this, sizeHint(), *parent);
 }
 
 // Qt's own line takes the digits of a colour with alpha for another colour.

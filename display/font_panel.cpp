@@ -18,7 +18,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QScreen>
 
 #include <algorithm>
 #include <cstdlib>
@@ -95,8 +94,7 @@ FontPanel::FontPanel(const BFont& font, QWidget* parent)
     grid->setColumnStretch(0, 3);
     grid->setColumnStretch(1, 2);
     grid->setSpacing(look::kGap);
-    const QRect screen = parent->screen()->availableGeometry();
-    resize(PlaceIn(screen, screen.topLeft(), kPanel).size());
+    PlaceDialog(*this, kPanel, *parent);
 
     FillFamilies();
     FillStyles();
@@ -203,9 +201,10 @@ void FontPanel::FillFamilies() {
 }
 
 FontPanel::font_style FontPanel::StyleOf(const QString& family, const QString& name) {
-    if (QFontDatabase::styles(family).contains(name))
-        return {IsOfOtherWidth(name), QFontDatabase::weight(family, name),
-                QFontDatabase::italic(family, name)};
+    if (QFontDatabase::styles(family).contains(name)) {
+        const QFont font = QFontDatabase::font(family, name, look::kSmallestPoints);
+        return {IsOfOtherWidth(name), font.weight(), font.style() != QFont::StyleNormal};
+    }
     // Of a font that is not installed only the name tells.
     const auto has = [&](const char* word) {
         return name.contains(QLatin1String(word), Qt::CaseInsensitive);

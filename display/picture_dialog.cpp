@@ -14,7 +14,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
-#include <QScreen>
 #include <QSplitter>
 #include <QTreeView>
 
@@ -48,8 +47,7 @@ QPixmap OnChecker(const QImage& image) {
 
 PictureDialog::PictureDialog(const QString& start, QWidget* parent)
     : QFileDialog(parent), _preview(new QLabel(this)) {
-    const QRect screen = parent->screen()->availableGeometry();
-    resize(PlaceIn(screen, screen.topLeft(), kSize).size());
+    PlaceDialog(*this, kSize, *parent);
     setAttribute(Qt::WA_DeleteOnClose);
     setOption(QFileDialog::DontUseNativeDialog);
     setFileMode(QFileDialog::ExistingFile);

@@ -136,9 +136,10 @@ private:
     }
 
     void Check() {
+        const QString path = PathFrom(text());
         if (_is_refused)
             Warn(texts::Text(texts::kNoPath));
-        else if (!text().isEmpty() && !IsPicture(PathFrom(text())))
+        else if (!path.isEmpty() && !IsPicture(path))
             Warn(texts::Text(texts::kNoPicture));
         else
             Warn(QString());
