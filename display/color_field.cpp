@@ -14,10 +14,8 @@
 #include "toolkit/KSLook.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QDrag>
 #include <QDropEvent>
-#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
@@ -62,10 +60,6 @@ public:
         _dialog->setCurrentColor(start);
     }
 
-    void Copy() const { QApplication::clipboard()->setMimeData(NewColorData(_color)); }
-    // Returns whether the clipboard has a colour.
-    bool Paste() { return Take(*QApplication::clipboard()->mimeData()); }
-
     QSize sizeHint() const override { return look::SampleSize(*this); }
 
 protected:
@@ -89,15 +83,6 @@ protected:
             PopUpButton::mouseMoveEvent(event);
     }
 
-    void keyPressEvent(QKeyEvent* event) override {
-        if (event->matches(QKeySequence::Copy))
-            Copy();
-        else if (event->matches(QKeySequence::Paste))
-            Paste();
-        else
-            PopUpButton::keyPressEvent(event);
-    }
-
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (event->source() == this || !ColorIn(*event->mimeData()))
             return;
@@ -109,18 +94,13 @@ protected:
 
     void dropEvent(QDropEvent* event) override {
         ShowTarget(false);
-        if (Take(*event->mimeData()))
+        if (const std::optional<QColor> color = ColorIn(*event->mimeData())) {
             event->acceptProposedAction();
+            _edited(*color);
+        }
     }
 
 private:
-    bool Take(const QMimeData& mime) {
-        const std::optional<QColor> color = ColorIn(mime);
-        if (color)
-            _edited(*color);
-        return color.has_value();
-    }
-
     // Lights up while a colour is held over the field.
     void ShowTarget(bool is_target) {
         _is_target = is_target;
@@ -150,7 +130,7 @@ private:
             draw::Sample(painter, QRect(QPoint(), look::SampleSize(*this)), _color);
         }
         auto* drag = new QDrag(this);
-        drag->setMimeData(NewColorData(_color));
+        drag->setMimeData(ColorData(_color).release());
         drag->setPixmap(sample);
         drag->exec(Qt::CopyAction);
     }
@@ -184,6 +164,14 @@ public:
     }
 
     QWidget* Editor() const override { return _button; }
+
+    std::unique_ptr<QMimeData> Copied() const override { return ColorData(_color); }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const std::optional<QColor> color = ColorIn(data);
+        if (!color)
+            return nullptr;
+        return [=, this] { _control.EditColor(FromColor(*color)); };
+    }
 
     void ChooseFrom(const QColor& start) override { _button->ChooseFrom(start); }
 

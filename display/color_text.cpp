@@ -45,8 +45,8 @@ std::optional<QColor> ReadColor(const QString& text) {
     return named.isValid() ? std::optional(named) : std::nullopt;
 }
 
-QMimeData* NewColorData(const QColor& color) {
-    auto* data = new QMimeData;
+std::unique_ptr<QMimeData> ColorData(const QColor& color) {
+    auto data = std::make_unique<QMimeData>();
     data->setColorData(color);
     data->setText(ColorText(color));
     return data;

@@ -5,6 +5,7 @@
 #include <QColor>
 #include <QString>
 
+#include <memory>
 #include <optional>
 
 class QMimeData;
@@ -16,7 +17,7 @@ QString ColorText(const QColor& color);
 // colour's name. Blanks around it do not matter.
 std::optional<QColor> ReadColor(const QString& text);
 
-// Returns new data that hold a colour both as such and as text.
-QMimeData* NewColorData(const QColor& color);
+// Returns data that hold a colour both as such and as text.
+std::unique_ptr<QMimeData> ColorData(const QColor& color);
 // Returns the colour that is dragged or pasted, in either form.
 std::optional<QColor> ColorIn(const QMimeData& data);

@@ -2,6 +2,7 @@
 // A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/marks.h"
 #include "display/path_text.h"
 #include "display/picture_dialog.h"
 #include "display/picture_file.h"
@@ -157,7 +158,7 @@ private:
         if (_warning)
             _warning->setText(warning);
         setToolTip(warning);
-        setAccessibleDescription(warning);
+        marks::Describe(*this, warning);
         update();  // the text moves aside
     }
 
