@@ -22,6 +22,7 @@ class ColorLine : public QLineEdit {
 public:
     ColorLine(std::function<void(const QColor&)> typed, QWidget* parent)
         : QLineEdit(parent), _typed(std::move(typed)) {
+        setObjectName(QStringLiteral("color"));
         connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
             if (const std::optional<QColor> color = ReadColor(text))
                 _typed(*color);
