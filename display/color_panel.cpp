@@ -12,30 +12,31 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QToolTip>
 
 #include <algorithm>
 #include <utility>
 
-// Shows a colour as text and takes what is typed for it as soon as that is one.
+// Shows a colour as text and takes what is typed for it while that is one.
 class ColorLine : public QLineEdit {
 public:
     ColorLine(std::function<void(const QColor&)> typed, QWidget* parent)
         : QLineEdit(parent), _typed(std::move(typed)) {
         setObjectName(QStringLiteral("color"));
         connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-            if (const std::optional<QColor> color = ReadColor(text))
-                _typed(*color);
+            const QScopedValueRollback typing(_is_typing, true);
+            _typed(ReadColor(text).value_or(_before));
         });
         connect(this, &QLineEdit::editingFinished, this, [this] { Finish(); });
         LetEnterTakeTypedText(this, this);
     }
 
-    // Leaves a text alone that already means the colour: it may be being typed.
+    // Leaves the text that is being typed alone.
     void SetColor(const QColor& color) {
         _color = color;
-        if (const auto shown = ReadColor(text()); !shown || shown->rgba() != color.rgba())
-            setText(ColorText(color));
+        if (!_is_typing)
+            Show();
     }
 
 private:
@@ -43,21 +44,29 @@ private:
     void Finish() {
         if (!ReadColor(text()))
             QToolTip::showText(mapToGlobal(rect().bottomLeft()), texts::Text(texts::kNoColor), this);
+        Show();
+    }
+
+    void Show() {
+        _before = _color;
         setText(ColorText(_color));
     }
 
     std::function<void(const QColor&)> _typed;
     QColor _color;
+    QColor _before;  // the typing
+    bool _is_typing = false;
 };
 
 ColorPanel::ColorPanel(const QColor& start, QWidget* parent)
-    : QColorDialog(start, parent),
+    : QColorDialog(parent),
       _line(new ColorLine([this](const QColor& color) { setCurrentColor(color); }, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
     ReplaceColorName();
-    _line->SetColor(start);
     connect(this, &QColorDialog::currentColorChanged, _line, &ColorLine::SetColor);
+    setCurrentColor(start);  // only now does the dialog know of alpha
+    _line->SetColor(start);
     for (auto* spin : findChildren<QAbstractSpinBox*>())
         LetEnterTakeTypedText(spin->findChild<QLineEdit*>(), spin);
     OfferScreen();

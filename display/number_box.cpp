@@ -68,7 +68,7 @@ NumberBox::NumberBox(QWidget* parent) : QDoubleSpinBox(parent) {
 
 QValidator::State NumberBox::validate(QString& text, int& position) const {
     QString kept = text;
-    while (!kept.isEmpty() && !IsOfNumber(kept.back()))
+    while (!kept.isEmpty() && (IsFiller(kept.back()) || !IsOfNumber(kept.back())))
         kept.chop(1);
     if (!std::ranges::all_of(kept, IsOfNumber) || kept.isEmpty() != text.isEmpty())
         return QValidator::Invalid;
