@@ -56,7 +56,7 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
             editors.clear();
             Collect(QAccessible::queryAccessibleInterface(program.Top()), editors);
             return editors[{"Mouse hold time", QAccessible::SpinBox}] == "30000" &&
-                   editors[{"Default color and Text", QAccessible::ColorChooser}] == "#04010203";
+                   editors[{"Default color and Text", QAccessible::ColorChooser}] == "#01020304";
         }));
         const auto expect = [&](const std::string& name, QAccessible::Role role, const std::string& value) {
             ASSERT_TRUE(editors.contains({name, role})) << name << " " << role;
@@ -67,7 +67,7 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
             const std::string name = LocalString(pen_labels[pen]);
             const ks_color color = _colors[pen]->Color();
             char value[10];
-            std::snprintf(value, sizeof value, color.alpha < 255 ? "#04%02x%02x%02x" : "#%02x%02x%02x",
+            std::snprintf(value, sizeof value, color.alpha < 255 ? "#%02x%02x%02x04" : "#%02x%02x%02x",
                           color.red, color.green, color.blue);
             expect(name, QAccessible::ColorChooser, value);
             if (pen < kBackgroundCount)
