@@ -60,6 +60,7 @@ private:
 
 ColorPanel::ColorPanel(const QColor& start, QWidget* parent)
     : QColorDialog(parent),
+      _alpha(start.alpha()),
       _line(new ColorLine([this](const QColor& color) { setCurrentColor(color); }, this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
@@ -67,6 +68,8 @@ ColorPanel::ColorPanel(const QColor& start, QWidget* parent)
     connect(this, &QColorDialog::currentColorChanged, _line, &ColorLine::SetColor);
     setCurrentColor(start);  // only now does the dialog know of alpha
     _line->SetColor(start);
+    connect(this, &QColorDialog::currentColorChanged, this,
+            [this](const QColor& color) { KeepAlpha(color); });
     for (auto* spin : findChildren<QAbstractSpinBox*>())
         LetEnterTakeTypedText(spin->findChild<QLineEdit*>(), spin);
     OfferScreen();
@@ -86,6 +89,19 @@ void ColorPanel::ReplaceColorName() {
     }
 }
 
+void ColorPanel::KeepAlpha(const QColor& color) {
+    const bool is_picking = mouseGrabber() == this;
+    if (is_picking && color.alpha() != _alpha)
+        Take(color);
+    else
+        _alpha = color.alpha();
+}
+
+void ColorPanel::Take(QColor color) {
+    color.setAlpha(_alpha);
+    setCurrentColor(color);
+}
+
 void ColorPanel::OfferScreen() {
     const QString text = QColorDialog::tr("&Pick Screen Color");
     for (const auto* button : findChildren<QPushButton*>())
@@ -98,12 +114,7 @@ void ColorPanel::OfferScreen() {
     button->setAutoDefault(false);
     button->hide();
     grid->addWidget(button, grid->rowCount(), 1, 1, -1);
-    auto* screen = new ScreenColor([button] { button->show(); },
-                                   [this](ks_color picked) {
-                                       QColor color(picked.red, picked.green, picked.blue);
-                                       color.setAlpha(currentColor().alpha());
-                                       setCurrentColor(color);
-                                   },
-                                   this);
+    const auto take = [this](ks_color picked) { Take(QColor(picked.red, picked.green, picked.blue)); };
+    auto* screen = new ScreenColor([button] { button->show(); }, take, this);
     connect(button, &QPushButton::clicked, screen, &ScreenColor::Pick);
 }

@@ -14,6 +14,11 @@ public:
 private:
     void ReplaceColorName();
     void OfferScreen();
+    // Qt's way to pick from the screen makes the colour opaque: this keeps the alpha while it is under way.
+    void KeepAlpha(const QColor& color);
+    // Takes a colour of the screen, which has no alpha.
+    void Take(QColor color);
 
+    int _alpha;
     ColorLine* _line;
 };
