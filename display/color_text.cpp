@@ -4,6 +4,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <cctype>
 
 namespace {
 

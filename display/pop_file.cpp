@@ -34,8 +34,8 @@ namespace {
 
 constexpr int kCheckDelay = 150;  // milliseconds after the last key, before the file is looked at
 
-// Returns the path of the one local file, or the whole path as text, that is dragged or pasted; or an empty
-// one.
+// Returns the path of the one local file that is dropped, or the path that is dropped as text. Returns an
+// empty one for everything else.
 QString FileIn(const QMimeData& data) {
     if (const QList<QUrl> urls = data.urls(); !urls.isEmpty())
         return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
