@@ -11,10 +11,25 @@
 #include <QContextMenuEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QWidget>
 
 #include <utility>
+
+namespace {
+
+// Empties the line's own undo: what was typed before is in the window's history.
+void ForgetTyped(QLineEdit& line) {
+    const int cursor = line.cursorPosition(), start = line.selectionStart(), length = line.selectionLength();
+    line.setText(line.text());
+    if (length > 0)
+        line.setSelection(start, length);
+    else
+        line.setCursorPosition(cursor);
+}
+
+}  // namespace
 
 EditorWatch::EditorWatch(ControlMirror& mirror) : QObject(mirror.Editor()), _mirror(mirror) {
     mirror.Editor()->installEventFilter(this);
@@ -57,10 +72,13 @@ bool EditorWatch::TakesKey(const QKeyEvent& event) {
 void EditorWatch::FollowTyping(const QKeyEvent& event) {
     const int key = event.key();
     if (key == Qt::Key_Backspace || key == Qt::Key_Delete ||
-        (!event.text().isEmpty() && event.text().front().isPrint()))
+        (!event.text().isEmpty() && event.text().front().isPrint())) {
+        if (_mirror.Line() && !_mirror.Window().IsTyping(_mirror))
+            ForgetTyped(*_mirror.Line());
         SetTyping(true);
-    else if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Up || key == Qt::Key_Down ||
-             key == Qt::Key_PageUp || key == Qt::Key_PageDown || event.matches(QKeySequence::Paste))
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Up || key == Qt::Key_Down ||
+        key == Qt::Key_PageUp || key == Qt::Key_PageDown || event.matches(QKeySequence::Paste))
         SetTyping(false);
 }
 

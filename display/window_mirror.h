@@ -46,6 +46,7 @@ public:
     static bool IsHistoryKey(const QKeyEvent& event);
     // In `mirror` the user has begun to type; null when he has finished.
     void SetTyping(const ControlMirror* mirror);
+    bool IsTyping(const ControlMirror& mirror) const { return _typing == &mirror; }
     // Sets the button that Enter presses, wherever the keyboard's focus is.
     void SetDefaultButton(QPushButton* button);
 

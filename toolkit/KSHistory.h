@@ -60,7 +60,6 @@ public:
     void Add(KSControl& control, std::any before, bool in_run);
     // The user has begun to type in `control`; null when he has finished.
     void SetTyping(const KSControl* control);
-    bool IsTyping(const KSControl* control) const { return _typing == control; }
 
     // Takes the place of the steady clock.
     void SetClock(std::function<time_point()> now) { _now = std::move(now); }

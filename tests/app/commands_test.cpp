@@ -3,6 +3,7 @@
 #include "tests/app/running_program.h"
 #include "tests/settings/editors.h"
 #include "toolkit/KSButton.h"
+#include "toolkit/KSHistory.h"
 #include "toolkit/default_fonts.h"
 
 namespace {
@@ -101,6 +102,31 @@ TEST_F(Commands, ResetColorsTakesThePaletteOfTheCheckBoxAndStoresEverything) {
             EXPECT_EQ(File(), reference::write(wanted));
         }
         EXPECT_EQ(program.Count(NCApplication::kSettingsChanged), 2);
+        program.Quit();
+    });
+}
+
+TEST_F(Commands, ResetColorsIsUndoneAsAnEdit) {
+    RunningProgram::Run([&](RunningProgram& program) {
+        program.WaitUntilIdle();
+        KSHistory& history = *KSHistory::Of(program.Window());
+        EXPECT_FALSE(history.CanUndo());  // what the start brings is no step
+        reference::settings before = Defaults(), reset = Defaults();
+        before.pens[9] = {1, 2, 3, 4};
+        config::_colors[9]->EditColor({1, 2, 3, 4});
+        reference::reset_colors(reset, true);
+        program.Do(NCApplication::kResetColors);
+        EXPECT_FALSE(program.Root()->HasEdits());
+        for (const bool reverts_first : {false, true}) {
+            if (reverts_first) {
+                program.Do(NCApplication::kRevert);
+                EXPECT_EQ(editor_values(), reset);
+            }
+            history.Undo();
+            EXPECT_EQ(editor_values(), before);
+            EXPECT_TRUE(program.Categories()->IsItemMarked(0));
+            EXPECT_EQ(File(), reference::write(reset));
+        }
         program.Quit();
     });
 }
