@@ -82,6 +82,13 @@ inline constexpr text kCopy{62, "&Copy"};
 inline constexpr text kPaste{63, "&Paste"};
 inline constexpr text kRevertThis{64, "Re&vert this"};
 
+// What the editors say.
+inline constexpr text kNoPath{70, "This text cannot be kept as a path"};
+inline constexpr text kNoColor{71, "This text is not a color"};
+inline constexpr text kSearch{72, "Search"};
+inline constexpr text kFixedOnly{73, "Fixed &width only"};
+inline constexpr text kSampleText{74, "Sample text"};
+
 // Returns the text in the user's language, or in English where the catalog lacks it.
 QString Text(const text& row);
 

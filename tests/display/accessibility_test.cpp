@@ -63,7 +63,7 @@ TEST_F(Accessibility, FindsEachEditorByItsNameWithItsValue) {
         for (int pen = 0; pen < KS_PEN_NONE; ++pen) {
             const std::string name = LocalString(pen_labels[pen]);
             char value[10];
-            std::snprintf(value, sizeof value, pen ? "#040203%02x" : "#0203%02x", pen);
+            std::snprintf(value, sizeof value, pen ? "#0203%02x04" : "#0203%02x", pen);
             expect(name, QAccessible::ColorChooser, value);
             if (pen < kBackgroundCount)
                 expect(name + ": bitmap", QAccessible::EditableText, std::to_string(pen));

@@ -100,6 +100,7 @@ TEST_F(WornLook, ShowsEachPenAtItsPlaces) {
             program.OnScreen([&] { program.Named<QAbstractButton>("Normal")->click(); });
             auto* panel = program.OpenedDialog<QDialog>();
             program.OnScreen([&] {
+                program.Named<QLineEdit>("Search", panel)->setEnabled(false);
                 seen[kFontPanel] = ColorsOf(panel);
                 panel->reject();
             });
