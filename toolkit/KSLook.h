@@ -40,7 +40,7 @@ public:
     // Forgets all editors.
     void Untie();
     // Whether there is any editor.
-    bool IsEdited() const { return _look != nullptr; }
+    bool HasEditors() const { return _look != nullptr; }
     // Gives the editors the scheme's values, as the user's edits. Those that an editor refuses are left out.
     // The caller holds the editors' lock.
     void Edit(const ks_scheme& scheme);
