@@ -4,6 +4,7 @@
 #include "display/look.h"
 #include "display/shown_text.h"
 #include "display/surface.h"
+#include "display/texts.h"
 #include "display/window_mirror.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSListView.h"
@@ -125,6 +126,14 @@ public:
         _selection = static_cast<int>(_control.CurrentSelection());
     }
 
+    std::vector<menu_entry> WindowCommands() override {
+        if (!_control.TakesPageKeys())
+            return {};
+        return {{texts::Text(texts::kPreviousCategory), Qt::CTRL | Qt::Key_PageUp, [this] { Step(-1); }},
+                {texts::Text(texts::kNextCategory), Qt::CTRL | Qt::Key_PageDown, [this] { Step(1); }},
+                {}};
+    }
+
     void Apply() override {
         ControlMirror::Apply();
         ApplyRows();
@@ -162,6 +171,13 @@ private:
             if (item->sizeHint().height() != row.height)
                 item->setSizeHint(QSize(0, row.height));
         }
+    }
+
+    // Selects the item that lies `step` behind the selected one, round the ends.
+    void Step(long step) {
+        const KSAutolock lock(&_control);
+        if (const long count = _control.CountItems(); count > 0)
+            _control.EditSelection((std::max(_control.CurrentSelection(), 0L) + step + count) % count);
     }
 
     // As wide as the widest text and the scroll bar, and as high as a few rows.

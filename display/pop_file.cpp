@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
 #include "display/control_mirror.h"
+#include "display/dragged_file.h"
 #include "display/look.h"
 #include "display/picture_file.h"
 #include "display/texts.h"
@@ -19,12 +20,10 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPointer>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
-#include <QUrl>
 
 #include <functional>
 #include <optional>
@@ -33,12 +32,6 @@
 namespace {
 
 constexpr int kCheckDelay = 150;  // milliseconds after the last key, before the file is looked at
-
-// Returns the path of the one local file that is dragged, or an empty one.
-QString DraggedFile(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
-}
 
 // The line in which the path is typed. An icon, a tip and a description tell when it is no readable picture.
 class PathEdit : public QLineEdit {

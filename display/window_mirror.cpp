@@ -3,12 +3,14 @@
 // whole: its close box, its default button and the names of its editors.
 #include "display/window_mirror.h"
 
+#include "display/dragged_file.h"
 #include "display/draw.h"
 #include "display/mnemonics.h"
 #include "display/pen_style.h"
 #include "display/post_queue.h"
 #include "display/screen_fit.h"
 #include "display/wardrobe.h"
+#include "display/window_menu.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSLabel.h"
@@ -16,16 +18,19 @@
 
 #include <QAccessibleWidget>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDialog>
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
-#include <QShortcut>
 #include <QSignalBlocker>
 #include <QWidget>
 
+#include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -33,8 +38,12 @@ class WindowMirror::Top : public QWidget {
 public:
     Top(BWindow& window, Wardrobe& wardrobe) : _window(window), _wardrobe(wardrobe) {
         setAttribute(Qt::WA_OpaquePaintEvent);
+        setAcceptDrops(true);
         QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
     }
+
+    // Makes the menu and its keys, once all that the window has is there.
+    void SetMenu(std::unique_ptr<WindowMenu> menu) { _menu = std::move(menu); }
 
     void SetDefaultButton(QPushButton* button) {
         if (_default_button)
@@ -72,6 +81,19 @@ protected:
         return handled;
     }
 
+    void contextMenuEvent(QContextMenuEvent* event) override { _menu->Open(event->globalPos()); }
+
+    // A file that no editor takes is opened as a scheme.
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (_menu->OfSchemes().CanOpen() && !DraggedFile(*event->mimeData()).isEmpty())
+            event->acceptProposedAction();
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        event->acceptProposedAction();
+        _menu->OfSchemes().Open(DraggedFile(*event->mimeData()), *this);
+    }
+
     void closeEvent(QCloseEvent* event) override {
         BAutolock lock(&_window);
         event->setAccepted(!lock || _window.QuitRequested());
@@ -90,6 +112,7 @@ private:
 
     BWindow& _window;
     Wardrobe& _wardrobe;
+    std::unique_ptr<WindowMenu> _menu;
     bool _is_painted = false;
     QPointer<QPushButton> _default_button;
     QPoint _start;  // of the frame
@@ -118,7 +141,6 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetNoConstraint);
     layout->setSpacing(0);
-    new QShortcut(Qt::Key_F8, _top.get(), [&wardrobe] { wardrobe.WearPlain(!wardrobe.IsPlain()); });
     {
         BAutolock lock(&window);
         if (!lock)
@@ -138,6 +160,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
         mirror->Apply();
     }
     _top->setWindowTitle(QString::fromUtf8(window.Title()));
+    _top->SetMenu(std::make_unique<WindowMenu>(*this, *_top));
     ShowLabels();
     // What was measured before the texts were there is measured again, children before their parents.
     const QList<QWidget*> widgets = _top->findChildren<QWidget*>();
@@ -173,6 +196,13 @@ ControlMirror* WindowMirror::Find(const KSControl* control) const {
 void WindowMirror::Commit() {
     for (const auto& mirror : _mirrors)
         mirror->Commit();
+}
+
+std::vector<menu_entry> WindowMirror::Commands() const {
+    std::vector<menu_entry> commands;
+    for (const auto& mirror : _mirrors)
+        std::ranges::move(mirror->WindowCommands(), std::back_inserter(commands));
+    return commands;
 }
 
 // Once what the dialog's closing does to the controls is done.
