@@ -49,7 +49,6 @@ function(nymbrel_data source place)
     file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/${data}/${above}")
     file(CREATE_LINK "${PROJECT_SOURCE_DIR}/${source}" "${PROJECT_BINARY_DIR}/${data}/${place}" SYMBOLIC)
     install(DIRECTORY "${PROJECT_SOURCE_DIR}/${source}" DESTINATION "${data}/${above}")
-
 endfunction()
 
 # nymbrel_level(<AVX2|AVX512> <file>...)
