@@ -88,8 +88,9 @@ std::vector<menu_entry> Schemes::Commands() {
                               Open(QString::fromStdString(ks_installed_data(scheme.file)), _top);
                           }});
     return {{.text = texts::Text(texts::kSchemes), .entries = std::move(offers)},
-            {texts::Text(texts::kOpenScheme), Qt::CTRL | Qt::Key_O, [this] { AskForOne(); }},
-            {texts::Text(texts::kSaveScheme), Qt::CTRL | Qt::SHIFT | Qt::Key_S, [this] { AskWhereToSave(); }},
+            {texts::Text(texts::kOpenScheme) + u'…', Qt::CTRL | Qt::Key_O, [this] { AskForOne(); }},
+            {texts::Text(texts::kSaveScheme) + u'…', Qt::CTRL | Qt::SHIFT | Qt::Key_S,
+             [this] { AskWhereToSave(); }},
             {}};
 }
 
