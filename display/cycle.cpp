@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // A cycle is a combo box. The wheel turns it only while it has the focus, so that scrolling changes nothing.
 #include "display/control_mirror.h"
+#include "display/marks.h"
 #include "toolkit/KSCycle.h"
 
 #include <QAbstractItemView>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QMimeData>
 #include <QStringList>
 #include <QWheelEvent>
 
@@ -35,8 +37,9 @@ public:
         case QAccessible::Name:
             return _combo->accessibleName();
         case QAccessible::Value:
-        case QAccessible::Description:  // of the two, the accessibility bus carries only this one
             return _combo->currentText();
+        case QAccessible::Description:  // of the two, the accessibility bus carries only this one
+            return _combo->accessibleDescription();
         default:
             return QAccessibleWidget::text(kind);
         }
@@ -96,6 +99,13 @@ public:
             _combo->addItems(_labels);
         }
         _combo->setCurrentIndex(_selection);
+        marks::Describe(*_combo, _combo->currentText());
+    }
+
+    QString CopiedText() const override { return _combo->currentText(); }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const int index = _combo->findText(data.text().trimmed());
+        return index < 0 ? nullptr : std::function<void()>([=, this] { _combo->setCurrentIndex(index); });
     }
 
     QWidget* Editor() const override { return _combo; }

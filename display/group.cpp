@@ -3,12 +3,14 @@
 #include "display/control_mirror.h"
 #include "display/draw.h"
 #include "display/look.h"
+#include "display/marks.h"
 #include "display/page_area.h"
 #include "display/pen_style.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSTitleGroup.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPainter>
@@ -38,7 +40,7 @@ KSPoint<long> WeightOf(const KSControl& control) {
 
 class Frame : public QGroupBox {
 public:
-    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) {}
+    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) { marks::MakeGround(*this); }
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -47,6 +49,14 @@ protected:
         QPainter painter(this);
         painter.setFont(worn.Font(KS_FONT_TITLE));
         draw::Group(painter, worn, rect(), _level, title(), title_height);
+        marks::Paint(painter, worn, *this, _level);
+    }
+
+    // What is drawn beside the editors follows them.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            update();
+        return QGroupBox::event(event);
     }
 
 private:

@@ -3,6 +3,7 @@
 #include "display/control_mirror.h"
 #include "display/dragged_file.h"
 #include "display/look.h"
+#include "display/marks.h"
 #include "display/picture_file.h"
 #include "display/texts.h"
 #include "display/wardrobe.h"
@@ -126,7 +127,7 @@ private:
             delete std::exchange(_warning, nullptr);
         }
         setToolTip(unreadable ? texts::Text(texts::kNoPicture) : QString());
-        setAccessibleDescription(toolTip());
+        marks::Describe(*this, toolTip());
         update();  // the text moves aside
     }
 

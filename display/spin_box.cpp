@@ -2,6 +2,9 @@
 // A spin box: arrows and wheel step once, Page Up and Page Down ten times. A number typed outside the bounds
 // becomes the nearer bound.
 #include "display/control_mirror.h"
+#include "display/marks.h"
+#include "display/texts.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/KSSpinBox.h"
 
 #include <QDoubleSpinBox>
@@ -51,6 +54,8 @@ public:
     SpinBoxMirror(KSSpinBox& control, WindowMirror& window, QWidget* parent)
         : ControlMirror(control, window), _control(control), _spin(new Spin(parent)) {
         SetWidget(_spin);
+        if (ks_current_look->IsTime(&control))
+            marks::Describe(*_spin, texts::Text(texts::kMicroseconds));
         QObject::connect(_spin, &QDoubleSpinBox::valueChanged, _spin,
                          [this](double value) { _control.EditValue(static_cast<float>(value)); });
     }

@@ -76,6 +76,14 @@ inline constexpr text kPenSelected{51, "Selected menuitems"};
 inline constexpr text kVision{52, "Colour vision"};
 inline constexpr text kPairs{53, "Pairs of colours"};
 inline constexpr text kBitmap{54, "bitmap"};
+inline constexpr text kChanged{65, "changed"};
+
+// Menus.
+inline constexpr text kUndo{60, "&Undo"};
+inline constexpr text kRedo{61, "&Redo"};
+inline constexpr text kCopy{62, "&Copy"};
+inline constexpr text kPaste{63, "&Paste"};
+inline constexpr text kRevertThis{64, "Re&vert this"};
 
 // Schemes. %1 stands for the name of a file.
 inline constexpr text kSchemes{90, "Schemes"};

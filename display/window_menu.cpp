@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QWidget>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -21,7 +22,10 @@ WindowMenu::WindowMenu(WindowMirror& window, QWidget& top)
 }
 
 void WindowMenu::Open(QPoint where) {
-    OpenMenu(_top, where, Commands());
+    std::vector<menu_entry> entries = _window.HistoryEntries();
+    entries.emplace_back();
+    std::ranges::move(Commands(), std::back_inserter(entries));
+    OpenMenu(_top, where, entries);
 }
 
 std::vector<menu_entry> WindowMenu::Commands() {

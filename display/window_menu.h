@@ -13,6 +13,7 @@ public:
     Schemes& OfSchemes() { return _schemes; }
 
 private:
+    // All but undo and redo, whose keys the window has.
     std::vector<menu_entry> Commands();
 
     WindowMirror& _window;

@@ -5,6 +5,7 @@
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSHistory.h"
 
+#include <algorithm>
 #include <utility>
 
 KSControl::KSControl(const char* name, unsigned) : KSFrame(name) {}
@@ -28,6 +29,11 @@ void KSControl::SettleUnderEdit(const std::function<void()>& settle) {
 
 bool KSControl::IsEdited() const {
     return false;
+}
+
+bool KSControl::HasEdits() const {
+    const KSAutolock lock(this);
+    return IsEdited() || std::ranges::any_of(Children(), [](const auto& child) { return child->HasEdits(); });
 }
 
 bool KSControl::IsEditor() const {

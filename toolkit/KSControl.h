@@ -44,6 +44,8 @@ public:
     virtual void SettleUnderEdit(const std::function<void()>& settle);
     // Whether the control's own value is not its settled one: the user has changed it.
     virtual bool IsEdited() const;
+    // Whether this is so for the control or one below it.
+    bool HasEdits() const;
     // Whether the control has a value that the user edits and Revert puts back.
     virtual bool IsEditor() const;
 

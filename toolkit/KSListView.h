@@ -63,6 +63,10 @@ public:
     // shows the list, else by whoever changed it.
     virtual void SelectionChanged();
 
+    // Whether the item at `index` stands for values of which the user has changed one; it is shown with a
+    // dot. Called on the display's thread under the lock. In the base none is.
+    virtual bool IsItemMarked(long /*index*/) const { return false; }
+
     void SetListMode(long) {}  // always 0: at most one item is selected
     // These two do nothing: a list has neither here.
     void HideColumnBar(bool, bool) {}

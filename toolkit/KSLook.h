@@ -50,6 +50,9 @@ public:
     std::optional<ks_pen> LevelOf(const KSPopFile* editor) const;
     std::optional<ks_font> FontOf(const KSPopFont* editor) const;
 
+    // Whether the editor is tied to one of the two times, which are in microseconds.
+    bool IsTime(const KSSpinBox* editor) const { return editor == _bubble_wait || editor == _mouse_hold; }
+
     // Returns what is worn at this moment. To have the values of one moment, hold the editors' lock.
     ks_look Copy() const;
 

@@ -56,7 +56,8 @@ const catalog kCatalogs[] = {
       {26, 27},
       {30, 31, 32},
       {33, 34, 35, 36, 37},
-      {38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51}}},
+      {38, 39, 40, 41, 42, 43, 44, 45, 46, 47, 48, 49, 50, 51},
+      {60, 61, 62, 63, 64}}},
 };
 
 // How often a text has what a program puts something in the place of.
