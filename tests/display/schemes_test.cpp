@@ -5,7 +5,6 @@
 #include "toolkit/scheme.h"
 
 #include <QFileDialog>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
@@ -48,6 +47,7 @@ TEST_F(Schemes, AreOneEditThatIsNotStored) {
                 EXPECT_EQ(box->text(), QString::fromUtf8(sentence));
                 box->close();
             });
+            program.WaitUntilDialogIsClosed();
         };
         const auto drop = [&](const char* name) {
             program.OnScreen([&] {
@@ -62,7 +62,10 @@ TEST_F(Schemes, AreOneEditThatIsNotStored) {
         drop("damaged");
         expect_sentence("Some lines of damaged cannot be used. The others are in use.");
         EXPECT_TRUE(is_worn(true) && _colors[0]->IsEdited());
-        program.OnScreen([&] { QTest::keyClick(program.Top(), Qt::Key_Z, Qt::ControlModifier); });
+        program.OnScreen([&] {
+            program.Top()->activateWindow();
+            QTest::keyClick(program.Top(), Qt::Key_Z, Qt::ControlModifier);
+        });
         EXPECT_TRUE(is_worn(false));
 
         const auto save_as = [&](Qt::Key answer) {
@@ -91,7 +94,10 @@ TEST_F(Schemes, AreOneEditThatIsNotStored) {
 TEST_F(Schemes, AndTheOtherCommandsOfTheWindowHaveKeys) {
     ShownProgram::Run([](ShownProgram& program) {
         const auto press = [&](Qt::Key key) {
-            program.OnScreen([&] { QTest::keyClick(program.Top(), key, Qt::ControlModifier); });
+            program.OnScreen([&] {
+                program.Top()->activateWindow();
+                QTest::keyClick(program.Top(), key, Qt::ControlModifier);
+            });
         };
         const std::pair<Qt::Key, KSControl*> steps[] = {
             {Qt::Key_PageDown, ch_background}, {Qt::Key_PageUp, ch_pen}, {Qt::Key_PageUp, ch_dimen}};

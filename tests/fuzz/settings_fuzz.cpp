@@ -97,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(Lines(text) == PlainLines(text), "the lines are others than the C library's");
     const std::string stored = Stored(home, text);
     static const std::string defaults = StoredByScheme(home, "");
-    Require(ChangesNoMore(StoredByScheme(home, text), stored, defaults), "a scheme changes what it should not");
+    Require(ChangesNoMore(StoredByScheme(home, text), stored, defaults),
+            "a scheme changes what it should not");
     Require(stored.ends_with('\n') && Stored(home, stored) == stored, "what was stored comes back otherwise");
     return 0;
 }

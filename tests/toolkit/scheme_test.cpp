@@ -38,8 +38,12 @@ TEST(Scheme, TakesWhatCanBeUsedAndCountsTheRest) {
         std::size_t values, faults;
     };
     for (const auto& [text, values, faults] :
-         {row{"", 0, 0}, {"\n \r\n", 0, 0}, {"LOOK = Nymbrel\r\n", 1, 0}, {"LOOK = Other\nLOOK\n", 0, 2},
-          {"BEOS = 0\nLANGUAGE = deutsch\nMOUSEHOLDTIME = 1\n", 0, 0}, {"KS_PEN_TEXT=1,2,3,4\nnot me\n", 1, 1},
+         {row{"", 0, 0},
+          {"\n \r\n", 0, 0},
+          {"LOOK = Nymbrel\r\n", 1, 0},
+          {"LOOK = Other\nLOOK\n", 0, 2},
+          {"BEOS = 0\nLANGUAGE = deutsch\nMOUSEHOLDTIME = 1\n", 0, 0},
+          {"KS_PEN_TEXT=1,2,3,4\nnot me\n", 1, 1},
           {"KS_PEN_BG_LOW_BMP = /missing\nKS_PEN_NONE = 1,2,3,4\nKS_FONT_TITLE = Sans,Bold", 0, 3}}) {
         home.Write("x.scheme", text);
         const std::optional<ks_scheme_file> file = ks_read_scheme(home / "x.scheme");
