@@ -14,7 +14,15 @@ using namespace config;
 
 namespace {
 
-class Schemes : public Shown {};
+class Schemes : public Shown {
+protected:
+    static void Press(ShownProgram& program, Qt::Key key,
+                      Qt::KeyboardModifiers modifiers = Qt::ControlModifier) {
+        program.OnScreen([&] { program.Top()->activateWindow(); });
+        EXPECT_TRUE(program.Eventually([&] { return program.Top()->isActiveWindow(); }));
+        program.OnScreen([&] { QTest::keyClick(program.Top(), key, modifiers); });
+    }
+};
 
 TEST_F(Schemes, OfTheProgramCanBeRead) {
     const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
@@ -62,16 +70,13 @@ TEST_F(Schemes, AreOneEditThatIsNotStored) {
         drop("damaged");
         expect_sentence("Some lines of damaged cannot be used. The others are in use.");
         EXPECT_TRUE(is_worn(true) && _colors[0]->IsEdited());
-        program.OnScreen([&] {
-            program.Top()->activateWindow();
-            QTest::keyClick(program.Top(), Qt::Key_Z, Qt::ControlModifier);
-        });
+        Press(program, Qt::Key_Z);
         EXPECT_TRUE(is_worn(false));
 
         const auto save_as = [&](Qt::Key answer) {
+            Press(program, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+            auto* dialog = program.OpenedDialog<QFileDialog>();
             program.OnScreen([&] {
-                QTest::keyClick(program.Top(), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
-                auto* dialog = program.Top()->findChild<QFileDialog*>();
                 auto* line = dialog->findChild<QLineEdit*>();
                 line->setText(QString::fromStdString(home / "saved.scheme"));
                 QTest::keyClick(line, Qt::Key_Return);
@@ -93,23 +98,19 @@ TEST_F(Schemes, AreOneEditThatIsNotStored) {
 
 TEST_F(Schemes, AndTheOtherCommandsOfTheWindowHaveKeys) {
     ShownProgram::Run([](ShownProgram& program) {
-        const auto press = [&](Qt::Key key) {
-            program.OnScreen([&] {
-                program.Top()->activateWindow();
-                QTest::keyClick(program.Top(), key, Qt::ControlModifier);
-            });
-        };
         const std::pair<Qt::Key, KSControl*> steps[] = {
             {Qt::Key_PageDown, ch_background}, {Qt::Key_PageUp, ch_pen}, {Qt::Key_PageUp, ch_dimen}};
         for (const auto& [key, page] : steps) {
-            press(key);
+            Press(program, key);
             EXPECT_FALSE(page->IsHidden());
         }
         program.OnScreen([&] {
             for (const char* time : {"Bubblehelp wait time", "Mouse hold time"})
                 EXPECT_EQ(program.Named<QWidget>(time)->accessibleDescription(), u"microseconds");
-            QTest::keyClick(program.Top(), Qt::Key_F1);
-            auto* about = program.Top()->findChild<QMessageBox*>();
+        });
+        Press(program, Qt::Key_F1, Qt::NoModifier);
+        auto* about = program.OpenedDialog<QMessageBox>();
+        program.OnScreen([&] {
             EXPECT_TRUE(about->informativeText().contains(u"/.config/Nymbrel_settings"));
             about->close();
         });
@@ -122,12 +123,12 @@ TEST_F(Schemes, AndTheOtherCommandsOfTheWindowHaveKeys) {
         program.OnScreen([&] {
             auto* menu = program.Top()->findChild<QMenu*>();
             for (QAction* action : menu->findChildren<QAction*>())
-                if (action->text() == u"Paper" || action->text() == u"BeOS conform")
+                if (action->text() == u"BeOS conform")
                     action->trigger();
             menu->close();
         });
         EXPECT_TRUE(program.Eventually([] { return _colors[0]->Color() == ks_color(210, 210, 210); }));
-        press(Qt::Key_Q);
+        Press(program, Qt::Key_Q);
         EXPECT_TRUE(program.Eventually([&] { return !program.quits.Entries().empty(); }));
     });
 }
