@@ -17,7 +17,7 @@ namespace {
 // Properties of widgets.
 constexpr char kGround[] = "ground", kChanged[] = "changed", kDescription[] = "description";
 
-constexpr int kDot = 6;
+constexpr int kDot = 5;
 
 QWidget* GroundOf(const QWidget& editor) {
     QWidget* ground = editor.parentWidget();
@@ -49,13 +49,14 @@ void marks::MakeGround(QWidget& widget) {
 
 void marks::Paint(QPainter& painter, const Worn& worn, const QWidget& ground, ks_pen level) {
     for (const QWidget* widget : ground.findChildren<QWidget*>())
-        if (widget->property(kChanged).toBool() && widget->isVisibleTo(&ground) && GroundOf(*widget) == &ground)
+        if (widget->property(kChanged).toBool() && widget->isVisibleTo(&ground) &&
+            GroundOf(*widget) == &ground)
             PaintDot(painter, worn, RoomBeside(*widget, ground), level);
 }
 
 void marks::PaintDot(QPainter& painter, const Worn& worn, const QRect& room, ks_pen level) {
-    const QRect dot(room.left() + (room.width() - kDot) / 2, room.top() + (room.height() - kDot) / 2, kDot,
-                    kDot);
+    const QRect dot(room.left() + (room.width() - kDot + 1) / 2, room.top() + (room.height() - kDot) / 2,
+                    kDot, kDot);
     draw::Dot(painter, dot, worn.On(KS_PEN_MARK, worn.Ground(level)));
 }
 
