@@ -129,7 +129,7 @@ TEST_F(Schemes, AndTheOtherCommandsOfTheWindowHaveKeys) {
         });
         EXPECT_TRUE(program.Eventually([] { return _colors[0]->Color() == ks_color(210, 210, 210); }));
         Press(program, Qt::Key_Q);
-        EXPECT_TRUE(program.Eventually([&] { return !program.quits.Entries().empty(); }));
+        EXPECT_TRUE(program.quits.WaitUntil([](const auto& quits) { return !quits.empty(); }));
     });
 }
 
