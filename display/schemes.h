@@ -6,9 +6,7 @@
 
 #include "display/context_menu.h"
 
-#include <QPointer>
-
-class QFileDialog;
+class QWidget;
 class WindowMirror;
 struct ks_scheme;
 
@@ -27,7 +25,6 @@ public:
 private:
     class Dialog;
 
-    menu_entry Offer(const QString& name, std::function<void()> wear);
     void Wear(const ks_scheme& scheme);
     bool Save(const QString& path, QWidget& parent);
     void AskForOne();
