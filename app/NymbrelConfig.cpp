@@ -230,6 +230,7 @@ NCListView* BuildCategories() {
     list->SetName("NCListView");
     list->SetLabel(LocalString(kStringCategories), true);  // for assistive tools
     list->SetWeight({30, 100});
+    list->TakePageKeys(true);
     return list;
 }
 

@@ -40,6 +40,17 @@ function(nymbrel_folder name)
     target_link_libraries(${name} PUBLIC ${folder_USES} PRIVATE $<BUILD_INTERFACE:nymbrel_flags>)
 endfunction()
 
+# nymbrel_data(<path in the source tree> <place among the installed data>)
+#
+# Installs a folder, and links it where a program in the build finds it as an installed one does.
+function(nymbrel_data source place)
+    set(data "${CMAKE_INSTALL_DATADIR}/nymbrel-config")
+    cmake_path(GET place PARENT_PATH above)
+    file(MAKE_DIRECTORY "${PROJECT_BINARY_DIR}/${data}/${above}")
+    file(CREATE_LINK "${PROJECT_SOURCE_DIR}/${source}" "${PROJECT_BINARY_DIR}/${data}/${place}" SYMBOLIC)
+    install(DIRECTORY "${PROJECT_SOURCE_DIR}/${source}" DESTINATION "${data}/${above}")
+endfunction()
+
 # nymbrel_level(<AVX2|AVX512> <file>...)
 #
 # Compiles files of the calling folder for a newer processor than the rest. The linker must not take what they

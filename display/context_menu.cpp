@@ -5,19 +5,20 @@
 
 namespace {
 
-void Fill(QMenu& menu, const std::vector<menu_entry>& entries) {
+void Fill(QMenu& menu, QWidget& owner, const std::vector<menu_entry>& entries) {
     for (const menu_entry& entry : entries) {
         if (entry.text.isEmpty()) {
             menu.addSeparator();
         } else if (!entry.entries.empty()) {
-            Fill(*menu.addMenu(entry.text), entry.entries);
+            Fill(*menu.addMenu(entry.text), owner, entry.entries);
         } else {
             QAction* action = menu.addAction(entry.text);
             action->setShortcut(entry.key);
             action->setShortcutContext(Qt::WidgetShortcut);
             action->setShortcutVisibleInContextMenu(true);
             action->setEnabled(entry.is_enabled);
-            QObject::connect(action, &QAction::triggered, &menu, entry.action, Qt::QueuedConnection);
+            // The menu is gone by then.
+            QObject::connect(action, &QAction::triggered, &owner, entry.action, Qt::QueuedConnection);
         }
     }
 }
@@ -27,6 +28,6 @@ void Fill(QMenu& menu, const std::vector<menu_entry>& entries) {
 void OpenMenu(QWidget& owner, QPoint where, const std::vector<menu_entry>& entries) {
     auto* menu = new QMenu(&owner);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    Fill(*menu, entries);
+    Fill(*menu, owner, entries);
     menu->popup(where);
 }

@@ -6,6 +6,7 @@
 // control's operations named Edit. Everything here runs on the main thread.
 #pragma once
 
+#include "display/context_menu.h"
 #include "toolkit/KSControl.h"
 
 #include <QString>
@@ -55,6 +56,8 @@ public:
     // Shows the control's label, with a mnemonic at `position` unless that is negative. `editor` is the one
     // that a label names, or null.
     virtual void ShowLabel(int position, QWidget* editor);
+    // What the control adds to its window's menu and keys.
+    virtual std::vector<menu_entry> WindowCommands() { return {}; }
     // Whether the editor shows the label itself, with the mnemonic in it.
     virtual bool NamesItself() const { return false; }
 

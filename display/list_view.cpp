@@ -141,6 +141,14 @@ public:
         _selection = static_cast<int>(_control.CurrentSelection());
     }
 
+    std::vector<menu_entry> WindowCommands() override {
+        if (!_control.TakesPageKeys())
+            return {};
+        return {{texts::Text(texts::kPreviousCategory), Qt::CTRL | Qt::Key_PageUp, [this] { Step(-1); }},
+                {texts::Text(texts::kNextCategory), Qt::CTRL | Qt::Key_PageDown, [this] { Step(1); }},
+                {}};
+    }
+
     QString CopiedText() const override {
         const QListWidgetItem* item = _list->item(_selection);
         return item ? item->text() : QString();
@@ -193,6 +201,13 @@ private:
             if (item->data(Qt::AccessibleDescriptionRole).toString() != mark)
                 item->setData(Qt::AccessibleDescriptionRole, mark);
         }
+    }
+
+    // Selects the item that lies `step` behind the selected one, round the ends.
+    void Step(long step) {
+        const KSAutolock lock(&_control);
+        if (const long count = _control.CountItems(); count > 0)
+            _control.EditSelection((std::max(_control.CurrentSelection(), 0L) + step + count) % count);
     }
 
     // As wide as the widest text and the scroll bar, and as high as a few rows.

@@ -4,6 +4,7 @@
 #include "display/control_mirror.h"
 #include "display/picture_file.h"
 #include "toolkit/KSPicture.h"
+#include "toolkit/installed_data.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -26,7 +27,7 @@ QImage Find(const QString& name) {
     if (name.isEmpty())
         return {};
     const QDir program(QCoreApplication::applicationDirPath());
-    const QString candidates[] = {program.filePath(QStringLiteral("../" NYMBREL_DATA_DIRECTORY "/") + name),
+    const QString candidates[] = {QString::fromStdString(ks_installed_data(name.toStdString())),
                                   program.filePath(name), name};
     for (const QString& candidate : candidates)
         if (const QImage image = ReadPicture(candidate); !image.isNull())

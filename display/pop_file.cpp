@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
 #include "display/control_mirror.h"
+#include "display/dragged_file.h"
 #include "display/look.h"
 #include "display/marks.h"
 #include "display/path_text.h"
@@ -18,13 +19,11 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPointer>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
 #include <QToolTip>
-#include <QUrl>
 
 #include <functional>
 #include <optional>
@@ -37,8 +36,8 @@ constexpr int kCheckDelay = 150;  // milliseconds after the last key, before the
 // Returns the path of the one local file that is dropped, or the path that is dropped as text. Returns an
 // empty one for everything else.
 QString FileIn(const QMimeData& data) {
-    if (const QList<QUrl> urls = data.urls(); !urls.isEmpty())
-        return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+    if (data.hasUrls())
+        return DraggedFile(data);
     const QString path = PathFrom(data.text());
     return path.startsWith(u'/') ? path : QString();
 }

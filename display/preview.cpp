@@ -25,7 +25,6 @@
 #include <QLayout>
 #include <QPainter>
 #include <QScreen>
-#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -178,7 +177,11 @@ public:
         setVisible(false);
         parent->installEventFilter(this);
         connect(_handle, &QAbstractButton::clicked, this, [this] { Toggle(); });
-        new QShortcut(Qt::Key_F9, parent, [this] { Toggle(); });
+    }
+
+    menu_entry ToggleCommand() {
+        return {texts::Text(isHidden() ? texts::kShowPreview : texts::kHidePreview), Qt::Key_F9,
+                [this] { Toggle(); }};
     }
 
     QSize sizeHint() const override { return {kWidth, 0}; }
@@ -270,9 +273,14 @@ private:
 class LookPreviewMirror : public ControlMirror {
 public:
     LookPreviewMirror(KSLookPreview& control, WindowMirror& window, QWidget* parent)
-        : ControlMirror(control, window) {
-        SetWidget(new Drawer(window, parent));
+        : ControlMirror(control, window), _drawer(new Drawer(window, parent)) {
+        SetWidget(_drawer);
     }
+
+    std::vector<menu_entry> WindowCommands() override { return {_drawer->ToggleCommand()}; }
+
+private:
+    Drawer* _drawer;
 };
 
 }  // namespace

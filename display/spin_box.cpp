@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 // A spin box: arrows and wheel step once, Page Up and Page Down ten times.
 #include "display/control_mirror.h"
+#include "display/marks.h"
 #include "display/number_box.h"
+#include "display/texts.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/KSSpinBox.h"
 
 #include <cmath>
@@ -17,6 +20,8 @@ public:
     SpinBoxMirror(KSSpinBox& control, WindowMirror& window, QWidget* parent)
         : ControlMirror(control, window), _control(control), _spin(new NumberBox(parent)) {
         SetWidget(_spin);
+        if (ks_current_look->IsTime(&control))
+            marks::Describe(*_spin, texts::Text(texts::kMicroseconds));
         QObject::connect(_spin, &NumberBox::valueChanged, _spin,
                          [this](double value) { _control.EditValue(static_cast<float>(value)); });
     }

@@ -89,6 +89,40 @@ inline constexpr text kSearch{72, "Search"};
 inline constexpr text kFixedOnly{73, "Fixed &width only"};
 inline constexpr text kSampleText{74, "Sample text"};
 
+// Schemes. %1 stands for the name of a file.
+inline constexpr text kSchemes{90, "Schemes"};
+inline constexpr text kDefaultScheme{91, "Default"};
+inline constexpr text kBeOSScheme{92, "BeOS conform"};
+inline constexpr text kNight{93, "Night"};
+inline constexpr text kHighContrast{94, "High contrast"};
+inline constexpr text kPaper{95, "Paper"};
+inline constexpr text kOcean{96, "Ocean"};
+inline constexpr text kOpenScheme{97, "Open a scheme"};
+inline constexpr text kSaveScheme{98, "Save as a scheme"};
+inline constexpr text kNotRead{99, "%1 cannot be read. Nothing has changed."};
+inline constexpr text kNoScheme{100, "%1 is no scheme: no line of it can be used. Nothing has changed."};
+inline constexpr text kDamagedScheme{101, "Some lines of %1 cannot be used. The others are in use."};
+inline constexpr text kNotWritten{102, "%1 could not be written."};
+inline constexpr text kReplaceQuestion{103, "%1 exists already. Replace it?"};
+inline constexpr text kReplace{104, "Replace"};
+
+// The window's menu. %1 stands for the program's name.
+inline constexpr text kPreviousCategory{105, "Previous category"};
+inline constexpr text kNextCategory{106, "Next category"};
+inline constexpr text kPlainColors{107, "Show plain colors"};
+inline constexpr text kChosenColors{108, "Show the chosen colors"};
+inline constexpr text kAbout{109, "About %1"};
+inline constexpr text kClose{110, "Close the window"};
+inline constexpr text kQuit{111, "Quit"};
+
+// What a program tells about itself. %1 stands for a version, or for a path.
+inline constexpr text kVersion{112, "Version %1"};
+inline constexpr text kLicence{113, "Free software under the MIT licence"};
+inline constexpr text kSettingsLie{114, "Settings: %1"};
+
+// For assistive tools.
+inline constexpr text kMicroseconds{115, "microseconds"};
+
 // Returns the text in the user's language, or in English where the catalog lacks it.
 QString Text(const text& row);
 

@@ -3,6 +3,7 @@
 // whole: its close box, its default button and the names of its editors.
 #include "display/window_mirror.h"
 
+#include "display/dragged_file.h"
 #include "display/draw.h"
 #include "display/editor_watch.h"
 #include "display/marks.h"
@@ -12,6 +13,7 @@
 #include "display/screen_fit.h"
 #include "display/texts.h"
 #include "display/wardrobe.h"
+#include "display/window_menu.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
 #include "toolkit/KSHistory.h"
@@ -22,7 +24,9 @@
 #include <QAccessibleWidget>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QDialog>
+#include <QDropEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -34,6 +38,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <iterator>
 #include <set>
 #include <utility>
 
@@ -59,9 +64,13 @@ public:
     Top(WindowMirror& mirror, Wardrobe& wardrobe)
         : _mirror(mirror), _window(mirror.Window()), _wardrobe(wardrobe) {
         setAttribute(Qt::WA_OpaquePaintEvent);
+        setAcceptDrops(true);
         QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
         marks::MakeGround(*this);
     }
+
+    // Makes the menu and its keys, once all that the window has is there.
+    void SetMenu(std::unique_ptr<WindowMenu> menu) { _menu = std::move(menu); }
 
     void SetDefaultButton(QPushButton* button) {
         if (_default_button)
@@ -101,6 +110,19 @@ protected:
         return handled;
     }
 
+    void contextMenuEvent(QContextMenuEvent* event) override { _menu->Open(event->globalPos()); }
+
+    // A file that no editor takes is opened as a scheme.
+    void dragEnterEvent(QDragEnterEvent* event) override {
+        if (_menu->OfSchemes().CanOpen() && !DraggedFile(*event->mimeData()).isEmpty())
+            event->acceptProposedAction();
+    }
+
+    void dropEvent(QDropEvent* event) override {
+        event->acceptProposedAction();
+        _menu->OfSchemes().Open(DraggedFile(*event->mimeData()), *this);
+    }
+
     void closeEvent(QCloseEvent* event) override {
         BAutolock lock(&_window);
         event->setAccepted(!lock || _window.QuitRequested());
@@ -114,16 +136,13 @@ protected:
             QWidget::keyPressEvent(event);
     }
 
-    void contextMenuEvent(QContextMenuEvent* event) override {
-        OpenMenu(*this, event->globalPos(), _mirror.HistoryEntries());
-    }
-
 private:
     static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
 
     WindowMirror& _mirror;
     BWindow& _window;
     Wardrobe& _wardrobe;
+    std::unique_ptr<WindowMenu> _menu;
     bool _is_painted = false;
     QPointer<QPushButton> _default_button;
     QPoint _start;  // of the frame
@@ -156,7 +175,6 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     for (const QKeyCombination key : kRedoKeys)
         new QShortcut(key, _top.get(), [this] { Redo(); });
     new QShortcut(Qt::SHIFT | Qt::Key_F10, _top.get(), OpenMenuOfFocus);
-    new QShortcut(Qt::Key_F8, _top.get(), [&wardrobe] { wardrobe.WearPlain(!wardrobe.IsPlain()); });
     {
         BAutolock lock(&window);
         if (!lock)
@@ -179,6 +197,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
         if (mirror->Editor() && mirror->Control().IsEditor())
             new EditorWatch(*mirror);
     _top->setWindowTitle(QString::fromUtf8(window.Title()));
+    _top->SetMenu(std::make_unique<WindowMenu>(*this, *_top));
     ShowLabels();
     // What was measured before the texts were there is measured again, children before their parents.
     const QList<QWidget*> widgets = _top->findChildren<QWidget*>();
@@ -214,6 +233,13 @@ ControlMirror* WindowMirror::Find(const KSControl* control) const {
 void WindowMirror::Commit() {
     for (const auto& mirror : _mirrors)
         mirror->Commit();
+}
+
+std::vector<menu_entry> WindowMirror::Commands() const {
+    std::vector<menu_entry> commands;
+    for (const auto& mirror : _mirrors)
+        std::ranges::move(mirror->WindowCommands(), std::back_inserter(commands));
+    return commands;
 }
 
 // Once what the dialog's closing does to the controls is done.

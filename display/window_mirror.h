@@ -33,6 +33,8 @@ public:
     ControlMirror* Find(const KSControl* control) const;
     // Commits every mirror, before a command reads the controls.
     void Commit();
+    // What the controls add to the window's menu and keys.
+    std::vector<menu_entry> Commands() const;
     // The window's own lock, for hooks.
     BWindow& Window() const { return _window; }
     // What the process wears, for mirrors that try something on.

@@ -20,5 +20,5 @@ take() {
 
 take window app/NymbrelConfig
 take gallery examples/gallery
-cp "$root/docs/pictures/night.settings" "$XDG_CONFIG_HOME/Nymbrel_settings"
+cp "$root/schemes/night.scheme" "$XDG_CONFIG_HOME/Nymbrel_settings"
 take preview app/NymbrelConfig F9

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "settings/settings_file.h"
 
-#include "kits/storage.h"
 #include "settings/languages.h"
 #include "settings/model.h"
 #include "toolkit/KSCheckBox.h"
@@ -89,12 +88,6 @@ void ReadValue(const ks_setting& setting, const ks_settings_line& line) {
     }
 }
 
-// A bitmap has to be a file that can be opened.
-bool CanBeRead(const ks_setting& setting, const ks_settings_line& line) {
-    BFile file;
-    return setting.kind != ks_setting_kind::kBitmap || file.SetTo(line.Value().c_str(), B_READ_ONLY) == B_OK;
-}
-
 // The editor of the setting; null where there is none.
 KSControl* EditorOf(const ks_setting& setting) {
     switch (setting.kind) {
@@ -137,11 +130,8 @@ std::string FormatOptions() {
 }
 
 std::string FormatPen(std::int32_t pen) {
-    std::string text;
-    if (pen < kBackgroundCount)
-        if (const std::string path = _backgrounds[pen]->Path(); !path.empty())
-            text = ks_format_setting({ks_setting_kind::kBitmap, pen}, path);
-    return text + ks_format_setting({ks_setting_kind::kPen, pen}, ks_format_color(_colors[pen]->Color()));
+    return ks_format_pen(pen, _colors[pen]->Color(),
+                         pen < kBackgroundCount ? _backgrounds[pen]->Path() : std::string());
 }
 
 std::string FormatSettings() {
@@ -159,7 +149,7 @@ std::string FormatSettings() {
 void ReadSettings() {
     const bool was_read = ks_read_settings_lines([](const ks_settings_line& line) {
         if (const std::optional<ks_setting> setting = ks_find_setting(line);
-            setting && CanBeRead(*setting, line))
+            setting && ks_setting_can_be_read(*setting, line))
             ReadValue(*setting, line);
     });
     KSContainer* shown_in = _llist->Container();
@@ -177,7 +167,7 @@ void FollowSettings() {
             has_color.set(static_cast<std::size_t>(setting->id));
         if (setting->id < kBackgroundCount && setting->kind == ks_setting_kind::kBitmap)
             has_bitmap.set(static_cast<std::size_t>(setting->id));
-        if (KSControl* editor = EditorOf(*setting); editor && CanBeRead(*setting, line))
+        if (KSControl* editor = EditorOf(*setting); editor && ks_setting_can_be_read(*setting, line))
             editor->SettleUnderEdit([&] { ReadValue(*setting, line); });
     });
     for (std::size_t level = 0; level < kBackgroundCount; ++level)
@@ -187,7 +177,7 @@ void FollowSettings() {
 }
 
 bool WriteSettings() {
-    return ks_write_settings_file(FormatSettings());
+    return ks_write_settings_file(kSettingsPath, FormatSettings());
 }
 
 }  // namespace config

@@ -89,6 +89,10 @@ public:
     void CorrectSelection(long index);
     // Returns the selected item's index, or -1.
     long CurrentSelection() const;
+    // Has Ctrl+Page Up and Ctrl+Page Down select the item before and behind, wherever the keyboard's focus is.
+    // Set before the window is shown.
+    void TakePageKeys(bool takes) { _takes_page_keys = takes; }
+    bool TakesPageKeys() const { return _takes_page_keys; }
 
     // A list without a selection message edits nothing: its selection is not put back.
     bool Revert() override;
@@ -116,4 +120,5 @@ private:
     std::optional<BMessage> _selection_message;
     ks_edited_value<long> _selection;  // -1 for none, set by the constructor
     bool _hook_is_due = false;
+    bool _takes_page_keys = false;
 };

@@ -17,11 +17,6 @@ namespace {
 
 KSLook current;
 
-void TakeNumber(float& value, const std::string& text) {
-    if (const std::optional<long> number = ks_parse_number(text))
-        value = static_cast<float>(*number);
-}
-
 template <class Slot> std::optional<Slot> SlotOf(const auto& editors, const auto* editor) {
     const auto found = std::ranges::find(editors, editor);
     return found == editors.end() ? std::nullopt : std::optional(static_cast<Slot>(found - editors.begin()));
@@ -31,44 +26,19 @@ template <class Slot> std::optional<Slot> SlotOf(const auto& editors, const auto
 
 KSLook* const ks_current_look = &current;
 
-KSLook::file_values::file_values() {
-    look.pens = ks_palettes[kDefaultPalette];
-}
-
 void KSLook::file_values::Take(const ks_settings_line& line) {
     const std::optional<ks_setting> setting = ks_find_setting(line);
-    if (!setting)
+    if (!setting || scheme.Take(*setting, line))
         return;
-    const auto id = static_cast<std::size_t>(setting->id);
-    switch (setting->kind) {
-    case ks_setting_kind::kLook:
-        if (const std::string label = ks_parse_word(line.Value()); label == kLookLabels[0] || label == kLookLabels[1])
-            look.is_nymbrel = label == kLookLabels[1];
+    const std::optional<long> number = ks_parse_number(line.Value());
+    if (!number)
         return;
-    case ks_setting_kind::kBubblehelpUsed:
-        if (const std::optional<long> number = ks_parse_number(line.Value()))
-            look.bubble_help = *number != 0;
-        return;
-    case ks_setting_kind::kBubblehelpTime:
-        return TakeNumber(look.bubble_wait, line.Value());
-    case ks_setting_kind::kMouseHoldTime:
-        return TakeNumber(look.mouse_hold, line.Value());
-    case ks_setting_kind::kPen:
-        if (id < ks_look::kPens)
-            look.pens[id] = ks_parse_color(line.Value());
-        return;
-    case ks_setting_kind::kBitmap:
-        if (id < ks_look::kLevels)
-            look.bitmaps[id] = line.Value();
-        return;
-    case ks_setting_kind::kFont:
-        if (const std::optional<BFont> font = ks_parse_font(line.rest))
-            fonts[id] = font;
-        return;
-    case ks_setting_kind::kBeOSConform:
-    case ks_setting_kind::kLanguage:
-        return;
-    }
+    if (setting->kind == ks_setting_kind::kBubblehelpUsed)
+        timing.bubble_help = *number != 0;
+    else if (setting->kind == ks_setting_kind::kBubblehelpTime)
+        timing.bubble_wait = static_cast<float>(*number);
+    else if (setting->kind == ks_setting_kind::kMouseHoldTime)
+        timing.mouse_hold = static_cast<float>(*number);
 }
 
 void KSLook::Read() {
@@ -114,6 +84,20 @@ void KSLook::Untie() {
     _bubble_wait = _mouse_hold = nullptr;
 }
 
+void KSLook::Edit(const ks_scheme& scheme) {
+    for (std::size_t i = 0; i < scheme.pens.size(); ++i)
+        if (_pens[i] && scheme.pens[i])
+            _pens[i]->EditColor(*scheme.pens[i]);
+    for (std::size_t i = 0; i < scheme.bitmaps.size(); ++i)
+        if (_bitmaps[i] && scheme.bitmaps[i])
+            _bitmaps[i]->EditText(*scheme.bitmaps[i]);
+    for (std::size_t i = 0; i < scheme.fonts.size(); ++i)
+        if (_fonts[i] && scheme.fonts[i])
+            _fonts[i]->EditValue(*scheme.fonts[i]);
+    if (_look && scheme.is_nymbrel)
+        _look->EditSelection(*scheme.is_nymbrel);
+}
+
 std::optional<ks_pen> KSLook::PenOf(const KSColorField* editor) const {
     return SlotOf<ks_pen>(_pens, editor);
 }
@@ -132,19 +116,19 @@ ks_look KSLook::Copy() const {
         const std::scoped_lock lock(_mutex);
         file = _file;
     }
-    ks_look& look = file.look;
+    const ks_scheme& stored = file.scheme;
+    ks_look look = file.timing;
     for (std::size_t i = 0; i < look.pens.size(); ++i)
-        if (_pens[i])
-            look.pens[i] = _pens[i]->Color();
+        look.pens[i] =
+            _pens[i] ? _pens[i]->Color() : stored.pens[i].value_or(ks_palettes[kDefaultPalette][i]);
     for (std::size_t i = 0; i < look.bitmaps.size(); ++i)
-        if (_bitmaps[i])
-            look.bitmaps[i] = _bitmaps[i]->Path();
+        look.bitmaps[i] = _bitmaps[i] ? _bitmaps[i]->Path() : stored.bitmaps[i].value_or("");
+    // The toolkit's own fonts are looked up when somebody first asks for them.
     for (std::size_t i = 0; i < look.fonts.size(); ++i)
-        look.fonts[i] = _fonts[i]       ? _fonts[i]->Font()
-                        : file.fonts[i] ? *file.fonts[i]
-                                        : ks_default_font(static_cast<ks_font>(i));
-    if (_look)
-        look.is_nymbrel = _look->CurrentSelection() == 1;
+        look.fonts[i] = _fonts[i]         ? _fonts[i]->Font()
+                        : stored.fonts[i] ? *stored.fonts[i]
+                                          : ks_default_font(static_cast<ks_font>(i));
+    look.is_nymbrel = _look ? _look->CurrentSelection() == 1 : stored.is_nymbrel.value_or(false);
     if (_bubble_help)
         look.bubble_help = _bubble_help->Value();
     if (_bubble_wait)

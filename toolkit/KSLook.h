@@ -7,6 +7,7 @@
 
 #include "toolkit/ks_look.h"
 #include "toolkit/ks_pen.h"
+#include "toolkit/scheme.h"
 
 #include <array>
 #include <mutex>
@@ -38,24 +39,30 @@ public:
     KSColorField* Editor(ks_pen pen) const { return _pens[static_cast<std::size_t>(pen)]; }
     // Forgets all editors.
     void Untie();
+    // Whether there is any editor.
+    bool HasEditors() const { return _look != nullptr; }
+    // Gives the editors the scheme's values, as the user's edits. Those that an editor refuses are left out.
+    // The caller holds the editors' lock.
+    void Edit(const ks_scheme& scheme);
 
     // The slot that an editor is tied to, if any.
     std::optional<ks_pen> PenOf(const KSColorField* editor) const;
     std::optional<ks_pen> LevelOf(const KSPopFile* editor) const;
     std::optional<ks_font> FontOf(const KSPopFont* editor) const;
 
+    // Whether the editor is tied to one of the two times, which are in microseconds.
+    bool IsTime(const KSSpinBox* editor) const { return editor == _bubble_wait || editor == _mouse_hold; }
+
     // Returns what is worn at this moment. To have the values of one moment, hold the editors' lock.
     ks_look Copy() const;
 
 private:
-    // The toolkit's values, and what a settings file puts in their place.
+    // What a settings file says, and the toolkit's timing where it says nothing of that.
     struct file_values {
-        file_values();
         void Take(const ks_settings_line& line);
 
-        ks_look look;
-        // The toolkit's own fonts are looked up when somebody first asks for them.
-        std::array<std::optional<BFont>, ks_look::kFonts> fonts;
+        ks_scheme scheme;
+        ks_look timing;
     };
 
     mutable std::mutex _mutex;

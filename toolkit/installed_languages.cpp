@@ -2,6 +2,7 @@
 #include "toolkit/installed_languages.h"
 
 #include "kits/storage.h"
+#include "toolkit/installed_data.h"
 #include "toolkit/settings_lines.h"
 
 #include <filesystem>
@@ -10,8 +11,6 @@
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path kInstalled = NYMBREL_DATA_DIRECTORY "/Catalogs";
 
 // Returns the directory's entries; none when it cannot be read.
 std::vector<fs::path> Entries(const fs::path& directory) {
@@ -23,14 +22,14 @@ std::vector<fs::path> Entries(const fs::path& directory) {
 }
 
 // Returns whether an entry of the catalogs directory is a link of the kind that is made here, and leads
-// nowhere.
-bool IsLostLink(const fs::path& entry) {
+// nowhere. `installed` is the directory that the links of this program lead into.
+bool IsLostLink(const fs::path& entry, const fs::path& installed) {
     std::error_code error;
     const fs::path target = fs::read_symlink(entry, error);
     const fs::path from = target.parent_path();
     return !error && target.is_absolute() && target.filename() == entry.filename() &&
-           from.filename() == kInstalled.filename() &&
-           from.parent_path().filename() == kInstalled.parent_path().filename() &&
+           from.filename() == installed.filename() &&
+           from.parent_path().filename() == installed.parent_path().filename() &&
            fs::symlink_status(target, error).type() == fs::file_type::not_found;
 }
 
@@ -38,14 +37,12 @@ bool IsLostLink(const fs::path& entry) {
 
 void ks_link_installed_languages() {
     std::error_code error;
-    const fs::path catalogs = ks_resolve_path(kCatalogsPath);
+    const fs::path catalogs = ks_resolve_path(kCatalogsPath), installed = ks_installed_data("Catalogs");
     for (const fs::path& entry : Entries(catalogs))
-        if (IsLostLink(entry))
+        if (IsLostLink(entry, installed))
             fs::remove(entry, error);
 
-    const fs::path program = fs::read_symlink("/proc/self/exe", error);
-    const std::vector<fs::path> languages =
-        Entries((program.parent_path() / ".." / kInstalled).lexically_normal());
+    const std::vector<fs::path> languages = Entries(installed);
     // Only a settings directory that is there: /boot/home is not for programs to make.
     if (languages.empty() || !fs::is_directory(catalogs.parent_path().parent_path(), error))
         return;

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr const char* kSeparators = " =";
+constexpr const char* kBlanks = " =\t\r\n";
 constexpr std::size_t kPieceLength = 1023;
 constexpr std::size_t kKeyRoom = 63;  // for the longest key, its "_BMP", " = " and the line feed
 
@@ -70,8 +71,9 @@ bool ks_settings_line::Is(std::string_view other) const {
                       [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
-void ks_read_settings_lines(std::string_view text,
-                            const std::function<void(const ks_settings_line&)>& handle) {
+std::size_t ks_read_settings_lines(std::string_view text,
+                                   const std::function<void(const ks_settings_line&)>& handle) {
+    std::size_t others = 0;
     while (!text.empty()) {
         const std::size_t length = PieceLength(text);
         std::string_view piece = text.substr(0, length);
@@ -79,10 +81,12 @@ void ks_read_settings_lines(std::string_view text,
         piece = piece.substr(0, piece.find('\0'));
         const std::size_t start = std::min(piece.find_first_not_of(kSeparators), piece.size());
         const std::size_t end = piece.find_first_of(kSeparators, start);
-        if (end == std::string_view::npos || end + 1 == piece.size())
-            continue;
-        handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
+        if (end != std::string_view::npos && end + 1 != piece.size())
+            handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
+        else
+            others += piece.find_first_not_of(kBlanks) != std::string_view::npos;
     }
+    return others;
 }
 
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {
@@ -92,11 +96,11 @@ bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& 
     return text.has_value();
 }
 
-bool ks_write_settings_file(std::string_view text) {
-    const std::string path = ks_resolve_path(kSettingsPath);
+bool ks_write_settings_file(const std::string& path, std::string_view text) {
+    const std::string where = ks_resolve_path(path);
     const WholeWrite from_here_to_the_end;
     const int descriptor =
-        ks_retried([&] { return open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666); });
+        ks_retried([&] { return open(where.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0666); });
     if (descriptor < 0)
         return false;
     const bool is_written =

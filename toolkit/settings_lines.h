@@ -2,6 +2,7 @@
 // The toolkit's settings file: its lines are read one by one and written all at once.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -21,19 +22,20 @@ struct ks_settings_line {
 };
 
 // Reads a text in pieces of at most 1023 characters, each a line or a part of one. Calls `handle` for every
-// piece that has a key and something behind it; a NUL byte ends its piece.
-void ks_read_settings_lines(std::string_view text,
-                            const std::function<void(const ks_settings_line&)>& handle);
+// piece that has a key and something behind it; a NUL byte ends its piece. Returns how many other pieces
+// there are that are not blank.
+std::size_t ks_read_settings_lines(std::string_view text,
+                                   const std::function<void(const ks_settings_line&)>& handle);
 
 // Reads the file's text, or the first 64 MiB of it. Returns false without a call of `handle` when there is no
 // regular file that can be read. Never waits.
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle);
 
-// Writes `text` over the file, which keeps its inode and is created where it is missing. Returns whether all
-// of it was written. A failure before the first byte, such as a full disk, leaves the file as it was; a later
-// one may leave the new text's start before the old text's rest. Never waits for a pipe's other end. A quit
-// signal waits for it (kits/QuitSignals.h).
-bool ks_write_settings_file(std::string_view text);
+// Writes `text` over the file at a platform path, which keeps its inode and is created where it is missing.
+// Returns whether all of it was written. A failure before the first byte, such as a full disk, leaves the
+// file as it was; a later one may leave the new text's start before the old text's rest. Never waits for a
+// pipe's other end. A quit signal waits for it (kits/QuitSignals.h).
+bool ks_write_settings_file(const std::string& path, std::string_view text);
 
 // Returns whether a value that is written behind a key comes back whole: it is not empty, contains no line
 // feed and no NUL, starts with neither space nor "=", does not end in a space, and leaves room for the key.

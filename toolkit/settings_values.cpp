@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "toolkit/settings_values.h"
 
+#include "kits/storage.h"
+
 #include <algorithm>
 #include <cfloat>
 #include <charconv>
@@ -99,6 +101,18 @@ std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
 
 std::string ks_format_setting(ks_setting setting, std::string_view value) {
     return KeyOf(setting).append(" = ").append(value).append("\n");
+}
+
+std::string ks_format_pen(std::int32_t pen, ks_color color, std::string_view bitmap) {
+    std::string text;
+    if (!bitmap.empty())
+        text = ks_format_setting({ks_setting_kind::kBitmap, pen}, bitmap);
+    return text + ks_format_setting({ks_setting_kind::kPen, pen}, ks_format_color(color));
+}
+
+bool ks_setting_can_be_read(const ks_setting& setting, const ks_settings_line& line) {
+    BFile file;
+    return setting.kind != ks_setting_kind::kBitmap || file.SetTo(line.Value().c_str(), B_READ_ONLY) == B_OK;
 }
 
 std::optional<long> ks_parse_number(const std::string& text) {

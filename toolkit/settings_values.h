@@ -50,6 +50,11 @@ extern const ks_setting_row font_settings[kFontCount + 1];
 std::optional<ks_setting> ks_find_setting(const ks_settings_line& line);
 // Returns the line "KEY = value" with its line feed.
 std::string ks_format_setting(ks_setting setting, std::string_view value);
+// Returns a pen's line, behind that of its bitmap if there is one.
+std::string ks_format_pen(std::int32_t pen, ks_color color, std::string_view bitmap);
+
+// Returns whether the line's value can be had: a bitmap has to be a file that can be opened.
+bool ks_setting_can_be_read(const ks_setting& setting, const ks_settings_line& line);
 
 // Reads a decimal number as scanf's "%ld" does. A number beyond the range of long becomes the nearest one
 // in it.

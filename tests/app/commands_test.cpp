@@ -132,7 +132,6 @@ TEST_F(Commands, ResetColorsIsUndoneAsAnEdit) {
             EXPECT_TRUE(program.Categories()->IsItemMarked(0));
             EXPECT_EQ(File(), reference::write(reset));
         }
-        program.Quit();
     });
 }
 

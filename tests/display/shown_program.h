@@ -87,7 +87,8 @@ public:
 
     QWidget* Top() const {
         for (QWidget* widget : QApplication::topLevelWidgets())
-            if (widget->isVisible() && widget->windowTitle() == QString::fromUtf8(Windows().at(0)->Title()))
+            if (widget->isVisible() && !widget->parentWidget() &&
+                widget->windowTitle() == QString::fromUtf8(Windows().at(0)->Title()))
                 return widget;
         throw std::runtime_error("no window");
     }

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 // Reads any bytes as a settings file: its lines beside the C library's, then into a tree of editors and back.
+// Then reads them as a scheme.
 #include "settings/settings_file.h"
 #include "tests/fuzz/fuzz_target.h"
 #include "tests/settings/editors.h"
+#include "toolkit/KSLook.h"
 #include "toolkit/settings_lines.h"
 
 #include <cstdio>
@@ -47,6 +49,32 @@ std::string Stored(const ScopedHome& home, const std::string& text) {
     return ScopedHome::Read(home.SettingsFile());
 }
 
+// Opens the text as a scheme in editors with their defaults, and returns what these hold then.
+std::string StoredByScheme(const ScopedHome& home, const std::string& text) {
+    home.Write("scheme", text);
+    const Editors editors;
+    config::TieEditors();
+    config::ApplyDefaults();
+    if (const std::optional<ks_scheme_file> file = ks_read_scheme(home / "scheme"))
+        ks_current_look->Edit(file->scheme);
+    ks_current_look->Untie();
+    Require(config::WriteSettings(), "the settings cannot be written");
+    return ScopedHome::Read(home.SettingsFile());
+}
+
+// Whether each line is one of the defaults or, for what a scheme holds, one that the settings file has of the
+// same text.
+bool ChangesNoMore(const std::string& by_scheme, const std::string& by_file, const std::string& defaults) {
+    std::istringstream text(by_scheme);
+    for (std::string line; std::getline(text, line);) {
+        const bool may_change = line.starts_with("LOOK") || line.starts_with("KS_");
+        if (('\n' + defaults).find('\n' + line + '\n') == std::string::npos &&
+            !(may_change && ('\n' + by_file).find('\n' + line + '\n') != std::string::npos))
+            return false;
+    }
+    return true;
+}
+
 std::vector<std::uint8_t> Bytes(const std::string& text) {
     return {text.begin(), text.end()};
 }
@@ -68,6 +96,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string text(reinterpret_cast<const char*>(data), size);
     Require(Lines(text) == PlainLines(text), "the lines are others than the C library's");
     const std::string stored = Stored(home, text);
+    static const std::string defaults = StoredByScheme(home, "");
+    Require(ChangesNoMore(StoredByScheme(home, text), stored, defaults),
+            "a scheme changes what it should not");
     Require(stored.ends_with('\n') && Stored(home, stored) == stored, "what was stored comes back otherwise");
     return 0;
 }

@@ -54,6 +54,7 @@ class Editing(unittest.TestCase):
         click("spin button", "Bubblehelp wait time")
         desktop.press("ctrl+a")
         desktop.type("3000000")
+        desktop.press("Return")  # takes the number over
         desktop.press("Return")
         self.assertEqual(desktop.program.wait(PATIENCE), 0)
         self.assertLessEqual({"BUBBLEHELPTIME = 3000000", "MOUSEHOLDTIME = 45000"}, set(desktop.settings().splitlines()))
