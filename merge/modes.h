@@ -54,15 +54,12 @@ KS_INLINE Words over_opaque(Words d, Words x, Words alpha) {
 // and over an opaque destination adding 255 makes the divisor 255 * 256, the division of over_opaque.
 KS_INLINE Words over_any(Words d, Words x, Words alpha) {
     const Words d_alpha = d >> 24;
-    const Words d_weight = product(255 - alpha, d_alpha), x_weight = (alpha << 8) - alpha;
+    const Words d_weight = product(255 - alpha, d_alpha), x_weight = product(alpha, splat(255));
     const Words sum = d_weight + x_weight;
-    const Words more = d_alpha == 255 ? splat(255) : splat(1);
-    const Floats divisor = floats(d_weight == 0 ? greatest(sum, splat(1)) : sum + more);
-    const auto channel = [&](uint32_t shift) {
-        const Floats n = sum_of_products(d >> shift & 255, d_weight, x >> shift & 255, x_weight);
-        return words(quotient(n, divisor)) << shift;
-    };
-    const Words composed = channel(0) | channel(8) | channel(16) | div255(sum) << 24;
+    const Words more = d_alpha == 255 ? splat(255) : splat(1);  // d_weight is at least that, unless it is 0
+    const WeightedMean mean(d_weight, x_weight, sum + least(d_weight, more));
+    const Words composed =
+        join_means(mean.of<0>(d, x), mean.of<1>(d, x), mean.of<2>(d, x), words(div255(halves(sum))));
     return alpha == 0 ? d : composed;
 }
 

@@ -98,5 +98,17 @@ template <class Vector> KS_INLINE Vector greatest(Vector a, Vector b) {
     return a > b ? a : b;
 }
 
+#if defined(__FMA__)
+// a * b + c, rounded once. By name, because the compiler must not fuse what is written apart: the levels
+// would differ.
+KS_INLINE Floats fused(Floats a, Floats b, Floats c) {
+#if defined(__AVX512BW__)
+    return _mm512_fmadd_ps(a, b, c);
+#else
+    return _mm256_fmadd_ps(a, b, c);
+#endif
+}
+#endif
+
 }  // namespace
 }  // namespace ks_simd
