@@ -138,6 +138,24 @@ KS_INLINE Halves both(Words value) {
     return halves(value | value << 16);
 }
 
+// The alpha of each pixel, for both its halves.
+KS_INLINE Halves alpha_halves(Words w) {
+#if defined(__AVX512BW__)
+    return reinterpret_cast<Halves>(_mm512_shuffle_epi8(
+        reinterpret_cast<__m512i>(w),
+        _mm512_set4_epi32(static_cast<int32_t>(0x800F800Fu), static_cast<int32_t>(0x800B800Bu),
+                          static_cast<int32_t>(0x80078007u), static_cast<int32_t>(0x80038003u))));
+#elif defined(__AVX2__)
+    return reinterpret_cast<Halves>(
+        _mm256_shuffle_epi8(reinterpret_cast<__m256i>(w),
+                            _mm256_broadcastsi128_si256(_mm_setr_epi32(
+                                static_cast<int32_t>(0x80038003u), static_cast<int32_t>(0x80078007u),
+                                static_cast<int32_t>(0x800B800Bu), static_cast<int32_t>(0x800F800Fu)))));
+#else
+    return both(w >> 24);
+#endif
+}
+
 // The product of two values per pixel, where it is below 65536.
 KS_INLINE Words product(Words a, Words b) {
     return words(halves(a) * halves(b));
