@@ -132,23 +132,31 @@ template <class Function> KS_INLINE Words gather(const uint32_t* group, const Fu
     return words(all);
 }
 
-KS_INLINE void copy_group(uint32_t* dst, const uint32_t* src) {
+// Runs from this length on belong to pictures that no cache holds. Their pixels are replaced past the caches.
+constexpr int32_t kLong = 4096;
+
+// How many pixels lie before the first vector that is aligned.
+KS_INLINE int32_t pixels_to_boundary(const uint32_t* p) {
+    return static_cast<int32_t>(-reinterpret_cast<uintptr_t>(p) % kVectorBytes / 4);
+}
+
+KS_INLINE void copy_group(uint32_t* dst, const uint32_t* src, bool streams) {
     for (int32_t k = 0; k < kGroup; k += 4 * kLanes) {
-        const Words w0 = load(src + k), w1 = load(src + k + kLanes), w2 = load(src + k + 2 * kLanes),
-                    w3 = load(src + k + 3 * kLanes);
-        store(dst + k, w0);
-        store(dst + k + kLanes, w1);
-        store(dst + k + 2 * kLanes, w2);
-        store(dst + k + 3 * kLanes, w3);
+        const Words w[] = {load(src + k), load(src + k + kLanes), load(src + k + 2 * kLanes),
+                           load(src + k + 3 * kLanes)};
+        for (int32_t i = 0; i < 4; i++) {
+            uint32_t* const to = dst + k + i * kLanes;
+            streams ? stream(to, w[i]) : store(to, w[i]);
+        }
     }
 }
 
-// Composes a group of runs of `count` pixels.
+// Composes a group of runs of `count` pixels. In long runs its destination is aligned.
 template <class Mode>
 KS_INLINE void compose_group(uint32_t* dst, const uint32_t* src, uint32_t opacity, int32_t count) {
     const Source lowest(gather(src, least<Bytes>), opacity);
     if (replaces<Mode>(lowest)) {
-        copy_group(dst, src);
+        copy_group(dst, src, count >= kLong);
         return;
     }
     const Source highest(gather(src, greatest<Bytes>), opacity);
@@ -175,6 +183,16 @@ template <class Mode> uint32_t pixel_kernel(uint32_t dst, uint32_t src, uint32_t
     return replaces<Mode>(s) ? src : compose_vector<Mode>(splat(dst), s)[0];
 }
 
+// Stores `pixel` in the vectors between the aligned `dst` and `end`.
+template <class Store>
+KS_INLINE void fill(uint32_t* dst, const uint32_t* end, Words pixel, const Store& store_at) {
+    for (; end - dst >= 4 * kLanes; dst += 4 * kLanes)
+        for (int32_t k = 0; k < 4; k++)
+            store_at(dst + k * kLanes, pixel);
+    for (; dst < end; dst += kLanes)
+        store_at(dst, pixel);
+}
+
 // Stores `pixel` throughout the run: a vector at each end, and aligned vectors between them, because a store
 // across two cache lines takes twice as long.
 KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
@@ -184,14 +202,14 @@ KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
     }
     uint32_t* const last = dst + count - kLanes;
     store(dst, pixel);
-    const uintptr_t past_boundary = reinterpret_cast<uintptr_t>(dst) % kVectorBytes;
-    dst += kLanes - past_boundary / 4;
-    for (; last - dst >= 4 * kLanes; dst += 4 * kLanes)
-        for (int32_t k = 0; k < 4; k++)
-            store(dst + k * kLanes, pixel);
-    for (; dst < last; dst += kLanes)
-        store(dst, pixel);
+    dst += kLanes - reinterpret_cast<uintptr_t>(dst) % kVectorBytes / 4;
+    if (count >= kLong)
+        fill(dst, last, pixel, stream<Words, uint32_t>);
+    else
+        fill(dst, last, pixel, store<Words, uint32_t>);
     store(last, pixel);
+    if (count >= kLong)
+        finish_streams();
 }
 
 template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Source& s, int32_t count) {
@@ -232,15 +250,23 @@ template <class Mode> void array_kernel(uint32_t* dst, const uint32_t* src, uint
     if (count <= 0)
         return;
     opacity = clamped(opacity);
+    const auto part_step = [&](int32_t i, int32_t length) {
+        const PartialVector part(length);
+        step<Mode>(dst + i, Source(part.load(src + i), opacity), part);
+    };
     int32_t i = 0;
+    if (MayReplace<Mode> && count >= kLong && pixels_to_boundary(dst) != 0) {
+        i = pixels_to_boundary(dst);
+        part_step(0, i);
+    }
     for (; i <= count - kGroup; i += kGroup)
         compose_group<Mode>(dst + i, src + i, opacity, count);
     for (; i <= count - kLanes; i += kLanes)
         step<Mode>(dst + i, Source(load(src + i), opacity), WholeVector());
-    if (i < count) {
-        const PartialVector part(count - i);
-        step<Mode>(dst + i, Source(part.load(src + i), opacity), part);
-    }
+    if (i < count)
+        part_step(i, count - i);
+    if (MayReplace<Mode> && count >= kLong)
+        finish_streams();
 }
 
 // Dissolve asks rand() in the order of the pixels, once for each whose threshold is below 255, so it works
