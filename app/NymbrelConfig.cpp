@@ -33,6 +33,11 @@ KSControl* NewGroup() {
     return new KSControl(nullptr, 0);
 }
 
+// By the number of the category.
+std::array<KSControl*, 4> EditorGroups() {
+    return {ch_pen, ch_background, ch_font, ch_dimen};
+}
+
 KSControl* NewVerticalGroup() {
     KSControl* group = NewGroup();
     group->SetOrientation(KS_ORIENTATION_VERTICAL);
@@ -156,7 +161,7 @@ void AddLanguages(KSControl* parent) {
     KSControl* group = AddTitleGroup(parent, kStringLanguage);
     group->SetOrientation(KS_ORIENTATION_VERTICAL);
     FillLanguageList();
-    Add(group, _llist)->SetWeight({0, 10000});  // all spare height
+    Add(group, _llist);
     KSControl* note = Add(group, NewGroup());
     AddSpacers(note, 1);
     AddLabel(note, kStringRestartNote, 0);
@@ -331,11 +336,15 @@ KSPoint<long> NCListView::MinSize() {
 
 void NCListView::DraggingRequested(KSPoint<long>, BMessage*) {}
 
+bool NCListView::IsItemMarked(long index) const {
+    return EditorGroups().at(static_cast<std::size_t>(index))->HasEdits();
+}
+
 void NCListView::SelectionChanged() {
     const KSAutolock lock(this);
     if (!lock)
         return;
-    const std::array groups = {ch_pen, ch_background, ch_font, ch_dimen};
+    const std::array groups = EditorGroups();
     const long category = CurrentSelection();
     if (category < 0)
         return;

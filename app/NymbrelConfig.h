@@ -35,6 +35,8 @@ public:
     KSPoint<long> MinSize() override;
     // Nothing can be dragged out of the list.
     void DraggingRequested(KSPoint<long> where, BMessage* message) override;
+    // A category is marked when the user has changed a value of its group.
+    bool IsItemMarked(long index) const override;
     // Shows only the selected category's group. Without a selection, or without the lock, nothing changes.
     void SelectionChanged() override;
 };

@@ -4,6 +4,7 @@
 #include "toolkit/KSCheckBox.h"
 
 #include <QCheckBox>
+#include <QMimeData>
 
 namespace {
 
@@ -27,9 +28,21 @@ public:
 
     QWidget* Editor() const override { return _box; }
     bool NamesItself() const override { return true; }
+
+    // As the settings file has it.
+    QString CopiedText() const override { return _box->isChecked() ? kOn : kOff; }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const QString text = data.text().trimmed();
+        if (text != kOn && text != kOff)
+            return nullptr;
+        return [=, this] { _box->setChecked(text == kOn); };
+    }
+
     void ShowLabel(int position, QWidget*) override { _box->setText(MarkedLabel(position)); }
 
 private:
+    static constexpr QLatin1String kOn{"1"}, kOff{"0"};
+
     KSCheckBox& _control;
     QCheckBox* _box;
     bool _on = false;

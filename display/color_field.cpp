@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
-// A colour field: shows its colour, opens a colour dialog, takes and gives colours by drag and drop.
+// A colour field: shows its colour, opens a colour dialog, takes and gives colours by drag and drop and by
+// the clipboard.
 #include "display/color_mirror.h"
+#include "display/color_panel.h"
+#include "display/color_text.h"
 #include "display/draw.h"
 #include "display/look.h"
 #include "display/pen_style.h"
@@ -11,7 +14,6 @@
 #include "toolkit/KSLook.h"
 
 #include <QApplication>
-#include <QColorDialog>
 #include <QDrag>
 #include <QDropEvent>
 #include <QMimeData>
@@ -37,7 +39,7 @@ ks_color FromColor(const QColor& color) {
 class ColorButton : public PopUpButton {
 public:
     // `edited` is called with each colour that is chosen, `opened` with each dialog.
-    ColorButton(std::function<void(const QColor&)> edited, std::function<void(QColorDialog&)> opened,
+    ColorButton(std::function<void(const QColor&)> edited, std::function<void(ColorPanel&)> opened,
                 QWidget* parent)
         : PopUpButton(QAccessible::ColorChooser, parent),
           _edited(std::move(edited)),
@@ -49,7 +51,7 @@ public:
 
     void SetColor(const QColor& color) {
         _color = color;
-        SetValueText(color.name(color.alpha() == 255 ? QColor::HexRgb : QColor::HexArgb));
+        SetValueText(ColorText(color));
         update();
     }
 
@@ -64,7 +66,7 @@ protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
         draw::Sample(painter, rect(), _color);
-        if (hasFocus())
+        if (hasFocus() || _is_target)
             draw::Focus(painter, PenStyle::Instance().Wearing(), rect(), _color);
     }
 
@@ -82,27 +84,35 @@ protected:
     }
 
     void dragEnterEvent(QDragEnterEvent* event) override {
-        if (event->source() != this && event->mimeData()->hasColor())
-            event->acceptProposedAction();
-    }
-
-    void dropEvent(QDropEvent* event) override {
-        const QColor color = event->mimeData()->colorData().value<QColor>();
-        if (!color.isValid())
+        if (event->source() == this || !ColorIn(*event->mimeData()))
             return;
         event->acceptProposedAction();
-        _edited(color);
+        ShowTarget(true);
+    }
+
+    void dragLeaveEvent(QDragLeaveEvent*) override { ShowTarget(false); }
+
+    void dropEvent(QDropEvent* event) override {
+        ShowTarget(false);
+        if (const std::optional<QColor> color = ColorIn(*event->mimeData())) {
+            event->acceptProposedAction();
+            _edited(*color);
+        }
     }
 
 private:
+    // Lights up while a colour is held over the field.
+    void ShowTarget(bool is_target) {
+        _is_target = is_target;
+        update();
+    }
+
     void Choose() {
         if (_dialog) {
             _dialog->activateWindow();
             return;
         }
-        _dialog = new QColorDialog(_color, window());
-        _dialog->setAttribute(Qt::WA_DeleteOnClose);
-        _dialog->setOptions(QColorDialog::ShowAlphaChannel | QColorDialog::DontUseNativeDialog);
+        _dialog = new ColorPanel(_color, window());
         _dialog->setWindowTitle(accessibleName());
         connect(_dialog, &QColorDialog::colorSelected, this, [this](const QColor& color) { _edited(color); });
         _opened(*_dialog);
@@ -112,8 +122,6 @@ private:
     // QDrag runs an event loop of its own here; no lock is held.
     void Drag() {
         setDown(false);
-        auto* mime = new QMimeData;
-        mime->setColorData(_color);
         QPixmap sample(look::SampleSize(*this) * devicePixelRatio());
         sample.setDevicePixelRatio(devicePixelRatio());
         sample.fill(Qt::transparent);
@@ -122,16 +130,17 @@ private:
             draw::Sample(painter, QRect(QPoint(), look::SampleSize(*this)), _color);
         }
         auto* drag = new QDrag(this);
-        drag->setMimeData(mime);
+        drag->setMimeData(ColorData(_color).release());
         drag->setPixmap(sample);
         drag->exec(Qt::CopyAction);
     }
 
     std::function<void(const QColor&)> _edited;
-    std::function<void(QColorDialog&)> _opened;
+    std::function<void(ColorPanel&)> _opened;
     QColor _color;
     QPoint _pressed_at;
-    QPointer<QColorDialog> _dialog;
+    bool _is_target = false;
+    QPointer<ColorPanel> _dialog;
 };
 
 class ColorFieldMirror : public ColorMirror {
@@ -140,7 +149,7 @@ public:
         : ColorMirror(control, window),
           _control(control),
           _button(new ColorButton([this](const QColor& color) { _control.EditColor(FromColor(color)); },
-                                  [this](QColorDialog& dialog) { WearWhatItShows(dialog); }, parent)) {
+                                  [this](ColorPanel& dialog) { WearWhatItShows(dialog); }, parent)) {
         SetWidget(_button);
     }
 
@@ -156,10 +165,18 @@ public:
 
     QWidget* Editor() const override { return _button; }
 
+    std::unique_ptr<QMimeData> Copied() const override { return ColorData(_color); }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const std::optional<QColor> color = ColorIn(data);
+        if (!color)
+            return nullptr;
+        return [=, this] { _control.EditColor(FromColor(*color)); };
+    }
+
     void ChooseFrom(const QColor& start) override { _button->ChooseFrom(start); }
 
 private:
-    void WearWhatItShows(QColorDialog& dialog) {
+    void WearWhatItShows(ColorPanel& dialog) {
         const std::optional<ks_pen> pen = ks_current_look->PenOf(&_control);
         if (!pen)
             return;

@@ -2,6 +2,7 @@
 // The common part of the mirrors, and the table of the makers.
 #include "display/control_mirror.h"
 
+#include "display/marks.h"
 #include "display/pen_style.h"
 #include "display/shown_text.h"
 #include "display/window_mirror.h"
@@ -18,7 +19,10 @@
 #include "toolkit/KSSeparator.h"
 #include "toolkit/KSSpinBox.h"
 
+#include <QAbstractSpinBox>
 #include <QEvent>
+#include <QLineEdit>
+#include <QMimeData>
 #include <QTextDocument>
 #include <QWidget>
 
@@ -73,6 +77,7 @@ void ControlMirror::Fetch() {
     _label = QString::fromStdString(_control.Label());
     _hidden = _control.IsHidden();
     _bubble_help = QString::fromStdString(_control.BubbleHelp());
+    _is_edited = _control.IsEdited();
 }
 
 void ControlMirror::Apply() {
@@ -84,6 +89,30 @@ void ControlMirror::Apply() {
     _shown_hidden = _hidden;
     if (_widget)
         ApplyTip();
+    if (Editor())
+        marks::Mark(*Editor(), _is_edited);
+}
+
+QLineEdit* ControlMirror::Line() const {
+    QWidget* editor = Editor();
+    return qobject_cast<QAbstractSpinBox*>(editor) ? editor->findChild<QLineEdit*>()
+                                                   : qobject_cast<QLineEdit*>(editor);
+}
+
+std::unique_ptr<QMimeData> ControlMirror::Copied() const {
+    const QLineEdit* line = Line();
+    const QString text = !line ? CopiedText() : line->hasSelectedText() ? line->selectedText() : line->text();
+    if (text.isEmpty())
+        return nullptr;
+    auto data = std::make_unique<QMimeData>();
+    data->setText(text);
+    return data;
+}
+
+std::function<void()> ControlMirror::Paster(const QMimeData& data) {
+    if (!Line() || !data.hasText())
+        return nullptr;
+    return [line = Line(), text = data.text()] { line->insert(text); };
 }
 
 QString ControlMirror::ShownLabel() const {

@@ -10,8 +10,11 @@
 
 #include <QString>
 
+#include <functional>
 #include <memory>
 
+class QLineEdit;
+class QMimeData;
 class QObject;
 class QWidget;
 class WindowMirror;
@@ -39,6 +42,14 @@ public:
     // The widget that has the keyboard's focus and represents the setting to assistive tools; null where
     // there is nothing to edit.
     virtual QWidget* Editor() const { return nullptr; }
+    // The line to type in that the editor is or has; null where there is none.
+    QLineEdit* Line() const;
+    // What the editor's menu and keys copy; null where there is nothing. The base copies the text of the
+    // line, or CopiedText where there is no line.
+    virtual std::unique_ptr<QMimeData> Copied() const;
+    // Returns what pastes the data as an edit of the user's; null where the data says no value. The base
+    // knows the line.
+    virtual std::function<void()> Paster(const QMimeData& data);
     // Gives the editor the name of its label or its group.
     virtual void SetName(const QString& name);
     // Shows the control's label, with a mnemonic at `position` unless that is negative. `editor` is the one
@@ -47,14 +58,17 @@ public:
     // Whether the editor shows the label itself, with the mnemonic in it.
     virtual bool NamesItself() const { return false; }
 
-    // The control's label and visibility as last fetched.
+    // The control's label and visibility as last fetched, and whether the user has changed its value.
     const QString& Label() const { return _label; }
     // The label as there is room to show it. Its tip tells the rest.
     virtual QString ShownLabel() const;
     bool IsHidden() const { return _hidden; }
+    bool IsEdited() const { return _is_edited; }
 
 protected:
     void SetWidget(QWidget* widget) { _widget = widget; }
+    // The value as a text; empty where it has none.
+    virtual QString CopiedText() const { return {}; }
     // Returns the shown label with "&" before the character at `position`, and every "&" of its own doubled.
     QString MarkedLabel(int position) const;
 
@@ -68,6 +82,7 @@ private:
     QString _tip;
     bool _hidden = false;
     bool _shown_hidden = false;
+    bool _is_edited = false;
     QString _bubble_help;
     QObject* _bubble_help_switch = nullptr;  // owned by the widget
 };

@@ -302,23 +302,27 @@ void Dot(QPainter& painter, const QRect& rect, const QColor& color) {
     painter.restore();
 }
 
-void Sample(QPainter& painter, const QRect& rect, const QColor& color) {
+void Checker(QPainter& painter, const QRect& rect) {
     constexpr int kSquare = 5;
     Canvas canvas(painter);
-    const QRect frame = canvas.Map(rect), inside = canvas.Inside(frame, 2);
+    const QRect all = canvas.Map(rect);
+    canvas.Fill(all, QColor(255, 255, 255));
+    const int square = canvas.Pixels(kSquare);
+    for (int row = 0; row * square < all.height(); ++row)
+        for (int column = row % 2; column * square < all.width(); column += 2)
+            canvas.Fill(QRect(all.left() + column * square, all.top() + row * square, square, square)
+                            .intersected(all),
+                        QColor(190, 190, 190));
+}
+
+void Sample(QPainter& painter, const QRect& rect, const QColor& color) {
+    if (color.alpha() < 255)
+        Checker(painter, rect);
+    Canvas canvas(painter);
+    const QRect frame = canvas.Map(rect);
+    canvas.Fill(canvas.Inside(frame, 2), color);
     canvas.Box(frame, QColor(0, 0, 0));
     canvas.Box(canvas.Inside(frame), QColor(255, 255, 255));
-    if (color.alpha() < 255) {
-        canvas.Fill(inside, QColor(255, 255, 255));
-        const int square = canvas.Pixels(kSquare);
-        for (int row = 0; row * square < inside.height(); ++row)
-            for (int column = row % 2; column * square < inside.width(); column += 2)
-                canvas.Fill(
-                    QRect(inside.left() + column * square, inside.top() + row * square, square, square)
-                        .intersected(inside),
-                    QColor(190, 190, 190));
-    }
-    canvas.Fill(inside, color);
 }
 
 }  // namespace draw

@@ -59,6 +59,8 @@ void Selection(QPainter& painter, const Worn& worn, const QRect& rect);
 void Arrow(QPainter& painter, const QRect& rect, Direction direction, const QColor& color);
 // The dot of what is changed.
 void Dot(QPainter& painter, const QRect& rect, const QColor& color);
+// What is seen through transparent pixels.
+void Checker(QPainter& painter, const QRect& rect);
 // A colour between a dark and a light hairline, on a checker where it is transparent.
 void Sample(QPainter& painter, const QRect& rect, const QColor& color);
 

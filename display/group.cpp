@@ -3,12 +3,15 @@
 #include "display/control_mirror.h"
 #include "display/draw.h"
 #include "display/look.h"
+#include "display/marks.h"
 #include "display/page_area.h"
 #include "display/pen_style.h"
 #include "display/window_mirror.h"
+#include "toolkit/KSListView.h"
 #include "toolkit/KSTitleGroup.h"
 
 #include <QBoxLayout>
+#include <QEvent>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QPainter>
@@ -20,6 +23,8 @@ namespace {
 
 // The weight of a spacer, and of a child that has no weight of its own and can use spare room.
 constexpr int kDefaultWeight = 100;
+// The weight of a list that has none of its own: it takes the spare height, since it has more to show.
+constexpr KSPoint<long> kListWeight{0, 10000};
 
 bool IsSpacer(const KSControl& control) {
     return typeid(control) == typeid(KSControl) && control.Children().empty();
@@ -28,6 +33,8 @@ bool IsSpacer(const KSControl& control) {
 // A group without a weight has its heaviest child's.
 KSPoint<long> WeightOf(const KSControl& control) {
     KSPoint<long> weight = control.Weight();
+    if (weight == KSPoint<long>() && dynamic_cast<const KSListView*>(&control))
+        return kListWeight;
     if (weight == KSPoint<long>())
         for (const auto& child : control.Children()) {
             const KSPoint<long> below = WeightOf(*child);
@@ -38,7 +45,7 @@ KSPoint<long> WeightOf(const KSControl& control) {
 
 class Frame : public QGroupBox {
 public:
-    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) {}
+    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) { marks::MakeGround(*this); }
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -47,6 +54,14 @@ protected:
         QPainter painter(this);
         painter.setFont(worn.Font(KS_FONT_TITLE));
         draw::Group(painter, worn, rect(), _level, title(), title_height);
+        marks::Paint(painter, worn, *this, _level);
+    }
+
+    // What is drawn beside the editors follows them.
+    bool event(QEvent* event) override {
+        if (event->type() == QEvent::LayoutRequest)
+            update();
+        return QGroupBox::event(event);
     }
 
 private:

@@ -2,14 +2,18 @@
 // A list view: Qt scrolls it, selects in it and tells assistive tools; the items draw themselves.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/marks.h"
+#include "display/pen_style.h"
 #include "display/shown_text.h"
 #include "display/surface.h"
+#include "display/texts.h"
 #include "display/window_mirror.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSListView.h"
 
 #include <QEvent>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyle>
@@ -22,6 +26,7 @@
 namespace {
 
 constexpr int kLongestItem = 40;  // average characters that a list makes room for
+constexpr int kMarkRoom = 16;
 
 // Lets an item of the control paint itself, under the window's lock.
 class ItemPainter : public QStyledItemDelegate {
@@ -44,12 +49,22 @@ public:
                 item->DrawItem(&_control, frame, {frame.left, frame.top}, nullptr, index.row());
             }
         }
+        if (!index.data(Qt::AccessibleDescriptionRole).toString().isEmpty())
+            PaintMark(*painter, option);
         if (option.state & QStyle::State_HasFocus)
             PaintFocus(*painter, option);
         painter->restore();
     }
 
 private:
+    // In the room that a row has on each side.
+    static void PaintMark(QPainter& painter, const QStyleOptionViewItem& option) {
+        const bool is_selected = option.state.testFlag(QStyle::State_Selected);
+        const QRect room(option.rect.right() - kMarkRoom, option.rect.top(), kMarkRoom, option.rect.height());
+        marks::PaintDot(painter, PenStyle::Instance().Wearing(), room,
+                        is_selected ? KS_PEN_BG_SELECTED : KS_PEN_BG_LIST);
+    }
+
     void PaintFocus(QPainter& painter, const QStyleOptionViewItem& option) const {
         QStyleOptionFocusRect focus;
         focus.QStyleOption::operator=(option);
@@ -118,11 +133,23 @@ public:
         _rows.clear();
         for (long i = 0; KSListItem* item = _control.ItemAt(i); ++i) {
             item->RenderSetup(&_control);
-            _rows.push_back({QString::fromUtf8(item->AccessibleText()), static_cast<int>(item->Height())});
+            _rows.push_back({QString::fromUtf8(item->AccessibleText()), static_cast<int>(item->Height()),
+                             _control.IsItemMarked(i)});
         }
         const KSPoint<long> least = _control.MinSize();
         _least = QSize(static_cast<int>(least.x), static_cast<int>(least.y));
         _selection = static_cast<int>(_control.CurrentSelection());
+    }
+
+    QString CopiedText() const override {
+        const QListWidgetItem* item = _list->item(_selection);
+        return item ? item->text() : QString();
+    }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const QList<QListWidgetItem*> found = _list->findItems(data.text().trimmed(), Qt::MatchExactly);
+        return found.isEmpty() ? nullptr : std::function<void()>([row = _list->row(found.front()), this] {
+            _list->setCurrentRow(row);
+        });
     }
 
     void Apply() override {
@@ -144,6 +171,7 @@ private:
     struct Row {
         QString text;
         int height;
+        bool is_marked;
     };
 
     void ApplyRows() {
@@ -161,6 +189,9 @@ private:
             }
             if (item->sizeHint().height() != row.height)
                 item->setSizeHint(QSize(0, row.height));
+            const QString mark = row.is_marked ? texts::Text(texts::kChanged) : QString();
+            if (item->data(Qt::AccessibleDescriptionRole).toString() != mark)
+                item->setData(Qt::AccessibleDescriptionRole, mark);
         }
     }
 

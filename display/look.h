@@ -2,9 +2,6 @@
 // The sizes and distances of a window.
 #pragma once
 
-#include "toolkit/ks_pen.h"
-
-#include <QColor>
 #include <QMargins>
 
 class QPainter;

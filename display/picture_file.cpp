@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 
+#include <algorithm>
 #include <memory>
 
 #define STB_IMAGE_STATIC
@@ -41,10 +42,12 @@ const stbi_uc* Bytes(const QByteArray& data) {
     return reinterpret_cast<const stbi_uc*>(data.constData());
 }
 
-bool IsTga(const QByteArray& data) {
+// Whether a file of so many bytes, of which `data` is the beginning, has the header of a TGA file that can
+// hold the pixels it promises. A packet of at least two bytes holds up to 128 pixels.
+bool IsTga(const QByteArray& data, qint64 file_size) {
     int width = 0, height = 0, channels = 0;
     return stbi_info_from_memory(Bytes(data), static_cast<int>(data.size()), &width, &height, &channels) &&
-           qint64{width} * height <= kMostPixels;
+           qint64{width} * height <= std::min(kMostPixels, file_size * 64);
 }
 
 QImage ReadTga(const QString& path) {
@@ -52,7 +55,7 @@ QImage ReadTga(const QString& path) {
     if (!file.open(QIODevice::ReadOnly))
         return {};
     const QByteArray data = file.read(kLargestFile);
-    if (!IsTga(data))
+    if (!IsTga(data, data.size()))
         return {};
     int width = 0, height = 0, channels = 0;
     const std::unique_ptr<stbi_uc, void (*)(void*)> pixels(
@@ -84,12 +87,12 @@ bool IsPicture(const QString& path) {
         return false;
     constexpr qint64 kHeader = 4096;
     QFile file(file_path);
-    if (file.open(QIODevice::ReadOnly) && EndsInTga(path) && IsTga(file.peek(kHeader)))
+    if (file.open(QIODevice::ReadOnly) && EndsInTga(path) && IsTga(file.peek(kHeader), file.size()))
         return true;
     // A cursor file and a broken TGA begin alike, so only reading it tells.
     if (EndsInTga(path))
         return !ReadOther(file_path, {}).isNull();
-    return QImageReader(file_path).canRead() || IsTga(file.peek(kHeader));
+    return QImageReader(file_path).canRead() || IsTga(file.peek(kHeader), file.size());
 }
 
 QImage ReadPicture(const QString& path, QSize bounds) {

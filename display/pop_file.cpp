@@ -2,8 +2,12 @@
 // A file pop-up: a path to type in, clear or drop a file on, and a dialog that previews pictures.
 #include "display/control_mirror.h"
 #include "display/look.h"
+#include "display/marks.h"
+#include "display/path_text.h"
+#include "display/picture_dialog.h"
 #include "display/picture_file.h"
 #include "display/texts.h"
+#include "display/typed_text.h"
 #include "display/wardrobe.h"
 #include "display/window_mirror.h"
 #include "toolkit/KSLook.h"
@@ -11,19 +15,15 @@
 
 #include <QAction>
 #include <QDropEvent>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QGridLayout>
 #include <QHBoxLayout>
-#include <QImageReader>
 #include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPointer>
 #include <QStyle>
 #include <QTimer>
 #include <QToolButton>
+#include <QToolTip>
 #include <QUrl>
 
 #include <functional>
@@ -34,13 +34,17 @@ namespace {
 
 constexpr int kCheckDelay = 150;  // milliseconds after the last key, before the file is looked at
 
-// Returns the path of the one local file that is dragged, or an empty one.
-QString DraggedFile(const QMimeData& data) {
-    const QList<QUrl> urls = data.urls();
-    return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+// Returns the path of the one local file that is dropped, or the path that is dropped as text. Returns an
+// empty one for everything else.
+QString FileIn(const QMimeData& data) {
+    if (const QList<QUrl> urls = data.urls(); !urls.isEmpty())
+        return urls.size() == 1 && urls.front().isLocalFile() ? urls.front().toLocalFile() : QString();
+    const QString path = PathFrom(data.text());
+    return path.startsWith(u'/') ? path : QString();
 }
 
-// The line in which the path is typed. An icon, a tip and a description tell when it is no readable picture.
+// The line in which the path is typed. An icon, a tip and a description tell when the path cannot be kept or
+// is no readable picture.
 class PathEdit : public QLineEdit {
 public:
     // `chosen` is called with the path of a file that is dropped on the line, and with the empty path when
@@ -52,12 +56,23 @@ public:
                 _clear->setVisible(!text().isEmpty());
             CheckSoon();
         });
+        LetEnterTakeTypedText(this, this);
     }
 
     void ShowPath(const QString& path) {
         if (text() != path)
             setText(path);
+        SetRefused(false);
     }
+
+    // Tells whether the text in the line cannot be kept.
+    void SetRefused(bool refused) {
+        if (_is_refused == refused)
+            return;
+        _is_refused = refused;
+        CheckSoon();
+    }
+    bool IsRefused() const { return _is_refused; }
 
     QSize sizeHint() const override {
         return {fontMetrics().averageCharWidth() * 24, QLineEdit::sizeHint().height()};
@@ -69,7 +84,7 @@ public:
 protected:
     void dragEnterEvent(QDragEnterEvent* event) override {
         if (event->mimeData()->hasUrls())
-            event->setAccepted(!DraggedFile(*event->mimeData()).isEmpty());
+            event->setAccepted(!FileIn(*event->mimeData()).isEmpty());
         else
             QLineEdit::dragEnterEvent(event);
     }
@@ -82,7 +97,7 @@ protected:
     }
 
     void dropEvent(QDropEvent* event) override {
-        const QString path = DraggedFile(*event->mimeData());
+        const QString path = event->source() == this ? QString() : FileIn(*event->mimeData());
         if (path.isEmpty()) {
             QLineEdit::dropEvent(event);
             return;
@@ -116,24 +131,34 @@ private:
             _timer = new QTimer(this);
             _timer->setSingleShot(true);
             _timer->setInterval(kCheckDelay);
-            connect(_timer, &QTimer::timeout, this,
-                    [this] { WarnIf(!text().isEmpty() && !IsPicture(text())); });
+            connect(_timer, &QTimer::timeout, this, [this] { Check(); });
         }
         _timer->start();
     }
 
-    void WarnIf(bool unreadable) {
-        if (unreadable == (_warning != nullptr))
+    void Check() {
+        const QString path = PathFrom(text());
+        if (_is_refused)
+            Warn(texts::Text(texts::kNoPath));
+        else if (!path.isEmpty() && !IsPicture(path))
+            Warn(texts::Text(texts::kNoPicture));
+        else
+            Warn(QString());
+    }
+
+    // Shows the warning, or none where it is empty.
+    void Warn(const QString& warning) {
+        if (warning == toolTip())
             return;
-        if (unreadable) {
+        if (warning.isEmpty())
+            delete std::exchange(_warning, nullptr);
+        else if (!_warning)
             _warning =
                 addAction(style()->standardIcon(QStyle::SP_MessageBoxWarning), QLineEdit::LeadingPosition);
-            _warning->setText(texts::Text(texts::kNoPicture));
-        } else {
-            delete std::exchange(_warning, nullptr);
-        }
-        setToolTip(unreadable ? texts::Text(texts::kNoPicture) : QString());
-        setAccessibleDescription(toolTip());
+        if (_warning)
+            _warning->setText(warning);
+        setToolTip(warning);
+        marks::Describe(*this, warning);
         update();  // the text moves aside
     }
 
@@ -141,6 +166,7 @@ private:
     QTimer* _timer = nullptr;
     QAction* _warning = nullptr;
     QAction* _clear = nullptr;
+    bool _is_refused = false;
 };
 
 // Enter presses this button too, since it opens something.
@@ -160,50 +186,6 @@ protected:
     }
 };
 
-// The file dialog with a preview at its right.
-class PictureDialog : public QFileDialog {
-public:
-    explicit PictureDialog(QWidget* parent) : QFileDialog(parent), _preview(new QLabel(this)) {
-        resize(kSize);
-        setAttribute(Qt::WA_DeleteOnClose);
-        setOption(QFileDialog::DontUseNativeDialog);
-        setFileMode(QFileDialog::ExistingFile);
-        setNameFilters({PicturesFilter(), texts::Text(texts::kAllFiles) + QStringLiteral(" (*)")});
-        _preview->setFixedWidth(kPreview + 2 * kFrame);
-        _preview->setFrameStyle(static_cast<int>(QFrame::StyledPanel) | static_cast<int>(QFrame::Sunken));
-        _preview->setAlignment(Qt::AlignCenter);
-        _preview->setText(texts::Text(texts::kNoPreview));
-        if (auto* grid = dynamic_cast<QGridLayout*>(layout()))
-            grid->addWidget(_preview, 0, grid->columnCount(), grid->rowCount(), 1);
-        connect(this, &QFileDialog::currentChanged, this, [this](const QString& path) { Preview(path); });
-    }
-
-private:
-    static constexpr int kPreview = 180, kFrame = 6;
-    static constexpr QSize kSize{820, 440};
-
-    static QString PicturesFilter() {
-        QStringList patterns(QStringLiteral("*.tga"));
-        for (const QByteArray& format : QImageReader::supportedImageFormats())
-            patterns.append(QStringLiteral("*.") + QString::fromLatin1(format));
-        patterns.removeDuplicates();
-        return texts::Text(texts::kPictures) + QStringLiteral(" (%1)").arg(patterns.join(u' '));
-    }
-
-    void Preview(const QString& path) {
-        const qreal ratio = devicePixelRatio();
-        QImage image = ReadPicture(path, QSize(kPreview, kPreview) * ratio);
-        if (image.isNull()) {
-            _preview->setText(texts::Text(texts::kNoPreview));
-            return;
-        }
-        image.setDevicePixelRatio(ratio);
-        _preview->setPixmap(QPixmap::fromImage(image));
-    }
-
-    QLabel* _preview;
-};
-
 class PopFileMirror : public ControlMirror {
 public:
     PopFileMirror(KSPopFile& control, WindowMirror& window, QWidget* parent)
@@ -211,7 +193,8 @@ public:
         auto* row = new QWidget(parent);
         row->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
         _edit = new PathEdit([this](const QString& path) { Choose(path); }, row);
-        QObject::connect(_edit, &QLineEdit::textEdited, _edit, [this](const QString& path) { Edit(path); });
+        QObject::connect(_edit, &QLineEdit::textEdited, _edit,
+                         [this](const QString& text) { Edit(PathFrom(text)); });
         QObject::connect(_edit, &QLineEdit::editingFinished, _edit, [this] { Commit(); });
         _browse = new BrowseButton(row);
         auto* layout = new QHBoxLayout(row);
@@ -236,8 +219,13 @@ public:
         _last_synced = _path;
     }
 
-    // Shows the control's path in place of one that it has refused.
-    void Commit() override { _edit->ShowPath(QString::fromStdString(_control.Path())); }
+    // Shows the control's path in place of what was typed for it. Says so where that was refused.
+    void Commit() override {
+        if (_edit->IsRefused())
+            QToolTip::showText(_edit->mapToGlobal(_edit->rect().bottomLeft()), texts::Text(texts::kNoPath),
+                               _edit);
+        _edit->ShowPath(QString::fromStdString(_control.Path()));
+    }
 
     QWidget* Editor() const override { return _edit; }
 
@@ -249,8 +237,10 @@ public:
 private:
     // A path that the control refuses stays in the line until Commit: it may be the first half of one.
     void Edit(const QString& path) {
-        if (_control.EditText(path.toStdString()))
+        const bool is_kept = _control.EditText(path.toStdString());
+        if (is_kept)
             _last_synced = path;
+        _edit->SetRefused(!is_kept);
     }
 
     // Takes a path that was chosen as a whole.
@@ -264,12 +254,8 @@ private:
             _dialog->activateWindow();
             return;
         }
-        _dialog = new PictureDialog(Widget()->window());
+        _dialog = new PictureDialog(_path, Widget()->window());
         _dialog->setWindowTitle(_browse->accessibleName());
-        if (const QFileInfo present(_path); present.isFile()) {
-            _dialog->setDirectory(present.absolutePath());
-            _dialog->selectFile(present.fileName());
-        }
         QObject::connect(_dialog, &QFileDialog::fileSelected, _edit,
                          [this](const QString& path) { Choose(path); });
         WearWhatItShows();
@@ -280,9 +266,12 @@ private:
         const std::optional<ks_pen> level = ks_current_look->LevelOf(&_control);
         if (!level)
             return;
-        QObject::connect(_dialog, &QFileDialog::currentChanged, _edit, [=, this](const QString& path) {
-            Window().Worn().TryOn([level = static_cast<std::size_t>(*level), bitmap = path.toStdString()](
-                                      ks_look& look) { look.bitmaps[level] = bitmap; });
+        _dialog->SetListener([level = static_cast<std::size_t>(*level), this](const QString& path) {
+            if (path.isEmpty())
+                Window().Worn().TakeOff();
+            else
+                Window().Worn().TryOn(
+                    [=, bitmap = path.toStdString()](ks_look& look) { look.bitmaps[level] = bitmap; });
         });
         Window().TakeOffAfter(*_dialog);
     }

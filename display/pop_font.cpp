@@ -10,7 +10,9 @@
 #include "display/window_mirror.h"
 #include "toolkit/KSLook.h"
 #include "toolkit/KSPopFont.h"
+#include "toolkit/settings_values.h"
 
+#include <QMimeData>
 #include <QPainter>
 #include <QPointer>
 
@@ -114,6 +116,15 @@ public:
     }
 
     QWidget* Editor() const override { return _button; }
+
+    // As the settings file has it.
+    QString CopiedText() const override { return QString::fromStdString(ks_format_font(_font)); }
+    std::function<void()> Paster(const QMimeData& data) override {
+        const std::optional<BFont> font = ks_parse_font(data.text().trimmed().toStdString());
+        if (!font || !(font->Size() > 0))
+            return nullptr;
+        return [font = *font, this] { _control.EditValue(font); };
+    }
 
 private:
     void WearWhatItShows(FontPanel& panel) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "display/pop_up_button.h"
 
+#include "display/marks.h"
+
 #include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QLabel>
@@ -56,7 +58,7 @@ PopUpButton::PopUpButton(QAccessible::Role role, QWidget* parent) : QAbstractBut
 
 void PopUpButton::SetValueText(const QString& text) {
     _value_text = text;
-    setAccessibleDescription(text);
+    marks::Describe(*this, text);
 }
 
 void PopUpButton::keyPressEvent(QKeyEvent* event) {

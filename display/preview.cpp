@@ -4,6 +4,7 @@
 // Its contents are built when it is first opened, and never before the window's first paint.
 #include "display/color_mirror.h"
 #include "display/color_vision.h"
+#include "display/combo.h"
 #include "display/draw.h"
 #include "display/pair_list.h"
 #include "display/pen_style.h"
@@ -17,7 +18,6 @@
 #include "toolkit/KSLook.h"
 #include "toolkit/KSLookPreview.h"
 
-#include <QComboBox>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QImage>
@@ -81,12 +81,11 @@ public:
         auto* column = new QVBoxLayout(this);
         column->setContentsMargins(kBorder, kBorder, kBorder + kHandle.width(), kBorder);
         column->setSpacing(kBorder);
-        auto* vision = new QComboBox(this);
+        auto* vision = new Combo(this);
         for (const texts::text& text :
              {texts::kMostPeople, texts::kProtanopia, texts::kDeuteranopia, texts::kTritanopia})
             vision->addItem(texts::Text(text));
         vision->setAccessibleName(texts::Text(texts::kVision));
-        vision->setFocusPolicy(Qt::StrongFocus);
         auto* picture = new PictureView(window.Worn(), this);
         connect(vision, &QComboBox::currentIndexChanged, picture,
                 [picture](int index) { picture->SetVision(static_cast<ColorVision>(index)); });

@@ -53,3 +53,16 @@ void BoundLeastSize(QWidget& window) {
     const QRect screen = window.screen()->availableGeometry();
     window.setMinimumSize(PlaceIn(screen, screen.topLeft(), window.minimumSizeHint()).size());
 }
+
+void PlaceDialog(QWidget& dialog, QSize wanted, const QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry(), frame = window.frameGeometry();
+    const QRect right = PlaceIn(screen, frame.topRight() + QPoint(1, 0), wanted);
+    const int width = right.width() + kFrame.left() + kFrame.right();
+    const QRect left = PlaceIn(screen, frame.topLeft() - QPoint(width, 0), wanted);
+    dialog.resize(right.size());
+    for (const QRect& place : {right, left})
+        if (place.left() > frame.right() || place.left() + width <= frame.left()) {
+            dialog.move(place.topLeft());
+            return;
+        }
+}

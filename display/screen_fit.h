@@ -18,3 +18,7 @@ void FitToScreen(QWidget& window, QPoint start, QSize least);
 
 // Sets the least size of a window: what it asks for, as far as its screen has room.
 void BoundLeastSize(QWidget& window);
+
+// Gives a dialog that is not shown yet its size, and puts it beside the window that it changes where the
+// screen has room for both.
+void PlaceDialog(QWidget& dialog, QSize wanted, const QWidget& window);

@@ -1,46 +1,12 @@
 // SPDX-License-Identifier: MIT
-// A spin box: arrows and wheel step once, Page Up and Page Down ten times. A number typed outside the bounds
-// becomes the nearer bound.
+// A spin box: arrows and wheel step once, Page Up and Page Down ten times.
 #include "display/control_mirror.h"
+#include "display/number_box.h"
 #include "toolkit/KSSpinBox.h"
 
-#include <QDoubleSpinBox>
-#include <QWheelEvent>
-
-#include <algorithm>
 #include <cmath>
 
 namespace {
-
-class Spin : public QDoubleSpinBox {
-public:
-    explicit Spin(QWidget* parent) : QDoubleSpinBox(parent) {
-        // The wheel turns it only while it has the focus: scrolling the window changes nothing.
-        setFocusPolicy(Qt::StrongFocus);
-        setAlignment(Qt::AlignRight);
-    }
-
-protected:
-    QValidator::State validate(QString& text, int& position) const override {
-        const QValidator::State state = QDoubleSpinBox::validate(text, position);
-        bool is_number;
-        locale().toDouble(text, &is_number);
-        return state == QValidator::Invalid && is_number ? QValidator::Intermediate : state;
-    }
-
-    void fixup(QString& text) const override {
-        bool is_number;
-        const double typed = locale().toDouble(text, &is_number);
-        text = textFromValue(is_number ? std::clamp(typed, minimum(), maximum()) : value());
-    }
-
-    void wheelEvent(QWheelEvent* event) override {
-        if (hasFocus())
-            QDoubleSpinBox::wheelEvent(event);
-        else
-            event->ignore();
-    }
-};
 
 bool IsWhole(float value) {
     return value == std::floor(value);
@@ -49,9 +15,9 @@ bool IsWhole(float value) {
 class SpinBoxMirror : public ControlMirror {
 public:
     SpinBoxMirror(KSSpinBox& control, WindowMirror& window, QWidget* parent)
-        : ControlMirror(control, window), _control(control), _spin(new Spin(parent)) {
+        : ControlMirror(control, window), _control(control), _spin(new NumberBox(parent)) {
         SetWidget(_spin);
-        QObject::connect(_spin, &QDoubleSpinBox::valueChanged, _spin,
+        QObject::connect(_spin, &NumberBox::valueChanged, _spin,
                          [this](double value) { _control.EditValue(static_cast<float>(value)); });
     }
 
@@ -86,7 +52,7 @@ private:
     }
 
     KSSpinBox& _control;
-    QDoubleSpinBox* _spin;
+    NumberBox* _spin;
     float _minimum = 0, _maximum = 0, _step = 0, _value = 0;
 };
 

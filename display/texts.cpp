@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "display/texts.h"
 
-#include "toolkit/KSLocale.h"
-
 #include <QCoreApplication>
 #include <QLibraryInfo>
 #include <QString>
@@ -27,7 +25,7 @@ constexpr code kCodes[] = {{"deutsch", "de"},  {"espanol", "es"},      {"francai
 }  // namespace
 
 QString texts::Text(const text& row) {
-    return QString::fromUtf8(ks_toolkit_locale->String(row.id, row.english));
+    return QString::fromUtf8(ks_toolkit_locale->String(row));
 }
 
 void texts::TranslateQt(QCoreApplication& application) {

@@ -3,17 +3,14 @@
 // the application's.
 #pragma once
 
-#include <cstdint>
+#include "toolkit/KSLocale.h"
 
 class QCoreApplication;
 class QString;
 
 namespace texts {
 
-struct text {
-    std::uint32_t id;  // in the catalogs
-    const char* english;
-};
+using text = ks_text;
 
 // Dialogs and tips. "&" stands before a mnemonic.
 inline constexpr text kNoPicture{1, "This file is not a readable picture"};
@@ -76,6 +73,21 @@ inline constexpr text kPenSelected{51, "Selected menuitems"};
 inline constexpr text kVision{52, "Colour vision"};
 inline constexpr text kPairs{53, "Pairs of colours"};
 inline constexpr text kBitmap{54, "bitmap"};
+inline constexpr text kChanged{65, "changed"};
+
+// Menus.
+inline constexpr text kUndo{60, "&Undo"};
+inline constexpr text kRedo{61, "&Redo"};
+inline constexpr text kCopy{62, "&Copy"};
+inline constexpr text kPaste{63, "&Paste"};
+inline constexpr text kRevertThis{64, "Re&vert this"};
+
+// What the editors say.
+inline constexpr text kNoPath{70, "This text cannot be kept as a path"};
+inline constexpr text kNoColor{71, "This text is not a color"};
+inline constexpr text kSearch{72, "Search"};
+inline constexpr text kFixedOnly{73, "Fixed &width only"};
+inline constexpr text kSampleText{74, "Sample text"};
 
 // Returns the text in the user's language, or in English where the catalog lacks it.
 QString Text(const text& row);

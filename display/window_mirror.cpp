@@ -4,21 +4,28 @@
 #include "display/window_mirror.h"
 
 #include "display/draw.h"
+#include "display/editor_watch.h"
+#include "display/marks.h"
 #include "display/mnemonics.h"
 #include "display/pen_style.h"
 #include "display/post_queue.h"
 #include "display/screen_fit.h"
+#include "display/texts.h"
 #include "display/wardrobe.h"
 #include "kits/BWindow.h"
 #include "toolkit/KSContainer.h"
+#include "toolkit/KSHistory.h"
 #include "toolkit/KSLabel.h"
+#include "toolkit/KSListView.h"
 #include "toolkit/KSLook.h"
 
 #include <QAccessibleWidget>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPointer>
 #include <QPushButton>
@@ -26,14 +33,34 @@
 #include <QSignalBlocker>
 #include <QWidget>
 
+#include <algorithm>
 #include <set>
 #include <utility>
 
+namespace {
+
+constexpr QKeyCombination kUndoKey = Qt::CTRL | Qt::Key_Z;
+constexpr QKeyCombination kRedoKeys[] = {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y};
+
+// Qt opens it at the menu key only.
+void OpenMenuOfFocus() {
+    QWidget* focus = QApplication::focusWidget();
+    if (!focus)
+        return;
+    const QPoint where = focus->rect().center();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, where, focus->mapToGlobal(where));
+    QApplication::sendEvent(focus, &event);
+}
+
+}  // namespace
+
 class WindowMirror::Top : public QWidget {
 public:
-    Top(BWindow& window, Wardrobe& wardrobe) : _window(window), _wardrobe(wardrobe) {
+    Top(WindowMirror& mirror, Wardrobe& wardrobe)
+        : _mirror(mirror), _window(mirror.Window()), _wardrobe(wardrobe) {
         setAttribute(Qt::WA_OpaquePaintEvent);
         QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
+        marks::MakeGround(*this);
     }
 
     void SetDefaultButton(QPushButton* button) {
@@ -54,7 +81,9 @@ public:
 protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        draw::Level(painter, PenStyle::Instance().Wearing(), rect(), KS_PEN_BG_LOW, QPoint());
+        const auto& worn = PenStyle::Instance().Wearing();
+        draw::Level(painter, worn, rect(), KS_PEN_BG_LOW, QPoint());
+        marks::Paint(painter, worn, *this, KS_PEN_BG_LOW);
         if (!std::exchange(_is_painted, true))
             QMetaObject::invokeMethod(
                 &_wardrobe, [this] { _wardrobe.ReadBitmaps(); }, Qt::QueuedConnection);
@@ -85,9 +114,14 @@ protected:
             QWidget::keyPressEvent(event);
     }
 
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        OpenMenu(*this, event->globalPos(), _mirror.HistoryEntries());
+    }
+
 private:
     static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
 
+    WindowMirror& _mirror;
     BWindow& _window;
     Wardrobe& _wardrobe;
     bool _is_painted = false;
@@ -113,11 +147,15 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     }
     // First of all: a widget begins with the fonts that are worn when it is made.
     wardrobe.Wear(look);
-    _top = std::make_unique<Top>(window, wardrobe);
+    _top = std::make_unique<Top>(*this, wardrobe);
     auto* layout = new QHBoxLayout(_top.get());
     layout->setContentsMargins({});
     layout->setSizeConstraint(QLayout::SetNoConstraint);
     layout->setSpacing(0);
+    new QShortcut(kUndoKey, _top.get(), [this] { Undo(); });
+    for (const QKeyCombination key : kRedoKeys)
+        new QShortcut(key, _top.get(), [this] { Redo(); });
+    new QShortcut(Qt::SHIFT | Qt::Key_F10, _top.get(), OpenMenuOfFocus);
     new QShortcut(Qt::Key_F8, _top.get(), [&wardrobe] { wardrobe.WearPlain(!wardrobe.IsPlain()); });
     {
         BAutolock lock(&window);
@@ -137,6 +175,9 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
         const QSignalBlocker blocker(mirror->Widget());
         mirror->Apply();
     }
+    for (const auto& mirror : _mirrors)
+        if (mirror->Editor() && mirror->Control().IsEditor())
+            new EditorWatch(*mirror);
     _top->setWindowTitle(QString::fromUtf8(window.Title()));
     ShowLabels();
     // What was measured before the texts were there is measured again, children before their parents.
@@ -216,11 +257,7 @@ void WindowMirror::Sync() {
             for (const auto& mirror : _mirrors)
                 changed.push_back(mirror.get());
         }
-        for (ControlMirror* mirror : changed) {
-            const QString label = mirror->Label();
-            mirror->Fetch();
-            labels |= label != mirror->Label();
-        }
+        Fetch(changed, labels);
         look = ks_current_look->Copy();
     }
     for (ControlMirror* mirror : changed) {
@@ -239,6 +276,69 @@ void WindowMirror::Sync() {
     // A new layout has drawn everything.
     if (redraw && !layout)
         _top->update();
+}
+
+void WindowMirror::Fetch(std::vector<ControlMirror*>& changed, bool& labels) {
+    bool marks = false;
+    for (ControlMirror* mirror : changed) {
+        const QString label = mirror->Label();
+        const bool was_edited = mirror->IsEdited();
+        mirror->Fetch();
+        labels |= label != mirror->Label();
+        marks |= was_edited != mirror->IsEdited();
+    }
+    if (!marks)
+        return;
+    for (const auto& mirror : _mirrors)
+        if (dynamic_cast<KSListView*>(&mirror->Control()) && !mirror->Control().IsEditor()) {
+            mirror->Fetch();
+            if (std::ranges::find(changed, mirror.get()) == changed.end())
+                changed.push_back(mirror.get());
+        }
+}
+
+void WindowMirror::Undo() {
+    if (_typing && _typing->Line()->isUndoAvailable())
+        _typing->Line()->undo();
+    else
+        Exchange(false);
+}
+
+void WindowMirror::Redo() {
+    if (_typing && _typing->Line()->isRedoAvailable())
+        _typing->Line()->redo();
+    else
+        Exchange(true);
+}
+
+void WindowMirror::Exchange(bool redo) {
+    SetTyping(nullptr);
+    const BAutolock lock(&_window);
+    KSHistory* history = lock ? KSHistory::Of(&_window) : nullptr;
+    if (history && redo)
+        history->Redo();
+    else if (history)
+        history->Undo();
+}
+
+std::vector<menu_entry> WindowMirror::HistoryEntries() {
+    const BAutolock lock(&_window);
+    const KSHistory* history = lock ? KSHistory::Of(&_window) : nullptr;
+    return {{texts::Text(texts::kUndo), kUndoKey, [this] { Undo(); }, history && history->CanUndo()},
+            {texts::Text(texts::kRedo), kRedoKeys[0], [this] { Redo(); }, history && history->CanRedo()}};
+}
+
+bool WindowMirror::IsHistoryKey(const QKeyEvent& event) {
+    const QKeySequence key(event.keyCombination());
+    return key == kUndoKey || key == kRedoKeys[0] || key == kRedoKeys[1];
+}
+
+void WindowMirror::SetTyping(const ControlMirror* mirror) {
+    if (std::exchange(_typing, mirror) == mirror)
+        return;
+    const BAutolock lock(&_window);
+    if (KSHistory* history = lock ? KSHistory::Of(&_window) : nullptr)
+        history->SetTyping(mirror ? &mirror->Control() : nullptr);
 }
 
 void WindowMirror::ShowLabels() {

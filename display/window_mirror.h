@@ -2,6 +2,7 @@
 // A window on the screen: its top widget, and a mirror for each control in it.
 #pragma once
 
+#include "display/context_menu.h"
 #include "display/control_mirror.h"
 
 #include <memory>
@@ -12,6 +13,7 @@ class BWindow;
 class KSContainer;
 class PostQueue;
 class QDialog;
+class QKeyEvent;
 class QPushButton;
 class QWidget;
 class Wardrobe;
@@ -37,6 +39,14 @@ public:
     Wardrobe& Worn() const { return _wardrobe; }
     // Wears what the controls say, and nothing that was tried on, when `dialog` has closed.
     void TakeOffAfter(const QDialog& dialog);
+    // Undo and redo: in the text that is being typed as long as there is something, else in the history.
+    void Undo();
+    void Redo();
+    std::vector<menu_entry> HistoryEntries();
+    static bool IsHistoryKey(const QKeyEvent& event);
+    // In `mirror` the user has begun to type; null when he has finished.
+    void SetTyping(const ControlMirror* mirror);
+    bool IsTyping(const ControlMirror& mirror) const { return _typing == &mirror; }
     // Sets the button that Enter presses, wherever the keyboard's focus is.
     void SetDefaultButton(QPushButton* button);
 
@@ -45,6 +55,9 @@ private:
 
     void Listen(bool on);
     void Sync();
+    void Exchange(bool redo);
+    // Copies the mirrors' state, and that of the lists that mark what has changed in others.
+    void Fetch(std::vector<ControlMirror*>& changed, bool& labels);
     // Names the editors for assistive tools, and shows the labels with their mnemonics.
     void ShowLabels();
     // The mirrors that show labels: first those that are always visible, then those of each page.
@@ -62,6 +75,7 @@ private:
     std::vector<std::unique_ptr<ControlMirror>> _mirrors;  // children before their parents
     std::unordered_map<const KSControl*, ControlMirror*> _by_control;
     std::unique_ptr<Top> _top;
+    const ControlMirror* _typing = nullptr;
 
     // Ends the listening, also when the constructor throws.
     struct Listening {

@@ -39,7 +39,7 @@ void TakeSelectedLanguage() {
     if (index >= 0) {
         _language = static_cast<const KSStringItem*>(_llist->ItemAt(index))->String();
     } else {
-        _llist->Select(0, false);
+        _llist->CorrectSelection(0);
         _language = kEnglish;
     }
 }

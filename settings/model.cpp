@@ -4,6 +4,7 @@
 #include "kits/storage.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
+#include "toolkit/KSHistory.h"
 #include "toolkit/KSListView.h"
 #include "toolkit/KSLook.h"
 #include "toolkit/KSPopFile.h"
@@ -61,9 +62,8 @@ void ApplyDefaults() {
     const BPath no_bitmap;
     for (KSPopFile* background : _backgrounds)
         background->SetText(&no_bitmap, true);
-    ApplyPalette(kDefaultPalette);
     for (std::size_t pen = 0; pen < KS_PEN_NONE; ++pen)
-        _colors[pen]->Settle();
+        _colors[pen]->SetColor(ks_palettes[kDefaultPalette][pen], false, false);
     _bubblehelp->SetValue(true);
     _beos_size->SetValue(true);
     _bubbletime->SetValue(2000000);
@@ -73,7 +73,7 @@ void ApplyDefaults() {
 }
 
 void ApplyPalette(ks_palette which) {
-    const KSAutolock at_once(_llist);
+    const KSHistory::Step step(*_llist);
     for (std::size_t pen = 0; pen < KS_PEN_NONE; ++pen)
         _colors[pen]->EditColor(ks_palettes[which][pen]);
 }

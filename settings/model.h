@@ -53,7 +53,7 @@ void TieEditors();
 // Puts the default of every value into its editor. The look and the fonts stay as they were built.
 void ApplyDefaults();
 
-// Sets every colour field from a palette, as the user does: it is settled when it is stored.
+// Sets every colour field from a palette, as the user does, in one step: it is settled when it is stored.
 void ApplyPalette(ks_palette which);
 
 }  // namespace config

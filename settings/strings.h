@@ -4,14 +4,9 @@
 
 #include "toolkit/KSLocale.h"
 
-#include <cstdint>
-
 namespace config {
 
-struct text {
-    std::uint32_t id;  // in the catalogs
-    const char* english;
-};
+using text = ks_text;
 
 // 22 and 32 are not used.
 inline constexpr text kStringOk{1, "OK"};
@@ -67,7 +62,7 @@ inline constexpr text kStringCategories{52, "Categories"};
 
 // Returns the opened catalog's text, or the English one where that has none.
 inline const char* LocalString(const text& row) {
-    return ks_locale->String(row.id, row.english);
+    return ks_locale->String(row);
 }
 
 }  // namespace config

@@ -4,6 +4,7 @@
 #include "kits/BWindow.h"
 #include "kits/storage.h"
 #include "toolkit/KSContainer.h"
+#include "toolkit/KSHistory.h"
 #include "toolkit/KSLocale.h"
 #include "toolkit/KSLook.h"
 #include "toolkit/installed_languages.h"
@@ -12,11 +13,12 @@
 
 namespace {
 
-// Calls `visit` for the content of every window, under that window's lock.
+// Calls `visit` for the content of every window, under that window's lock. What it edits in one window is one
+// step.
 template <class Visit> void ForEachContent(const BApplication& application, Visit visit) {
     for (BWindow* window : application.Windows()) {
-        const BAutolock lock(window);
-        if (!lock)
+        const KSHistory::Step step(window);
+        if (!step)
             continue;
         for (const auto& view : window->Children()) {
             const auto* container = dynamic_cast<const KSContainer*>(view.get());

@@ -3,6 +3,10 @@
 
 #include "kits/BLooper.h"
 #include "toolkit/KSContainer.h"
+#include "toolkit/KSHistory.h"
+
+#include <algorithm>
+#include <utility>
 
 KSControl::KSControl(const char* name, unsigned) : KSFrame(name) {}
 
@@ -24,6 +28,23 @@ void KSControl::SettleUnderEdit(const std::function<void()>& settle) {
 }
 
 bool KSControl::IsEdited() const {
+    return false;
+}
+
+bool KSControl::HasEdits() const {
+    const KSAutolock lock(this);
+    return IsEdited() || std::ranges::any_of(Children(), [](const auto& child) { return child->HasEdits(); });
+}
+
+bool KSControl::IsEditor() const {
+    return false;
+}
+
+std::any KSControl::ExchangeValue(std::any) {
+    return {};
+}
+
+bool KSControl::HoldsValue(const std::any&) const {
     return false;
 }
 
@@ -98,6 +119,11 @@ void KSControl::RedrawSelf() {
     const KSAutolock lock(this);
     if (KSContainer* container = Container())
         container->RequestRedraw();
+}
+
+void KSControl::Record(std::any before, bool in_run) {
+    if (KSHistory* history = KSHistory::Of(*this))
+        history->Add(*this, std::move(before), in_run);
 }
 
 void KSControl::Changed() {

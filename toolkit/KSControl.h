@@ -8,6 +8,7 @@
 //
 // Values change in two ways. The program's setters, named in each class, also settle the value: Revert comes
 // back to it. The user's operations are named Edit...; whoever shows the window calls them on its thread.
+// What they and Revert replace can be brought back (KSHistory).
 //
 // The lock of a closed window cannot be taken. From then on its controls belong to the thread that deletes
 // the window; single calls still work there.
@@ -16,6 +17,7 @@
 #include "kits/BMessage.h"
 #include "toolkit/KSFrame.h"
 
+#include <any>
 #include <functional>
 #include <optional>
 #include <string>
@@ -42,6 +44,15 @@ public:
     virtual void SettleUnderEdit(const std::function<void()>& settle);
     // Whether the control's own value is not its settled one: the user has changed it.
     virtual bool IsEdited() const;
+    // Whether this is so for the control or one below it.
+    bool HasEdits() const;
+    // Whether the control has a value that the user edits and Revert puts back.
+    virtual bool IsEditor() const;
+
+    // For the window's history. ExchangeValue gives the control another value, as an edit that is no step,
+    // and returns the one that it had. Both are of the kind that the control has given to Record.
+    virtual std::any ExchangeValue(std::any value);
+    virtual bool HoldsValue(const std::any& value) const;
 
     void Hide(bool hide);
     bool IsHidden() const;
@@ -78,6 +89,9 @@ public:
     }
 
 protected:
+    // Makes the user's present edit a step of the window's history, or a part of one (KSHistory::Add). Called
+    // under the window's lock after the value has changed; `before` is what it was.
+    void Record(std::any before, bool in_run);
     // Tells whoever shows the window that this control's state has changed. Called under the window's lock.
     void Changed();
     BLooper* Target() const { return _target; }

@@ -41,7 +41,7 @@ void KSCycle::SelectLabel(const char* label) {
 void KSCycle::EditSelection(long index) {
     const KSAutolock lock(this);
     if (HasLabel(index))
-        UserSets(index);
+        UserSets(index, true);
 }
 
 long KSCycle::CurrentSelection() const {

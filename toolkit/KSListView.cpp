@@ -81,18 +81,36 @@ KSListItem* KSListView::Item(long index) const {
 
 void KSListView::Select(long index, bool) {
     const KSAutolock lock(this);
-    if (!_selection.Set(Item(index) ? index : -1))
-        return;
-    SelectionMoved();
-    Send(_selection_message);
+    const bool was_edited = IsEdited();
+    if (_selection.Set(Item(index) ? index : -1)) {
+        SelectionMoved();
+        Send(_selection_message);
+    } else if (was_edited) {
+        Changed();
+    }
 }
 
 void KSListView::EditSelection(long index) {
     const KSAutolock lock(this);
+    const long before = _selection.Get();
+    if (EditAndTell(index) && IsEditor())
+        Record(before, true);
+}
+
+bool KSListView::EditAndTell(long index) {
+    if (!_selection.Edit(Item(index) ? index : -1))
+        return false;
+    SelectionMoved();
+    CallSelectionHook();
+    Send(_selection_message);
+    return true;
+}
+
+void KSListView::CorrectSelection(long index) {
+    const KSAutolock lock(this);
     if (!_selection.Edit(Item(index) ? index : -1))
         return;
     SelectionMoved();
-    CallSelectionHook();
     Send(_selection_message);
 }
 
@@ -103,8 +121,10 @@ long KSListView::CurrentSelection() const {
 
 bool KSListView::Revert() {
     const KSAutolock lock(this);
+    const long before = _selection.Get();
     if (!_selection_message || !_selection.Revert())
         return false;
+    Record(before, false);
     SelectionMoved();
     return true;
 }
@@ -124,7 +144,10 @@ void KSListView::SendReverted(BLooper& caller) {
 
 void KSListView::Settle() {
     const KSAutolock lock(this);
+    const bool was_edited = IsEdited();
     _selection.Settle();
+    if (was_edited)
+        Changed();
 }
 
 void KSListView::SettleUnderEdit(const std::function<void()>& settle) {
@@ -133,12 +156,29 @@ void KSListView::SettleUnderEdit(const std::function<void()>& settle) {
     const long edit = _selection.Get();
     settle();
     if (is_edited)
-        EditSelection(edit);
+        EditAndTell(edit);
 }
 
 bool KSListView::IsEdited() const {
     const KSAutolock lock(this);
     return _selection_message && _selection.IsEdited();
+}
+
+bool KSListView::IsEditor() const {
+    const KSAutolock lock(this);
+    return _selection_message.has_value();
+}
+
+std::any KSListView::ExchangeValue(std::any value) {
+    const KSAutolock lock(this);
+    const long before = _selection.Get();
+    EditAndTell(std::any_cast<long>(value));
+    return before;
+}
+
+bool KSListView::HoldsValue(const std::any& value) const {
+    const KSAutolock lock(this);
+    return std::any_cast<long>(value) == _selection.Get();
 }
 
 void KSListView::SelectionMoved() {

@@ -63,6 +63,10 @@ public:
     // shows the list, else by whoever changed it.
     virtual void SelectionChanged();
 
+    // Whether the item at `index` stands for values of which the user has changed one; it is shown with a
+    // dot. Called on the display's thread under the lock. In the base none is.
+    virtual bool IsItemMarked(long /*index*/) const { return false; }
+
     void SetListMode(long) {}  // always 0: at most one item is selected
     // These two do nothing: a list has neither here.
     void HideColumnBar(bool, bool) {}
@@ -80,6 +84,9 @@ public:
     void Select(long index, bool extend);
     // The user's selection; calls the hook at once.
     void EditSelection(long index);
+    // Selects an item in the place of a selection of the user's that the program does not take. This neither
+    // settles nor is a step of the window's history.
+    void CorrectSelection(long index);
     // Returns the selected item's index, or -1.
     long CurrentSelection() const;
 
@@ -89,6 +96,9 @@ public:
     void Settle() override;
     void SettleUnderEdit(const std::function<void()>& settle) override;
     bool IsEdited() const override;
+    bool IsEditor() const override;
+    std::any ExchangeValue(std::any value) override;
+    bool HoldsValue(const std::any& value) const override;
 
     // Calls SelectionChanged if the selection has changed since the last call. For whoever shows the window,
     // under its lock.
@@ -98,6 +108,8 @@ private:
     // These are called under the lock.
     long Count() const { return static_cast<long>(_items.size()); }
     KSListItem* Item(long index) const;
+    // Makes the user's selection, calls the hook and sends the message; returns whether it is another one.
+    bool EditAndTell(long index);
     void SelectionMoved();
 
     std::vector<std::unique_ptr<KSListItem>> _items;

@@ -7,6 +7,12 @@
 #include <string_view>
 #include <unordered_map>
 
+// A text of a program: its number in the catalogs and its English form.
+struct ks_text {
+    std::uint32_t id;
+    const char* english;
+};
+
 class KSLocale {
 public:
     // Opens `catalog` of the language that the settings file names: the last LANGUAGE line whose value has
@@ -21,6 +27,8 @@ public:
     // Returns the catalog's text for `id`, or `default_text` when it has none or an empty one. The
     // catalog's texts live until the next Open or Read.
     const char* String(std::uint32_t id, const char* default_text) const;
+
+    const char* String(const ks_text& text) const { return String(text.id, text.english); }
 
     // The language that Open has found, whether it has the catalog or not.
     const std::string& Language() const { return _language; }

@@ -15,7 +15,7 @@ void KSPopFile::SetText(const BPath* path, bool notify) {
 bool KSPopFile::EditText(const std::string& path) {
     if (!path.empty() && !ks_fits_settings_line(path))
         return false;
-    UserSets(path);
+    UserSets(path, true);
     return true;
 }
 

@@ -56,7 +56,7 @@ void KSSpinBox::SetValue(float value) {
 void KSSpinBox::EditValue(float value) {
     const KSAutolock lock(this);
     if (!std::isnan(value))
-        UserSets(Clamped(value));
+        UserSets(Clamped(value), true);
 }
 
 float KSSpinBox::Value() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "kits/BWindow.h"
+#include "toolkit/KSHistory.h"
 
 using ks_window_look = long;
 using ks_window_feel = long;
@@ -12,4 +13,10 @@ public:
     // Look 1 is an ordinary titled window; feel, flags and workspaces are 0.
     KSWindow(KSRect<long> frame, const char* title, ks_window_look, ks_window_feel, unsigned, unsigned)
         : BWindow(frame, title) {}
+
+    // Used under the window's lock.
+    KSHistory& History() { return _history; }
+
+private:
+    KSHistory _history;
 };

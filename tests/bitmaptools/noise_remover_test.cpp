@@ -2,8 +2,6 @@
 // Noise removal equals its definition, whatever the radius and the image.
 #include "tests/bitmaptools/pixel_arrays.h"
 
-#include <string>
-
 namespace {
 
 using Byte = std::uint8_t;
@@ -76,31 +74,6 @@ TEST(NoiseRemover, EqualsItsDefinitionOnNoise) {
             picture.bytes[i] = static_cast<Byte>(i % width == width / 3 ? 7 : noise.Word());
         ExpectCleaned(0, picture, radius, threshold);
     }
-}
-
-// A digit is a pixel.
-TEST(NoiseRemover, WorkedValues) {
-    const struct {
-        const char* name;
-        std::uint32_t width;
-        Byte radius, threshold;
-        std::string image, want;
-    } rows[] = {
-        {"ThresholdZero", 3, 1, 0, "000090000", "000090000"},
-        {"TieGoesRight", 5, 2, 1, "11522", "11222"},
-        {"LeftIsMoreFrequent", 5, 2, 1, "11527", "11172"},
-        {"AdjacentSpecksStay", 4, 1, 1, "00000990", "00000990"},
-        {"TestsSeeTheImageAsItWas", 4, 1, 1, "000009800000", "000008000000"},
-        {"OnePixelWide", 1, 1, 1, "123", "123"},
-    };
-    for (const auto& row : rows) {
-        Bytes got(row.image.begin(), row.image.end());
-        KSBitmapTools::NoiseRemover(got.data(), row.width, static_cast<std::uint32_t>(got.size() / row.width),
-                                    row.radius, row.threshold);
-        EXPECT_EQ(std::string(got.begin(), got.end()), row.want) << row.name;
-    }
-    KSBitmapTools::NoiseRemover(nullptr, 0, 4000000000u, 3, 3);
-    KSBitmapTools::NoiseRemover(nullptr, 4000000000u, 0, 3, 3);
 }
 
 }  // namespace

@@ -3,13 +3,11 @@
 #include "display/picture_file.h"
 #include "tests/display/shown_program.h"
 
-#include <QAction>
 #include <QDoubleSpinBox>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
-#include <QUrl>
 
 #include <cmath>
 #include <sys/stat.h>
@@ -27,35 +25,6 @@ class FontPopUp : public Shown {};
 
 QLineEdit* PathLine(ShownProgram& program) {
     return program.Named<QLineEdit>("Low level: bitmap");
-}
-
-TEST_F(FilePopUp, TakesWhatIsTypedChosenOrDroppedAndShowsWhatItKeeps) {
-    const std::string path = home.NewFile("with space.png");
-    ShownProgram::Run([&](ShownProgram& program) {
-        program.Open(1);
-        const auto expect = [&](const std::string& want) {
-            EXPECT_EQ(_backgrounds[0]->Path(), want);
-            EXPECT_EQ(program.OnScreen([&] { return PathLine(program)->text().toStdString(); }), want);
-        };
-        program.OnScreen([&] { QTest::keyClicks(PathLine(program), QStringLiteral("/tmp/a b.png")); });
-        expect("/tmp/a b.png");
-        program.OnScreen([&] { PathLine(program)->actions().front()->trigger(); });  // clears the line
-        expect("");
-        _backgrounds[0]->SetText("/kept", false);
-        expect("/kept");
-        program.OnScreen([&] {
-            PathLine(program)->selectAll();
-            PathLine(program)->insert(QString(2000, u'x'));  // does not fit into the file
-            program.Button("Apply")->click();
-        });
-        expect("/kept");
-        program.OnScreen([&] {
-            QMimeData mime;
-            mime.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
-            EXPECT_TRUE(ShownProgram::Drop(PathLine(program), mime));
-        });
-        expect(path);
-    });
 }
 
 TEST_F(FilePopUp, MarksWhatIsNoReadablePicture) {
@@ -119,13 +88,15 @@ TEST(PictureFile, ReadsEveryTgaAndNothingThatIsNoFile) {
     EXPECT_EQ(read("picture", packed).pixelColor(1, 0), QColor(255, 0, 0));
 
     EXPECT_TRUE(read("empty.tga", "").isNull());
-    std::string huge = kTga;
-    huge.replace(12, 4, "\377\377\377\377");
-    EXPECT_TRUE(read("huge.tga", huge).isNull());
+    // More than is read at all, and more than so small a file can hold.
+    for (const char* size : {"\377\377\377\377", "\377\077\377\017"}) {
+        std::string huge = packed;
+        huge.replace(12, 4, size);
+        EXPECT_TRUE(read("huge.tga", huge).isNull());
+    }
     ASSERT_EQ(mkfifo((home.Path() / "pipe").c_str(), 0600), 0);
     EXPECT_FALSE(IsPicture(QString::fromStdString(home.Path() / "pipe")));
     EXPECT_FALSE(IsPicture(QString::fromStdString(home.Path())));
-    EXPECT_LE(read("plain.tga", kTga).width(), 2);
     EXPECT_EQ(ReadPicture(QString::fromStdString(home.Path() / "plain.tga"), QSize(1, 1)).size(),
               QSize(1, 1));
 }

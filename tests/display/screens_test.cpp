@@ -1,18 +1,10 @@
 // SPDX-License-Identifier: MIT
-// That the window fits its screen, whatever its texts are, and what assistive tools make of its rows.
-#include "display/pop_up_button.h"
+// That the window fits its screen, whatever its texts are.
 #include "display/screen_fit.h"
 #include "display/shown_text.h"
 #include "tests/display/shown_program.h"
 
-#include <QAccessible>
-#include <QAccessibleInterface>
-#include <QGroupBox>
-#include <QLineEdit>
 #include <QScreen>
-#include <QToolButton>
-
-#include <algorithm>
 
 namespace {
 
@@ -66,7 +58,7 @@ TEST_F(Screen, HoldsAWindowWithTextsOfAnyLength) {
     });
 }
 
-TEST_F(Screen, ScrollsAPageToWhatHasTheKeyboard) {
+TEST_F(Screen, ScrollsAPageOrGivesItsListsTheSpareHeight) {
     ShownProgram::Run([](ShownProgram& program) {
         program.Open(3);
         program.OnScreen([&] { program.Top()->resize(1, 1); });
@@ -78,30 +70,11 @@ TEST_F(Screen, ScrollsAPageToWhatHasTheKeyboard) {
             EXPECT_EQ(last->visibleRegion().boundingRect(), last->rect());
         });
         program.OnScreen([&] { program.Top()->resize(700, 1500); });
-        program.OnScreen([&] { EXPECT_GT(program.Named<QListWidget>("Language")->height(), 800); });
-    });
-}
-
-// Colour and bitmap of a level have names of their own; its label belongs to the colour.
-TEST_F(Screen, NamesWhatIsInARowAndTiesItToItsLabel) {
-    home.Write(home.SettingsFile(), "KS_PEN_BG_LOW_BMP = " + home.NewFile("no.png") + "\n");
-    ShownProgram::Run([](ShownProgram& program) {
-        program.Open(1);
         program.OnScreen([&] {
-            auto* color = QAccessible::queryAccessibleInterface(program.Named<PopUpButton>("Low level"));
-            const auto labels = color->relations(QAccessible::Label);
-            ASSERT_EQ(labels.size(), 1);
-            EXPECT_EQ(labels[0].first->text(QAccessible::Name), QStringLiteral("Low level"));
-            EXPECT_TRUE(program.Named<QGroupBox>("Backgrounds")->isVisible());
+            EXPECT_GT(program.Named<QListWidget>("Language")->height(), 800);
+            EXPECT_GT(program.Categories()->height(), 1200);
+            EXPECT_GT(program.Button("OK")->mapTo(program.Top(), QPoint()).y(), 1400);
         });
-        EXPECT_TRUE(program.Eventually([&] {
-            const auto buttons = program.Named<QLineEdit>("Low level: bitmap")->findChildren<QToolButton*>();
-            return buttons.size() == 2 && std::ranges::none_of(buttons, [](QToolButton* button) {
-                       return QAccessible::queryAccessibleInterface(button)
-                           ->text(QAccessible::Name)
-                           .isEmpty();
-                   });
-        }));
     });
 }
 

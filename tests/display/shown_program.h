@@ -34,17 +34,13 @@ public:
 
 class ShownProgram : public UsedProgram {
 public:
-    // Starts the program and calls `use` on a thread of its own once the window is on the screen and has its
-    // values; returns when the program has ended. It is told to when `use` returns.
+    // Calls `use` on a thread of its own once the window is on the screen; returns when the program has
+    // ended.
     static void Run(const std::function<void(ShownProgram&)>& use) {
         const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
         TestDisplay server;
-        ShownProgram(server, use).RunUsed(server);
-    }
-
-    bool QuitRequested() override {
-        quits.Add(B_QUIT_REQUESTED);
-        return UsedProgram::QuitRequested();
+        ShownProgram program(server);
+        program.RunUsed(server, [&] { use(program); });
     }
 
     // Runs `function` on the main thread and returns what it returns.
@@ -126,21 +122,10 @@ public:
         return drop.isAccepted();
     }
 
-    Journal<std::uint32_t> quits;  // an entry each time that the program is told to end
-
 private:
     static constexpr std::chrono::seconds kPatience{20};
 
-    ShownProgram(TestDisplay& server, const std::function<void(ShownProgram&)>& use)
-        : UsedProgram([this, use] {
-              try {
-                  use(*this);
-              } catch (const std::exception& error) {
-                  ADD_FAILURE() << error.what();
-              }
-              PostMessage(B_QUIT_REQUESTED);
-          }),
-          _server(server) {}
+    explicit ShownProgram(TestDisplay& server) : _server(server) {}
 
     TestDisplay& _server;
 };

@@ -7,9 +7,12 @@
 #include <QAccessible>
 #include <QColorDialog>
 #include <QDoubleSpinBox>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QStyle>
+#include <QToolTip>
 
 #include <map>
 #include <set>
@@ -22,40 +25,19 @@ class WornLook : public Shown {};
 
 enum Place { kPens, kBackgrounds, kFonts, kOptions, kMarkedNumber, kCursor, kFontPanel };
 
-struct SeenPen {
-    ks_pen pen;
-    Place place;
-    bool only_nymbrel = false;
+// What is seen where.
+const std::vector<std::pair<Place, std::vector<ks_pen>>> kSeen = {
+    {kPens, {KS_PEN_BG_LOW, KS_PEN_BG_MED, KS_PEN_SHINE, KS_PEN_MARK}},
+    {kBackgrounds, {KS_PEN_BG_MED, KS_PEN_BG_EDIT, KS_PEN_TEXT, KS_PEN_HALFSHINE}},
+    {kFonts, {KS_PEN_BG_LIST, KS_PEN_BG_SELECTED, KS_PEN_HALFDARK}},
+    {kOptions,
+     {KS_PEN_BG_HIGH, KS_PEN_BG_EDIT, KS_PEN_BG_BUTTON, KS_PEN_DISABLEDTEXT, KS_PEN_DARK, KS_PEN_MARK}},
+    {kFontPanel, {KS_PEN_BG_READ, KS_PEN_BG_SLIDER}},
+    {kCursor, {KS_PEN_TEXT_FG_CURSOR, KS_PEN_TEXT_BG_CURSOR}},
+    {kMarkedNumber, {KS_PEN_TEXT_FG_MARKED, KS_PEN_TEXT_BG_MARKED}},
 };
-
-constexpr SeenPen kSeen[] = {
-    {KS_PEN_BG_LOW, kPens},
-    {KS_PEN_BG_MED, kPens},
-    {KS_PEN_BG_MED, kBackgrounds},
-    {KS_PEN_BG_HIGH, kOptions},
-    {KS_PEN_BG_EDIT, kBackgrounds},
-    {KS_PEN_BG_EDIT, kOptions},
-    {KS_PEN_BG_READ, kFontPanel},
-    {KS_PEN_BG_LIST, kFonts},
-    {KS_PEN_BG_BUTTON, kOptions},
-    {KS_PEN_BG_SLIDER, kFontPanel},
-    {KS_PEN_BG_SELECTED, kFonts},
-    {KS_PEN_TEXT, kBackgrounds},
-    {KS_PEN_DISABLEDTEXT, kOptions},
-    {KS_PEN_TEXT_FG_CURSOR, kCursor},
-    {KS_PEN_TEXT_BG_CURSOR, kCursor},
-    {KS_PEN_TEXT_FG_MARKED, kMarkedNumber},
-    {KS_PEN_TEXT_BG_MARKED, kMarkedNumber},
-    {KS_PEN_SHINE, kPens},
-    {KS_PEN_HALFSHINE, kBackgrounds},
-    {KS_PEN_HALFDARK, kFonts},
-    {KS_PEN_DARK, kOptions},
-    {KS_PEN_MARK, kOptions},
-    {KS_PEN_MARK, kPens},
-    {KS_PEN_PAINT, kPens, true},
-    {KS_PEN_PAINTSHINE, kOptions, true},
-    {KS_PEN_PAINTDARK, kFonts, true},
-};
+const std::map<Place, ks_pen> kSeenInNymbrel = {
+    {kPens, KS_PEN_PAINT}, {kOptions, KS_PEN_PAINTSHINE}, {kFonts, KS_PEN_PAINTDARK}};
 
 // Levels are light and inks are dark, so that nothing has to be corrected.
 ks_color ColorOf(int pen) {
@@ -118,16 +100,22 @@ TEST_F(WornLook, ShowsEachPenAtItsPlaces) {
             program.OnScreen([&] { program.Named<QAbstractButton>("Normal")->click(); });
             auto* panel = program.OpenedDialog<QDialog>();
             program.OnScreen([&] {
+                program.Named<QLineEdit>("Search", panel)->setEnabled(false);
                 seen[kFontPanel] = ColorsOf(panel);
                 panel->reject();
             });
             program.WaitUntilDialogIsClosed();
-            for (const SeenPen& row : kSeen) {
-                const ks_color color = ColorOf(row.pen);
-                EXPECT_TRUE(seen[row.place].contains(qRgb(color.red, color.green, color.blue)) ||
-                            (row.only_nymbrel && look == 0))
-                    << "pen " << row.pen << " at " << row.place << " in look " << look;
-            }
+            const auto expect = [&](ks_pen pen, Place place) {
+                const ks_color color = ColorOf(pen);
+                EXPECT_TRUE(seen[place].contains(qRgb(color.red, color.green, color.blue)))
+                    << "pen " << pen << " at " << place << " in look " << look;
+            };
+            for (const auto& [place, pens] : kSeen)
+                for (const ks_pen pen : pens)
+                    expect(pen, place);
+            for (const auto& [place, pen] : kSeenInNymbrel)
+                if (look == 1)
+                    expect(pen, place);
         }
     });
 }
@@ -219,6 +207,29 @@ TEST_F(WornLook, ShowsAnEditInOneTurnAndDropsWhatIsCancelled) {
             program.Top()->activateWindow();
             return program.Top()->grab().toImage() == before;
         }));
+    });
+}
+
+TEST_F(WornLook, TakesTheTimesAndShowsHelpWhereItIsWanted) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(3);
+        _bubbletime->SetValue(1500000);
+        _mousetime->SetValue(20000);
+        _bubblehelp->SetBubbleHelp("Shows texts like this one");
+        for (const bool wanted : {true, false}) {
+            _bubblehelp->SetValue(wanted);
+            program.OnScreen([&] {
+                const QStyle* style = QApplication::style();
+                EXPECT_EQ(style->styleHint(QStyle::SH_ToolTip_WakeUpDelay), 1500);
+                EXPECT_EQ(style->styleHint(QStyle::SH_SpinBox_ClickAutoRepeatRate), 20);
+                auto* box = program.Named<QWidget>("Use Bubblehelp");
+                QHelpEvent asks(QEvent::ToolTip, {5, 5}, box->mapToGlobal(QPoint(5, 5)));
+                QApplication::sendEvent(box, &asks);
+                EXPECT_EQ(QToolTip::isVisible(), wanted);
+                QToolTip::hideText();
+            });
+            EXPECT_TRUE(program.Eventually([] { return !QToolTip::isVisible(); }));
+        }
     });
 }
 

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""Fails every call that loading and saving make on the program's files, one after the other. Prints a table."""
+"""Fails every call that loading and saving make on the program's files, one after the other."""
 
 import collections
 import concurrent.futures
@@ -13,6 +13,9 @@ import sys
 import tempfile
 import time
 
+sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "smoke"))
+from desktop import environment_at, wait_until  # noqa: E402
+
 FOREVER = 1 << 30
 # The errors of each call. Reading goes on after those that pass.
 ERRORS = {
@@ -21,7 +24,7 @@ ERRORS = {
     "fstat": "EIO ENOMEM EINTR", "stat": "EIO ENOMEM EACCES", "lstat": "EIO ENOMEM EACCES",
     "read": "EINTR EAGAIN EIO ENOMEM short", "write": "EINTR EAGAIN EIO ENOSPC EDQUOT EFBIG short short,EIO short,kill",
     "fallocate": "EINTR ENOSPC EDQUOT EOPNOTSUPP ENOSYS EIO", "ftruncate": "EINTR EIO EPERM EINVAL",
-    "close": "EINTR EIO ENOSPC EDQUOT", "mkdir": "ENOSPC EROFS EACCES", "symlink": "ENOSPC EPERM EACCES",
+    "close": "EINTR EIO ENOSPC EDQUOT", "symlink": "ENOSPC EPERM EACCES",
     "readlink": "EIO EACCES", "remove": "EIO EACCES EROFS",
 }
 FINAL = {"ENOENT", "EACCES"}
@@ -34,7 +37,8 @@ class Home:
     """A home with settings, languages of the user's and one that was uninstalled; and an installed program."""
 
     def __init__(self):
-        self.path = pathlib.Path(tempfile.mkdtemp(prefix="nymbrel-failures-"))
+        self._directory = tempfile.TemporaryDirectory(prefix="nymbrel-failures-")
+        self.path = pathlib.Path(self._directory.name)
         self.program = self.path / "bin/program"
         self.program.parent.mkdir()
         shutil.copy(os.environ["NYMBREL_LOAD_AND_SAVE"], self.program)
@@ -59,10 +63,10 @@ class Home:
         return status, self.settings.read_text() if self.settings.exists() else None
 
     def start(self, failure, **more):
-        environment = {name: os.environ[name] for name in os.environ if name.endswith("SAN_OPTIONS")}
-        environment["ASAN_OPTIONS"] = environment.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:detect_leaks=0"
-        environment |= {"HOME": str(self.path), "LD_PRELOAD": os.environ["NYMBREL_SHIM"], "NYMBREL_FAILURE": failure}
-        return subprocess.Popen([self.program], env=environment | more)
+        environment = environment_at(self.path) | more
+        environment["ASAN_OPTIONS"] += ":detect_leaks=0"
+        environment |= {"LD_PRELOAD": os.environ["NYMBREL_SHIM"], "NYMBREL_FAILURE": failure}
+        return subprocess.Popen([self.program], env=environment)
 
     def run_interrupted(self):
         """Returns the file's text after two quit signals between the write and the cut."""
@@ -70,8 +74,7 @@ class Home:
         log = self.path / "calls"
         log.write_text("")
         program = self.start("ftruncate 0 pause 1", NYMBREL_CALLS=str(log))
-        while "ftruncate" not in log.read_text():
-            time.sleep(0.002)
+        wait_until(lambda: "ftruncate" in log.read_text(), "nothing is cut")
         for _ in range(2):
             program.send_signal(signal.SIGTERM)
             time.sleep(0.02)
@@ -104,17 +107,17 @@ def allowed(call, error, count, reading):
     return {"old", "new", "whole lines but for one"} if call in ("write", "ftruncate") else {"old", "new"}
 
 
+def cases_of(calls, first_of_saving):
+    seen = collections.Counter()
+    for number, call in enumerate(calls):
+        for error in ERRORS[call].split() + ["kill"]:
+            for count in [FOREVER] if "," in error else [1] if error == "kill" else [1, FOREVER]:
+                yield call, seen[call], error, count, number < first_of_saving
+        seen[call] += 1
+
+
 def main():
-    homes = [Home() for _ in range(os.cpu_count() or 1)]
-    free = collections.deque(homes)
-    try:
-        return test(homes[0], free)
-    finally:
-        for home in homes:
-            shutil.rmtree(home.path)
-
-
-def test(home, free):
+    home = Home()
     known = {"old": OLD, "new": home.run(NYMBREL_CALLS=str(home.path / "calls"))[1], "defaults": home.run(None)[1]}
     known["english"] = known["new"].replace("LANGUAGE = deutsch", "LANGUAGE = english")
     assert "LANGUAGE = deutsch\n" in known["new"] and "MOUSEHOLDTIME = 43000\n" in known["new"], known["new"]
@@ -129,15 +132,11 @@ def test(home, free):
 
     assert home.run_interrupted() == known["new"], "a signal broke a write"
 
-    cases = []
-    seen = collections.Counter()
-    for number, call in enumerate(calls):
-        for error in ERRORS[call].split() + ["kill"]:
-            for count in [FOREVER] if "," in error else [1] if error == "kill" else [1, FOREVER]:
-                cases.append((call, seen[call], error, count, number < first_of_saving))
-        seen[call] += 1
+    cases = list(cases_of(calls, first_of_saving))
+    free = collections.deque(Home() for _ in range(os.cpu_count() or 1))
 
     def run(case):
+        """Returns what went wrong."""
         call, which, error, count, reading = case
         own = free.popleft()
         status, text = own.run(failure=f"{call} {which} {coded(error)} {count}")
@@ -145,18 +144,11 @@ def test(home, free):
         outcome = outcome_of(text, known)
         # A call that always fails when it reads fails when it saves, too.
         fits = outcome in allowed(call, error, count, reading) | ({"old"} if count > 1 and call == "open" else set())
-        return case, outcome, fits and status == (-9 if error.endswith("kill") else 0) or f"status {status}"
+        is_well = fits and status == (-9 if error.endswith("kill") else 0)
+        return "" if is_well else f"{call} {which} {error} x {count}, reading {reading}: {outcome}, status {status}"
 
-    table = collections.defaultdict(collections.Counter)
-    failures = []
     with concurrent.futures.ThreadPoolExecutor(len(free)) as pool:
-        for (call, which, error, count, reading), outcome, fits in pool.map(run, cases):
-            phase = "load" if reading else "save"
-            table[phase, call, error, "once" if count == 1 else "always"][outcome] += 1
-            if fits is not True:
-                failures.append(f"{phase}: {call} {which} {error} x {count}: {outcome}, {fits}")
-    for row, outcomes in table.items():
-        print("{:5}{:10}{:11}{:7}".format(*row), ", ".join(f"{name} {n}" for name, n in outcomes.items()))
+        failures = list(filter(None, pool.map(run, cases)))
     print(f"{len(cases)} failures injected", *failures, sep="\n")
     return 1 if failures else 0
 

@@ -14,10 +14,10 @@ import time
 import unittest
 
 sys.path.insert(0, str(pathlib.Path(__file__).parent.parent / "smoke"))
-from desktop import Desktop  # noqa: E402
+from desktop import Desktop, environment_at  # noqa: E402
 
 # A program that ends at once joins no thread; ThreadSanitizer would let it sleep for a second, too.
-ENDS_AT_ONCE = ":ignore_noninstrumented_modules=1:report_thread_leaks=0:atexit_sleep_ms=0"
+ENDS_AT_ONCE = ":report_thread_leaks=0:atexit_sleep_ms=0"
 IS_SANITIZED = any(name.endswith("SAN_OPTIONS") for name in os.environ)
 ENDS_WITHIN = 2  # seconds
 
@@ -27,15 +27,11 @@ class Program(unittest.TestCase):
         """Starts the program without a display, a bus and settings."""
         home = tempfile.mkdtemp(prefix="nymbrel-ends-")
         self.addCleanup(shutil.rmtree, home)
-        more = {name: os.environ[name] for name in os.environ if name.endswith("SAN_OPTIONS")}
-        more["ASAN_OPTIONS"] = more.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:strict_string_checks=0"
-        more["TSAN_OPTIONS"] = more.get("TSAN_OPTIONS", "") + ENDS_AT_ONCE
+        environment = environment_at(home) | {"DBUS_SESSION_BUS_ADDRESS": "disabled:"} | environment
+        environment["TSAN_OPTIONS"] += ENDS_AT_ONCE
         program = subprocess.Popen(
             ["setpriv", "--pdeathsig", "KILL", "env", "--default-signal=HUP,INT", os.environ["NYMBREL_PROGRAM"]],
-            env={"PATH": os.environ["PATH"], "HOME": home, "XDG_RUNTIME_DIR": home,
-                 "DBUS_SESSION_BUS_ADDRESS": "disabled:",
-                 **more, **environment},
-            stderr=subprocess.PIPE, text=True, preexec_fn=limit)
+            env=environment, stderr=subprocess.PIPE, text=True, preexec_fn=limit)
         self.addCleanup(program.stderr.close)
         self.addCleanup(program.wait)
         self.addCleanup(program.kill)

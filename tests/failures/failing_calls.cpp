@@ -16,14 +16,15 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
+#include <sys/eventfd.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 bool is_ours[1024];  // by descriptor
-DIR* directories[8];
 thread_local bool is_short;
 
 bool IsOurs(const char* path) {
@@ -32,11 +33,8 @@ bool IsOurs(const char* path) {
 bool IsOurs(int descriptor) {
     return descriptor >= 0 && descriptor < 1024 && is_ours[descriptor];
 }
-DIR** Place(DIR* directory) {
-    for (DIR*& place : directories)
-        if (place == directory)
-            return &place;
-    return nullptr;
+bool IsOurs(DIR* directory) {
+    return IsOurs(dirfd(directory));
 }
 
 void Log(const char* call) {
@@ -56,7 +54,6 @@ bool Fails(const char* call) {
     static int seen = 0;
     char name[32], error[16];
     int first = 0, count = 0;
-    is_short = false;
     const int before = errno;
     Log(call);
     errno = before;
@@ -85,10 +82,9 @@ int Remembered(int descriptor) {
         is_ours[descriptor] = true;
     return descriptor;
 }
-DIR* Remembered(DIR* directory) {
-    if (DIR** place = directory ? Place(nullptr) : nullptr)
-        *place = directory;
-    return directory;
+// Half of a read or write that is to be short.
+std::size_t Shortened(std::size_t most) {
+    return std::exchange(is_short, false) && most > 1 ? most / 2 : most;
 }
 
 template <class Function> Function* Real(Function*, const char* name) {
@@ -98,22 +94,28 @@ template <class Function> Function* Real(Function*, const char* name) {
 }  // namespace
 
 #define REAL(call) static auto* const real = Real(&call, #call)
-// A call that concerns its first argument.
-#define FAILING(Result, call, failed, parameters, arguments, first)                                          \
+#define FAILING(Result, call, failed, parameters, arguments, is_concerned)                                   \
     extern "C" Result call parameters {                                                                      \
         REAL(call);                                                                                          \
-        return IsOurs(first) && Fails(#call) ? failed : real arguments;                                      \
+        return is_concerned && Fails(#call) ? failed : real arguments;                                       \
     }
 
-FAILING(int, fstat, -1, (int file, struct stat* about), (file, about), file)
-FAILING(int, stat, -1, (const char* path, struct stat* about), (path, about), path)
-FAILING(int, lstat, -1, (const char* path, struct stat* about), (path, about), path)
-FAILING(int, mkdir, -1, (const char* path, mode_t mode), (path, mode), path)
-FAILING(int, symlink, -1, (const char* target, const char* path), (target, path), path)
-FAILING(int, remove, -1, (const char* path), (path), path)
-FAILING(ssize_t, readlink, -1, (const char* path, char* to, size_t most), (path, to, most), path)
-FAILING(int, fallocate, -1, (int file, int mode, off_t at, off_t length), (file, mode, at, length), file)
-FAILING(int, ftruncate, -1, (int file, off_t length), (file, length), file)
+FAILING(int, fstat, -1, (int file, struct stat* about), (file, about), IsOurs(file))
+FAILING(int, stat, -1, (const char* path, struct stat* about), (path, about), IsOurs(path))
+FAILING(int, lstat, -1, (const char* path, struct stat* about), (path, about), IsOurs(path))
+FAILING(int, symlink, -1, (const char* target, const char* path), (target, path), IsOurs(path))
+FAILING(int, remove, -1, (const char* path), (path), IsOurs(path))
+FAILING(ssize_t, readlink, -1, (const char* path, char* to, size_t most), (path, to, most), IsOurs(path))
+FAILING(int, fallocate, -1, (int file, int mode, off_t at, off_t size), (file, mode, at, size), IsOurs(file))
+FAILING(int, ftruncate, -1, (int file, off_t length), (file, length), IsOurs(file))
+FAILING(ssize_t, read, -1, (int file, void* to, size_t most), (file, to, Shortened(most)), IsOurs(file))
+FAILING(ssize_t, write, -1, (int file, const void* from, size_t most), (file, from, Shortened(most)),
+        IsOurs(file))
+FAILING(dirent*, readdir, nullptr, (DIR * directory), (directory), IsOurs(directory))
+FAILING(int, eventfd, -1, (unsigned count, int flags), (count, flags), true)
+FAILING(int, pthread_create, errno,
+        (pthread_t * thread, const pthread_attr_t* how, void* (*start)(void*), void* with),
+        (thread, how, start, with), true)
 
 extern "C" int open(const char* path, int flags, ...) {
     REAL(open);
@@ -135,20 +137,6 @@ extern "C" int openat(int directory, const char* path, int flags, ...) {
     return IsOurs(path) && Fails("openat") ? -1 : real(directory, path, flags, mode);
 }
 
-extern "C" ssize_t read(int file, void* to, size_t most) {
-    REAL(read);
-    if (!IsOurs(file))
-        return real(file, to, most);
-    return Fails("read") ? -1 : real(file, to, is_short && most > 1 ? most / 2 : most);
-}
-
-extern "C" ssize_t write(int file, const void* from, size_t most) {
-    REAL(write);
-    if (!IsOurs(file))
-        return real(file, from, most);
-    return Fails("write") ? -1 : real(file, from, is_short && most > 1 ? most / 2 : most);
-}
-
 // The descriptor is gone, whatever close() returns.
 extern "C" int close(int file) {
     REAL(close);
@@ -165,28 +153,14 @@ extern "C" DIR* opendir(const char* path) {
     REAL(opendir);
     if (!IsOurs(path))
         return real(path);
-    return Fails("opendir") ? nullptr : Remembered(real(path));
-}
-
-extern "C" dirent* readdir(DIR* directory) {
-    REAL(readdir);
-    return Place(directory) && Fails("readdir") ? nullptr : real(directory);
+    DIR* const directory = Fails("opendir") ? nullptr : real(path);
+    if (directory)
+        Remembered(dirfd(directory));
+    return directory;
 }
 
 extern "C" int closedir(DIR* directory) {
     REAL(closedir);
-    if (DIR** place = Place(directory))
-        *place = nullptr;
+    is_ours[dirfd(directory)] = false;
     return real(directory);
-}
-
-extern "C" int eventfd(unsigned count, int flags) {
-    static auto* const real = reinterpret_cast<int (*)(unsigned, int)>(dlsym(RTLD_NEXT, "eventfd"));
-    return Fails("eventfd") ? -1 : real(count, flags);
-}
-
-extern "C" int pthread_create(pthread_t* thread, const pthread_attr_t* how, void* (*start)(void*),
-                              void* with) {
-    REAL(pthread_create);
-    return Fails("pthread_create") ? errno : real(thread, how, start, with);
 }

@@ -11,7 +11,8 @@ namespace {
 
 constexpr long kLeast = std::numeric_limits<std::int32_t>::min();
 constexpr long kMost = std::numeric_limits<std::int32_t>::max();
-constexpr long kPlaces[] = {0, 0, kLeast, kMost};  // near which frames lie, and some corners
+// Near which frames lie, and some corners. A polygon takes a second edge beyond column -32000 for none.
+constexpr long kPlaces[] = {0, -32000, kLeast, kMost};
 
 // Reads numbers off a program; beyond its end there are zeros.
 class program {

@@ -21,19 +21,15 @@ std::uint8_t Byte(Noise& noise) {
 void Mutate(input& bytes, Noise& noise) {
     for (long i = noise.In(0, 4); i > 0 && !bytes.empty(); i--) {
         const auto at = bytes.begin() + noise.In(0, static_cast<long>(bytes.size()) - 1);
-        switch (noise.In(0, 3)) {
-        case 0:
-            *at = Byte(noise);
-            break;
-        case 1:
+        const long change = noise.In(0, 3);
+        if (change == 0)
+            *at ^= Byte(noise);
+        else if (change == 1)
             *at ^= static_cast<std::uint8_t>(1 << noise.In(0, 7));
-            break;
-        case 2:
+        else if (change == 2)
             bytes.erase(at, bytes.end());
-            break;
-        default:
+        else
             bytes.insert(at, noise.OneIn(2) ? 0xFF : 0x00);
-        }
     }
 }
 

@@ -81,20 +81,19 @@ public:
                         _directory / "bus"};
 };
 
-// A Unix socket that the environment names as the session bus. It gives its `answers` to the first
-// connection, one for each thing that it is sent, and reads on until the connection is closed; without
-// answers it never even takes a connection.
+// A Unix socket that the environment names as the session bus. Gives its `answer` to the first thing that the
+// first connection sends, and reads on until that is closed; without an answer it never takes a connection.
 class FakeBus {
 public:
-    explicit FakeBus(const std::vector<std::string>& answers = {}) {
+    explicit FakeBus(const std::string& answer) {
         sockaddr_un address{AF_UNIX, {}};
         const std::string path = _directory / "socket";
         path.copy(address.sun_path, sizeof address.sun_path - 1);
         EXPECT_EQ(bind(_listener, reinterpret_cast<sockaddr*>(&address), sizeof address), 0);
         EXPECT_EQ(listen(_listener, 8), 0);
         setenv("DBUS_SESSION_BUS_ADDRESS", ("unix:path=" + path).c_str(), 1);
-        if (!answers.empty())
-            _talker = std::jthread([this, answers] { Talk(answers); });
+        if (!answer.empty())
+            _talker = std::jthread([this, answer] { Talk(answer); });
     }
     ~FakeBus() {
         shutdown(_listener, SHUT_RDWR);
@@ -102,19 +101,13 @@ public:
         close(_listener);
     }
 
-    Journal<bool> closed;  // has an entry once the other side has closed the connection
-
 private:
-    void Talk(const std::vector<std::string>& answers) {
+    void Talk(const std::string& answer) const {
         const int connection = accept(_listener, nullptr, nullptr);
         char request[512];
-        std::size_t given = 0;
-        while (read(connection, request, sizeof request) > 0)
-            if (given < answers.size()) {
-                const std::string& answer = answers[given++];
+        for (bool first = true; read(connection, request, sizeof request) > 0; first = false)
+            if (first)
                 send(connection, answer.data(), answer.size(), MSG_NOSIGNAL);
-            }
-        closed.Add(true);
         close(connection);
     }
 

@@ -14,12 +14,7 @@ namespace fs = std::filesystem;
 
 class Storage : public testing::Test {
 protected:
-    void SetUp() override {
-        if (fs::is_directory("/boot/home"))
-            GTEST_SKIP() << "this is the platform itself";
-    }
-
-    TemporaryDirectory root;
+    ScopedHome root;
     ScopedVariable config_home{"XDG_CONFIG_HOME", nullptr};
     ScopedVariable home{"HOME", nullptr};
 };
@@ -85,25 +80,22 @@ TEST_F(Storage, OpensFilesAndNeverWaits) {
 }
 
 TEST_F(Storage, ListsEntriesOfEveryKind) {
-    const std::string long_name(255, 'n');
-    root.Write("file", "text");
-    root.Write(long_name, "text");
-    root.Write(".hidden", "text");
-    fs::create_directory(root / "directory");
-    fs::create_symlink("nowhere", root / "dangling");
+    const std::set<std::string> wanted = {"file", std::string(255, 'n'), ".hidden", ".config"};
+    for (const std::string& name : wanted)
+        if (name != ".config")
+            root.Write(name, "text");
     BDirectory directory;
     BEntry entry;
     char name[B_FILE_NAME_LENGTH];
     EXPECT_TRUE(directory.Rewind() != B_OK && entry.GetName(name) != B_OK);
     ASSERT_EQ(directory.SetTo((root / "").c_str()), B_OK);
-    std::multiset<std::string> names;
     for (int pass = 0; pass < 2; ++pass) {
         ASSERT_EQ(directory.Rewind(), B_OK);
-        names.clear();
+        std::set<std::string> names;
         while (directory.GetNextEntry(&entry) == B_OK && entry.GetName(name) == B_OK)
-            names.insert(name);
+            EXPECT_TRUE(names.insert(name).second) << name;
+        EXPECT_EQ(names, wanted);
     }
-    EXPECT_EQ(names, (std::multiset<std::string>{"file", long_name, ".hidden", "directory", "dangling"}));
     EXPECT_NE(directory.SetTo((root / "missing").c_str()), B_OK);
     EXPECT_NE(directory.GetNextEntry(&entry), B_OK);
 }

@@ -12,40 +12,30 @@ namespace {
 long succeeding = -1;  // how many allocations succeed before one fails; below 0 all do
 long living = 0;       // how many allocations are not freed
 
-void* Allocate(std::size_t size) {
-    if (succeeding >= 0 && succeeding-- == 0)
-        throw std::bad_alloc();
-    void* memory = std::malloc(size ? size : 1);
+}  // namespace
+
+void* operator new(std::size_t size) {
+    void* const memory = succeeding >= 0 && succeeding-- == 0 ? nullptr : std::malloc(size ? size : 1);
     if (memory == nullptr)
         throw std::bad_alloc();
     living++;
     return memory;
 }
-
-void Free(void* memory) {
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+void operator delete(void* memory) noexcept {
     living -= memory != nullptr;
     std::free(memory);
 }
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-    return Allocate(size);
-}
-void* operator new[](std::size_t size) {
-    return Allocate(size);
-}
-void operator delete(void* memory) noexcept {
-    Free(memory);
-}
 void operator delete[](void* memory) noexcept {
-    Free(memory);
+    operator delete(memory);
 }
 void operator delete(void* memory, std::size_t) noexcept {
-    Free(memory);
+    operator delete(memory);
 }
 void operator delete[](void* memory, std::size_t) noexcept {
-    Free(memory);
+    operator delete(memory);
 }
 
 namespace {

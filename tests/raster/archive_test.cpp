@@ -105,9 +105,4 @@ TEST(Archive, KnowsTheLargestFrames) {
         }
 }
 
-TEST(ArchiveDeathTest, UnknownStorageKind) {
-    const KSMessage archive = Archived({0, 0, 1, 1}, kNone, 4);
-    EXPECT_DEATH(KSRaster raster(&archive), "KSRaster: .*: assertion \"0\" failed");
-}
-
 }  // namespace

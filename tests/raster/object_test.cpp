@@ -62,22 +62,6 @@ TEST(Raster, ComesBackFromArchivesAndDuplicates) {
     }
 }
 
-TEST(Raster, DuplicatesBetweenAllStorages) {
-    for (const auto native :
-         {kRasterNativeDontChange, kRasterInMemory, kRasterInBBitmap, kRasterNativeAuto}) {
-        KSRaster memory({0, 0, 6, 4}), adopted(new BBitmap(BRect(-3, -2, 6, 4), B_RGB32));
-        for (KSRaster* source : {&memory, &adopted}) {
-            FillWithNoise(*source, 3);
-            const std::unique_ptr<KSRaster> copy(source->DuplicateRaster(native));
-            EXPECT_EQ(PixelsOf(*copy), PixelsOf(*source)) << native;
-            EXPECT_EQ(copy->GetBBitmap() != nullptr,
-                      native == kRasterInBBitmap ||
-                          (native == kRasterNativeDontChange && source == &adopted));
-        }
-        EXPECT_FALSE(adopted.IsLocked());
-    }
-}
-
 TEST(Raster, SwapsFillsAndPaintsByTheSizeOfPixels) {
     for (const storage& kind : kStorages) {
         SCOPED_TRACE(&kind - kStorages);
@@ -111,15 +95,6 @@ TEST(Raster, WithoutAFrameHasNoPixelsAndTakesAllCalls) {
             EXPECT_FALSE(raster.IsLocked());
             EXPECT_EQ(raster.Frame(), frame);
         }
-}
-
-TEST(Raster, CopiesItsName) {
-    char name[] = "sky";
-    const KSRaster named({0, 0, 0, 0}, name), unnamed({0, 0, 0, 0}, ""), plain({0, 0, 0, 0});
-    name[0] = 'f';
-    EXPECT_STREQ(named.Name(), "sky");
-    EXPECT_STREQ(unnamed.Name(), "KSRaster");
-    EXPECT_STREQ(plain.Name(), "KSRaster");
 }
 
 TEST(Raster, CannotBeLargerThanItsLengthCanSay) {
@@ -177,30 +152,39 @@ TEST(Raster, AdoptsBitmaps) {
         EXPECT_THROW(BBitmap(bounds, B_RGB32), std::bad_alloc);
 }
 
+// One that would leave the range of its coordinates stays where it is.
 TEST(Raster, MovesBothFrames) {
-    KSRaster raster({10, 20, 13, 21});
-    PixelAt(raster, 12, 21) = 0x01000000;
-    raster.ResetOptmizedFrame();
-    EXPECT_EQ(raster.OptimizedFrame(), rect(12, 21, 12, 21));
-    raster.OffsetTo(0, 0);
-    EXPECT_EQ(raster.Frame(), rect(0, 0, 3, 1));
-    EXPECT_EQ(raster.OptimizedFrame(), rect(2, 1, 2, 1));
-    raster.OffsetBy({-5, 6});
-    EXPECT_EQ(raster.Frame(), rect(-5, 6, -2, 7));
-    EXPECT_EQ(PixelAt(raster, -3, 7), 0x01000000u);
-
-    KSRaster blank({0, 0, 1, 1});
-    blank.OffsetBy(10, 20);
-    EXPECT_EQ(blank.OptimizedFrame(), rect(11, 21, 9, 19));
-}
-
-TEST(Raster, StaysWhereItIsRatherThanLeaveTheRange) {
-    KSRaster raster({10, 20, 13, 21});
+    KSRaster raster({10, 20, 13, 21}), blank({0, 0, 1, 1});
     for (const point by : {point(kMost, 0), {kMost - 12, 0}, {0, kMost - 20}, {0, kLeast}, {kLeast, kLeast}})
         raster.OffsetBy(by);
     for (const point to : {point(kMost, kMost), {0, kLeast}, {kLeast, kLeast}})
         raster.OffsetTo(to);
     EXPECT_EQ(raster.Frame(), rect(10, 20, 13, 21));
+    PixelAt(raster, 12, 21) = 0x01000000;
+    raster.ResetOptmizedFrame();
+    raster.OffsetTo(0, 0);
+    EXPECT_EQ(raster.Frame(), rect(0, 0, 3, 1));
+    raster.OffsetBy({-5, 6});
+    EXPECT_EQ(raster.OptimizedFrame(), rect(-3, 7, -3, 7));
+    EXPECT_EQ(PixelAt(raster, -3, 7), 0x01000000u);
+    blank.OffsetBy(10, 20);
+    EXPECT_EQ(blank.OptimizedFrame(), rect(11, 21, 9, 19));
+}
+
+TEST(Raster, DrawsByNumbersCornersAndRectangles) {
+    const auto drawn = [](auto... box) {
+        side_by_side target({0, 0, 9, 9});
+        target.raster.FillRect(box...);
+        target.raster.StrokeRect(box...);
+        target.raster.StrokeLine(box...);
+        target.raster.FillEllipse(box...);
+        target.raster.StrokeEllipse(box...);
+        target.raster.PutPixel(point(1, 0));
+        return PixelsOf(target.raster);
+    };
+    EXPECT_EQ(drawn(point(1, 2), point(7, 5)), drawn(1, 2, 7, 5));
+    EXPECT_EQ(drawn(rect(1, 2, 7, 5)), drawn(1, 2, 7, 5));
+    EXPECT_EQ(drawn(1, 2, 7, 5)[1], 0xFF000001);
 }
 
 TEST(Raster, FindsTheBoxOfVisiblePixels) {
@@ -229,15 +213,18 @@ TEST(Raster, BecomesWhiteOnlyWhileLocked) {
     EXPECT_EQ(PixelAt(raster, 2, 2), 0xFFFFFFFF);
 }
 
-TEST(Raster, PrintsItsFrame) {
+TEST(Raster, CopiesItsNameAndPrintsItsFrame) {
     const std::string frame =
         "KSRect  Frame for KSRaster:\n    l:0.00 | t:0.00 | r:9.00 | b:4.00 | w:10.00 | h:5.00\n";
-    const KSRaster plain({0, 0, 9, 4}), named({0, 0, 9, 4}, "sky");
+    char name[] = "sky";
+    const KSRaster unnamed({0, 0, 9, 4}, ""), named({0, 0, 9, 4}, name);
+    name[0] = 'f';
+    EXPECT_STREQ(unnamed.Name(), "KSRaster");
     testing::internal::CaptureStdout();
-    plain.PrintToStream();
-    plain.PrintToStream("here");
-    named.PrintToStream();
-    named.PrintToStream("here");
+    for (const KSRaster* raster : {&unnamed, &named}) {
+        raster->PrintToStream();
+        raster->PrintToStream("here");
+    }
     EXPECT_EQ(testing::internal::GetCapturedStdout(),
               "KSRaster 'no name'\n" + frame + "KSRaster 'no name, here\n" + frame + "KSRaster sky\n" +
                   frame + "KSRaster sky, here\n" + frame);

@@ -64,45 +64,27 @@ inline Channels FromHue(const HueSaturationValue& h) {
 
 // One channel of the modes that have a formula for it.
 inline Integer Blended(ks_composition_mode mode, Integer d, Integer s) {
-    switch (mode) {
-    case kMergeMultiply:
-        return d * s / 255;
-    case kMergeScreen:
-        return (65025 - (255 - s) * (255 - d)) / 255;
-    case kMergeAdd:
-        return std::min<Integer>(d + s, 255);
-    case kMergeSubtract:
-        return std::max<Integer>(d - s, 0);
-    case kMergeDarkest:
-        return std::min(d, s);
-    case kMergeLightest:
-        return std::max(d, s);
-    case kMergeDifference:
-        return std::abs(d - s);
-    case kMergeAverage:
-        return (d + s) / 2;
-    case kMergeInvert:
-        return 255 - d;
-    default:
-        return d ^ s;
-    }
+    return mode == kMergeMultiply     ? d * s / 255
+           : mode == kMergeScreen     ? (65025 - (255 - s) * (255 - d)) / 255
+           : mode == kMergeAdd        ? std::min<Integer>(d + s, 255)
+           : mode == kMergeSubtract   ? std::max<Integer>(d - s, 0)
+           : mode == kMergeDarkest    ? std::min(d, s)
+           : mode == kMergeLightest   ? std::max(d, s)
+           : mode == kMergeDifference ? std::abs(d - s)
+           : mode == kMergeAverage    ? (d + s) / 2
+           : mode == kMergeInvert     ? 255 - d
+                                      : d ^ s;
 }
 
 // The colour, of alpha 0, that a blending mode makes of two pixels.
 inline Channels BlendedColor(ks_composition_mode mode, const Channels& d, const Channels& s) {
-    const HueSaturationValue dh = ToHue(d), sh = ToHue(s);
-    switch (mode) {
-    case kMergeReplaceHue:
-        return FromHue({sh.hue, dh.saturation, dh.value});
-    case kMergeReplaceSaturation:
-        return FromHue({dh.hue, sh.saturation, dh.value});
-    case kMergeReplaceLuminosity:
-        return FromHue({dh.hue, dh.saturation, sh.value});
-    case kMergeReplaceColor:
-        return FromHue({sh.hue, sh.saturation, dh.value});
-    default:
+    if (mode < kMergeReplaceHue || mode > kMergeReplaceColor)
         return {0, Blended(mode, d[1], s[1]), Blended(mode, d[2], s[2]), Blended(mode, d[3], s[3])};
-    }
+    const HueSaturationValue dh = ToHue(d), sh = ToHue(s);
+    return mode == kMergeReplaceHue          ? FromHue({sh.hue, dh.saturation, dh.value})
+           : mode == kMergeReplaceSaturation ? FromHue({dh.hue, sh.saturation, dh.value})
+           : mode == kMergeReplaceLuminosity ? FromHue({dh.hue, dh.saturation, sh.value})
+                                             : FromHue({sh.hue, sh.saturation, dh.value});
 }
 
 inline Channels ComposedBlend(ks_composition_mode mode, const Channels& d, const Channels& s,

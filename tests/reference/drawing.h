@@ -82,26 +82,21 @@ public:
     }
 
     void StrokeEllipse(long x1, long y1, long x2, long y2) {
-        const auto plot = [this](long cx, long cy, long x, long y) {
+        WalkEllipse(x1, y1, x2, y2, [this](bool, long cx, long cy, long x, long y) {
             for (const long across : {x, -x})
                 for (const long down : {y, -y})
                     PutPixel(cx + across, cy + down);
-        };
-        WalkEllipse(x1, y1, x2, y2, plot, plot);
+        });
     }
 
+    // Level lines in the first part, and upright ones in the second, each from an axis to the outline.
     void FillEllipse(long x1, long y1, long x2, long y2) {
-        const auto flat = [this](long cx, long cy, long x, long y) {
-            for (const long down : {y, -y})
-                for (const long across : {x, -x})
-                    StrokeLine(cx, cy + down, cx + across, cy + down);
-        };
-        const auto upright = [this](long cx, long cy, long x, long y) {
-            for (const long across : {x, -x})
-                for (const long down : {y, -y})
-                    StrokeLine(cx + across, cy, cx + across, cy + down);
-        };
-        WalkEllipse(x1, y1, x2, y2, flat, upright);
+        WalkEllipse(x1, y1, x2, y2, [this](bool level, long cx, long cy, long x, long y) {
+            const long corners[][2] = {
+                {x, y}, {level ? -x : x, level ? y : -y}, {level ? x : -x, level ? -y : y}, {-x, -y}};
+            for (const auto& [across, down] : corners)
+                StrokeLine(level ? cx : cx + across, level ? cy + down : cy, cx + across, cy + down);
+        });
     }
 
     void FillPolygon(const KSPoint<long>* points, long count) {
@@ -127,43 +122,28 @@ private:
     KSRect<long> _frame;
     std::vector<std::uint32_t> _pixels;  // row after row, without gaps
 
-    template <class Flat, class Steep>
-    static void WalkEllipse(long x1, long y1, long x2, long y2, Flat first, Steep second) {
+    // Calls `paint(first, cx, cy, x, y)` for the places of one quadrant around the centre. In the first part
+    // y grows with every step, in the second x shrinks.
+    template <class Paint> static void WalkEllipse(long x1, long y1, long x2, long y2, Paint paint) {
         if (x1 > x2 || y1 > y2)
             return;
         const long cx = (x1 + x2) / 2, cy = (y1 + y2) / 2;
-        const long a = cx - x1, b = cy - y1;
-        const wide t1 = wide{a} * a, t2 = 2 * t1, t3 = 2 * t2, t4 = wide{b} * b, t5 = 2 * t4, t6 = 2 * t5;
-        const wide t7 = a * t5;
-        wide t8 = 2 * t7, t9 = 0;
-        wide d1 = t2 - t7 + (t4 >> 1), d2 = (t1 >> 1) - t8 + t5;
-        long x = a, y = 0;
-        while (d2 < 0) {
-            first(cx, cy, x, y);
-            y++;
-            t9 += t3;
-            if (d1 < 0) {
-                d1 += t9 + t2;
-                d2 += t9;
-            } else {
-                x--;
-                t8 -= t6;
-                d1 += t9 + t2 - t8;
-                d2 += t9 + t5 - t8;
-            }
+        const wide a2 = wide{cx - x1} * (cx - x1), b2 = wide{cy - y1} * (cy - y1);
+        long x = cx - x1, y = 0;
+        const auto d1 = [&] {
+            return 2 * a2 * (y + 1) * (y + 1) + 2 * b2 * x * (x - 1) - 2 * a2 * b2 + b2 / 2;
+        };
+        const auto d2 = [&] {
+            return 2 * a2 * y * (y + 1) + 2 * b2 * (x - 1) * (x - 1) - 2 * a2 * b2 + a2 / 2;
+        };
+        for (; d2() < 0; y++) {
+            paint(true, cx, cy, x, y);
+            x -= d1() >= 0;
         }
-        do {
-            second(cx, cy, x, y);
-            x--;
-            t8 -= t6;
-            if (d2 < 0) {
-                y++;
-                t9 += t3;
-                d2 += t9 + t5 - t8;
-            } else {
-                d2 += t5 - t8;
-            }
-        } while (x >= 0);
+        for (; x >= 0; x--) {
+            paint(false, cx, cy, x, y);
+            y += d2() < 0;
+        }
     }
 
     void Crossings(KSPoint<long> from, KSPoint<long> to, std::vector<std::array<long, 3>>& crossings) {

@@ -59,53 +59,108 @@ inline void Store(Word& pixel, std::optional<Word> value) {
         pixel = *value;
 }
 
+using Words = const Word*;
+using Rect = KSRect<long>;
+using Point = KSPoint<double>;
+
+// Returns the bilinear sample, or the nearest pixel, of a position.
+template <bool bilinear> std::optional<Word> Sampled(const Source& image, i64 x, i64 y) {
+    return bilinear ? image.Bilinear(x, y) : image.Nearest(x, y);
+}
+
+template <bool bilinear>
+void Scale(int sw, int sh, int dw, int dh, Words source, Word* result, int source_row, int result_row) {
+    const Source image = {source, sw, sh, source_row};
+    i64 y = bilinear ? -2047 : 0;
+    for (i64 j = 0; j < dh; ++j, y += image.height * 4096 / dh) {
+        i64 x = bilinear ? -2047 : 0;
+        for (i64 i = 0; i < dw; ++i, x += image.width * 4096 / dw)
+            Store(result[j * result_row + i], Sampled<bilinear>(image, x, y));
+    }
+}
+
+template <bool bilinear>
+void Rotate(Rect from, Rect to, Point centre, double angle, Words source, Word* result, Word source_row,
+            Word result_row) {
+    const i64 shift = 65536, w = from.PixelWidth(), h = from.PixelHeight();
+    const i64 left = from.left + shift, top = from.top + shift;
+    const double cx = centre.x + 65536, cy = centre.y + 65536;
+    const auto map = [&](i64 px, i64 py, double theta) {
+        const double x = static_cast<double>(px), y = static_cast<double>(py);
+        const auto cosine = static_cast<double>(std::cos(static_cast<long double>(theta)));
+        const auto sine = static_cast<double>(std::sin(static_cast<long double>(theta)));
+        return Point(cx + (x - cx) * cosine + (y - cy) * sine, cy + (y - cy) * cosine - (x - cx) * sine);
+    };
+    const auto floored = [&](i64 x, i64 y) {
+        const auto p = map(x, y, angle);
+        return KSPoint<i64>(static_cast<i64>(std::floor(p.x * 4096)),
+                            static_cast<i64>(std::floor(p.y * 4096)));
+    };
+    const auto tl = floored(left, top), tr = floored(left + w, top), bl = floored(left, top + h);
+    const auto start = map(to.left + shift, to.top + shift, -angle);
+    const i64 x0 = static_cast<i64>(std::trunc(start.x * 4096));
+    const i64 y0 = static_cast<i64>(std::trunc(start.y * 4096));
+    const Source image = {source, w, h, source_row};
+    for (i64 j = 0; j < to.PixelHeight(); ++j)
+        for (i64 i = 0; i < to.PixelWidth(); ++i) {
+            const i64 x = x0 + j * ((tl.x - bl.x) / h) + i * ((tr.x - tl.x) / w);
+            const i64 y = y0 + j * ((bl.y - tl.y) / h) + i * ((tl.y - tr.y) / w);
+            Store(result[j * result_row + i], Sampled<bilinear>(image, x - left * 4096, y - top * 4096));
+        }
+}
+
+template <bool bilinear>
+void Transform(Rect from, Point p0, Point p1, Point p2, Point p3, Rect to, Words source, Word* result,
+               Word source_row, Word result_row) {
+    const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
+    const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
+    const double least = bilinear ? -0.1 : 0, most = bilinear ? 1.1 : 1;
+    // The position of a fraction of a length: of a pixel's corner, or half a pixel before it.
+    const auto position = [](double fraction, double length) {
+        if (bilinear)
+            return static_cast<i64>(std::trunc(fraction * length * 4096)) - 2047;
+        return std::min(static_cast<i64>(std::trunc(fraction * length)), static_cast<i64>(length) - 1) * 4096;
+    };
+    std::array<Point, 4> p = {p0, p1, p2, p3};
+    for (auto& point : p)
+        point = {point.x + 65536, point.y + 65536};
+    const bool x_parallel = std::floor(p[1].x - p[0].x) == std::floor(p[2].x - p[3].x);
+    const bool y_parallel = std::floor(p[2].y - p[1].y) == std::floor(p[3].y - p[0].y);
+    p[0].x += x_parallel ? 0.1 : 0;
+    p[0].y += y_parallel ? 0.1 : 0;
+    const double ax = p[1].x - p[2].x + p[3].x - p[0].x, ay = p[1].y - p[2].y + p[3].y - p[0].y;
+    const double bx = p[2].x - p[3].x, by = p[2].y - p[3].y;
+    const double cx = p[0].x - p[3].x, cy = p[0].y - p[3].y;
+    const double A = ax * by - bx * ay;
+    if (A == 0)
+        return;
+    for (i64 j = 0; j < to.PixelHeight(); ++j)
+        for (i64 i = 0; i < to.PixelWidth(); ++i) {
+            const double X = static_cast<double>(to.left + i + 65536);
+            const double Y = static_cast<double>(to.top + j + 65536);
+            const double B = ay * X - ax * Y + ax * p[3].y - p[3].x * ay + cx * by - cy * bx;
+            const double C = cy * X - cx * Y + cx * p[3].y - p[3].x * cy;
+            const double d = B * B - 4 * A * C;
+            if (d < 0)
+                continue;
+            const double t = (std::sqrt(d) - B) / (2 * A);
+            if (!(least <= t && t <= most))
+                continue;
+            const double divisor = ax * t + cx;
+            if (divisor == 0)
+                continue;
+            const double v = (X - bx * t - p[3].x) / divisor;
+            if (least <= v && v <= most)
+                Store(result[j * result_row + i],
+                      Sampled<bilinear>(image, position(t, w), position(1 - v, h)));
+        }
+}
+
 // Has the functions of KSBitmapTools, with their arguments.
-class BitmapTools {
-public:
-    using Words = const Word*;
-    using Rect = KSRect<long>;
-    using Point = KSPoint<double>;
-
-    static void ScalePlain(int sw, int sh, int dw, int dh, Words source, Word* result, int source_row,
-                           int result_row) {
-        Scale({source, sw, sh, source_row}, dw, dh, result, result_row, 0, &Source::Nearest);
-    }
-
-    static void ScaleBiLin(int sw, int sh, int dw, int dh, Words source, Word* result, int source_row,
-                           int result_row) {
-        Scale({source, sw, sh, source_row}, dw, dh, result, result_row, -2047, &Source::Bilinear);
-    }
-
-    static void RotatePlain(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
-                            Word source_row, Word result_row) {
-        Rotate(from, to, centre, angle, source, result, source_row, result_row, &Source::Nearest);
-    }
-
-    static void RotateBiLin(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
-                            Word source_row, Word result_row) {
-        Rotate(from, to, centre, angle, source, result, source_row, result_row, &Source::Bilinear);
-    }
-
-    static void TransformPlain(Rect from, Point p0, Point p1, Point p2, Point p3, Rect to, Words source,
-                               Word* result, Word source_row, Word result_row) {
-        const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
-        const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
-        Transform({p0, p1, p2, p3}, to, result, result_row, 0, 1, [&](double t, double v) {
-            const i64 x = std::min(static_cast<i64>(std::trunc(t * w)), image.width - 1);
-            const i64 y = std::min(static_cast<i64>(std::trunc((1 - v) * h)), image.height - 1);
-            return image.Nearest(x * 4096, y * 4096);
-        });
-    }
-
-    static void TransformBiLin(Rect from, Point p0, Point p1, Point p2, Point p3, Rect to, Words source,
-                               Word* result, Word source_row, Word result_row) {
-        const Source image = {source, from.PixelWidth(), from.PixelHeight(), source_row};
-        const double w = static_cast<double>(image.width), h = static_cast<double>(image.height);
-        Transform({p0, p1, p2, p3}, to, result, result_row, -0.1, 1.1, [&](double t, double v) {
-            return image.Bilinear(static_cast<i64>(std::trunc(t * w * 4096)) - 2047,
-                                  static_cast<i64>(std::trunc((1 - v) * h * 4096)) - 2047);
-        });
-    }
+struct BitmapTools {
+    static constexpr auto ScalePlain = Scale<false>, ScaleBiLin = Scale<true>;
+    static constexpr auto RotatePlain = Rotate<false>, RotateBiLin = Rotate<true>;
+    static constexpr auto TransformPlain = Transform<false>, TransformBiLin = Transform<true>;
 
     static void NoiseRemover(std::uint8_t* image, Word width, Word height, std::uint8_t radius,
                              std::uint8_t threshold) {
@@ -131,84 +186,6 @@ public:
                 }
                 if (neighbours == 0 && square < threshold)
                     image[y * w + x] = static_cast<std::uint8_t>(left_count > right_count ? left : right);
-            }
-    }
-
-private:
-    using Sampler = std::optional<Word> (Source::*)(i64, i64) const;
-
-    static void Scale(const Source& image, i64 width, i64 height, Word* result, i64 row_length, i64 start,
-                      Sampler sampler) {
-        i64 y = start;
-        for (i64 j = 0; j < height; ++j, y += image.height * 4096 / height) {
-            i64 x = start;
-            for (i64 i = 0; i < width; ++i, x += image.width * 4096 / width)
-                Store(result[j * row_length + i], (image.*sampler)(x, y));
-        }
-    }
-
-    static void Rotate(Rect from, Rect to, Point centre, double angle, Words source, Word* result,
-                       Word source_row, Word result_row, Sampler sampler) {
-        const i64 shift = 65536, w = from.PixelWidth(), h = from.PixelHeight();
-        const i64 left = from.left + shift, top = from.top + shift;
-        const double cx = centre.x + 65536, cy = centre.y + 65536;
-        const auto map = [&](i64 px, i64 py, double theta) {
-            const double x = static_cast<double>(px), y = static_cast<double>(py);
-            const auto cosine = static_cast<double>(std::cos(static_cast<long double>(theta)));
-            const auto sine = static_cast<double>(std::sin(static_cast<long double>(theta)));
-            return Point(cx + (x - cx) * cosine + (y - cy) * sine, cy + (y - cy) * cosine - (x - cx) * sine);
-        };
-        const auto floored = [&](i64 x, i64 y) {
-            const auto p = map(x, y, angle);
-            return KSPoint<i64>(static_cast<i64>(std::floor(p.x * 4096)),
-                                static_cast<i64>(std::floor(p.y * 4096)));
-        };
-        const auto tl = floored(left, top), tr = floored(left + w, top), bl = floored(left, top + h);
-        const auto start = map(to.left + shift, to.top + shift, -angle);
-        const i64 x0 = static_cast<i64>(std::trunc(start.x * 4096));
-        const i64 y0 = static_cast<i64>(std::trunc(start.y * 4096));
-        const Source image = {source, w, h, source_row};
-        for (i64 j = 0; j < to.PixelHeight(); ++j)
-            for (i64 i = 0; i < to.PixelWidth(); ++i) {
-                const i64 x = x0 + j * ((tl.x - bl.x) / h) + i * ((tr.x - tl.x) / w);
-                const i64 y = y0 + j * ((bl.y - tl.y) / h) + i * ((tl.y - tr.y) / w);
-                Store(result[j * result_row + i], (image.*sampler)(x - left * 4096, y - top * 4096));
-            }
-    }
-
-    template <class Pixel>
-    static void Transform(std::array<Point, 4> p, Rect to, Word* result, i64 row_length, double least,
-                          double most, Pixel pixel) {
-        for (auto& point : p)
-            point = {point.x + 65536, point.y + 65536};
-        const bool x_parallel = std::floor(p[1].x - p[0].x) == std::floor(p[2].x - p[3].x);
-        const bool y_parallel = std::floor(p[2].y - p[1].y) == std::floor(p[3].y - p[0].y);
-        p[0].x += x_parallel ? 0.1 : 0;
-        p[0].y += y_parallel ? 0.1 : 0;
-        const double ax = p[1].x - p[2].x + p[3].x - p[0].x, ay = p[1].y - p[2].y + p[3].y - p[0].y;
-        const double bx = p[2].x - p[3].x, by = p[2].y - p[3].y;
-        const double cx = p[0].x - p[3].x, cy = p[0].y - p[3].y;
-        const double A = ax * by - bx * ay;
-        if (A == 0)
-            return;
-        for (i64 j = 0; j < to.PixelHeight(); ++j)
-            for (i64 i = 0; i < to.PixelWidth(); ++i) {
-                const double X = static_cast<double>(to.left + i + 65536);
-                const double Y = static_cast<double>(to.top + j + 65536);
-                const double B = ay * X - ax * Y + ax * p[3].y - p[3].x * ay + cx * by - cy * bx;
-                const double C = cy * X - cx * Y + cx * p[3].y - p[3].x * cy;
-                const double d = B * B - 4 * A * C;
-                if (d < 0)
-                    continue;
-                const double t = (std::sqrt(d) - B) / (2 * A);
-                if (!(least <= t && t <= most))
-                    continue;
-                const double divisor = ax * t + cx;
-                if (divisor == 0)
-                    continue;
-                const double v = (X - bx * t - p[3].x) / divisor;
-                if (least <= v && v <= most)
-                    Store(result[j * row_length + i], pixel(t, v));
             }
     }
 };

@@ -181,12 +181,4 @@ TEST_F(Reading, CutsATimeThatIsKeptToAWholeNumber) {
     EXPECT_EQ(config::_bubbletime->Value(), 500000.0F);
 }
 
-TEST_F(Reading, WithoutAFileChangesNothingAndDoesNotRedraw) {
-    config::ReadSettings();
-    std::filesystem::create_directory(home.SettingsFile());
-    config::ReadSettings();
-    EXPECT_EQ(editor_values(), default_values());
-    EXPECT_FALSE(editors->Container().TakeChanges().redraw);
-}
-
 }  // namespace

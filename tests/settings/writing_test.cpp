@@ -5,8 +5,7 @@
 
 #include <algorithm>
 #include <clocale>
-#include <csignal>
-#include <sys/resource.h>
+#include <functional>
 #include <sys/stat.h>
 #include <vector>
 
@@ -69,42 +68,28 @@ TEST_F(Writing, UsesADecimalPointInEveryLocale) {
     std::setlocale(LC_ALL, "C");
 }
 
+// Not by permissions: root may write everything.
 TEST_F(Writing, SkipsWhatCannotBeWritten) {
-    // Not by permissions: root may write everything.
-    std::filesystem::create_directory(home.SettingsFile());
-    config::WriteSettings();
-    EXPECT_TRUE(std::filesystem::is_directory(home.SettingsFile()));
-
-    std::filesystem::remove(home.SettingsFile());
-    std::filesystem::create_symlink("/dev/full", home.SettingsFile());
-    config::WriteSettings();
-
-    std::filesystem::remove(home.SettingsFile());
-    ASSERT_EQ(mkfifo(home.SettingsFile().c_str(), 0600), 0);
-    config::WriteSettings();
-    config::ReadSettings();
-    EXPECT_EQ(editor_values(), default_values());
-
-    std::filesystem::remove_all(home.SettingsDirectory());
-    config::WriteSettings();
-    EXPECT_FALSE(std::filesystem::exists(home.SettingsDirectory()));
-}
-
-TEST_F(Writing, LeavesTheOldFileWhenThereIsNoRoom) {
-    const std::string before = Written() + "# more than what is written next\n";
-    home.Write(home.SettingsFile(), before);
-    rlimit limit;
-    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &limit), 0);
-    const rlimit none = {0, limit.rlim_max};
-    const auto signal_before = std::signal(SIGXFSZ, SIG_IGN);
-    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &none), 0);
-    const bool is_written = config::WriteSettings();
-    setrlimit(RLIMIT_FSIZE, &limit);
-    std::signal(SIGXFSZ, signal_before);
-    EXPECT_FALSE(is_written);
-    EXPECT_EQ(home.Read(home.SettingsFile()), before);
-    EXPECT_TRUE(config::WriteSettings());
-    EXPECT_EQ(home.Read(home.SettingsFile()), reference::write(default_values()));
+    namespace fs = std::filesystem;
+    const fs::path file = home.SettingsFile();
+    const std::function<void()> obstacles[] = {
+        [&] { fs::create_directory(file); },
+        [&] { fs::create_symlink("/dev/full", file); },
+        [&] { ASSERT_EQ(mkfifo(file.c_str(), 0600), 0); },
+        [&] { fs::remove(home.SettingsDirectory()); },
+    };
+    for (const auto& put_into_the_way : obstacles) {
+        put_into_the_way();
+        const fs::file_type before = fs::symlink_status(file).type();
+        editors.Container().TakeChanges();
+        EXPECT_FALSE(config::WriteSettings());
+        config::ReadSettings();
+        EXPECT_EQ(editor_values(), default_values());
+        EXPECT_FALSE(editors.Container().TakeChanges().redraw);
+        EXPECT_EQ(fs::symlink_status(file).type(), before);
+        fs::remove(file);
+    }
+    EXPECT_FALSE(fs::exists(home.SettingsDirectory()));
 }
 
 TEST(Languages, ListsEnglishFirstAndOnceThenTheDirectory) {

@@ -27,6 +27,16 @@ def wait_until(condition, what):
     return result
 
 
+def environment_at(home):
+    """What programs in this home are started with, also under a sanitizer."""
+    known = {name: value for name, value in os.environ.items() if name == "PATH" or name.endswith("SAN_OPTIONS")}
+    # The X11 keyboard library copies a text that has no end mark with strndup, which is no fault.
+    known["ASAN_OPTIONS"] = known.get("ASAN_OPTIONS", "") + ":verify_asan_link_order=0:strict_string_checks=0"
+    # Qt's bus thread, libdbus and glib are built without ThreadSanitizer, which does not see their locks.
+    known["TSAN_OPTIONS"] = known.get("TSAN_OPTIONS", "") + ":ignore_noninstrumented_modules=1"
+    return known | {"HOME": str(home), "XDG_RUNTIME_DIR": str(home)}
+
+
 class Desktop:
     def __init__(self):
         if os.path.exists("/boot/home"):
@@ -35,13 +45,7 @@ class Desktop:
         ctypes.CDLL(None).prctl(PR_SET_CHILD_SUBREAPER, 1)
         self.home = pathlib.Path(tempfile.mkdtemp(prefix="nymbrel-desktop-"))
         self.settings_file = self.home / ".config/Nymbrel_settings"
-        self.environment = {
-            **{name: os.environ[name] for name in os.environ if name == "PATH" or name.endswith("SAN_OPTIONS")},
-            "HOME": str(self.home), "XDG_RUNTIME_DIR": str(self.home), "TMPDIR": str(self.home), "LANG": "C.UTF-8"}
-        # The X11 keyboard library copies a text that has no end mark with strndup, which is no fault.
-        self.environment["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":strict_string_checks=0"
-        # Qt's bus thread, libdbus and glib are built without ThreadSanitizer, which does not see their locks.
-        self.environment["TSAN_OPTIONS"] = os.environ.get("TSAN_OPTIONS", "") + ":ignore_noninstrumented_modules=1"
+        self.environment = environment_at(self.home) | {"TMPDIR": str(self.home), "LANG": "C.UTF-8"}
         self._mute_bus = None
         self._children = []
         self._start_screen()
@@ -102,11 +106,12 @@ class Desktop:
         self._mute_bus.listen()
 
     def start_program(self):
+        wait_until(lambda: self.focused_title() != TITLE, "the window of the last program stays")
         self.program = self.start(os.environ["NYMBREL_PROGRAM"])
         wait_until(lambda: self.focused_title() == TITLE or self.program.poll() is not None, "no window")
 
     def focused_title(self):
-        return self.output("xdotool", "getactivewindow", "getwindowname").strip()
+        return self.output("xdotool", "getwindowfocus", "getwindowname").strip()
 
     def press(self, *keys):
         self.output("xdotool", "key", *keys)

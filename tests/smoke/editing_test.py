@@ -47,17 +47,16 @@ class Editing(unittest.TestCase):
         desktop.start_program()
         self.addCleanup(desktop.program.kill)
 
-    def expect_stored(self, line):
-        self.assertEqual(desktop.program.wait(PATIENCE), 0)
-        self.assertIn(line, desktop.settings().splitlines())
-
-    def test_mouse_and_keyboard(self):
+    def test_mouse_keyboard_and_an_assistive_tool(self):
         click("list item", "Options")
-        click("spin button", "Mouse hold time")
+        showing("spin button", "Mouse hold time").queryValue().currentValue = 45000
+        self.assertEqual(showing("spin button", "Bubblehelp wait time").queryValue().currentValue, 1500000)
+        click("spin button", "Bubblehelp wait time")
         desktop.press("ctrl+a")
-        desktop.type("20000")
-        click("push button", "OK")
-        self.expect_stored("MOUSEHOLDTIME = 20000")
+        desktop.type("3000000")
+        desktop.press("Return")
+        self.assertEqual(desktop.program.wait(PATIENCE), 0)
+        self.assertLessEqual({"BUBBLEHELPTIME = 3000000", "MOUSEHOLDTIME = 45000"}, set(desktop.settings().splitlines()))
 
     def test_closing_stores_nothing(self):
         before = desktop.settings()
@@ -68,13 +67,6 @@ class Editing(unittest.TestCase):
         desktop.press("alt+F4")
         self.assertEqual(desktop.program.wait(PATIENCE), 0)
         self.assertEqual(desktop.settings(), before)
-
-    def test_an_assistive_tool(self):
-        click("list item", "Options")
-        self.assertEqual(showing("spin button", "Bubblehelp wait time").queryValue().currentValue, 1500000)
-        showing("spin button", "Mouse hold time").queryValue().currentValue = 45000
-        showing("push button", "OK").queryAction().doAction(0)
-        self.expect_stored("MOUSEHOLDTIME = 45000")
 
 
 unittest.main(warnings="ignore")  # pyatspi itself uses what is deprecated

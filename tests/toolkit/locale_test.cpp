@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Catalogs: which one is opened, and what is read from any bytes whatever.
 #include "tests/support/home.h"
-#include "tests/support/noise.h"
 #include "toolkit/KSLocale.h"
 
 #include <gtest/gtest.h>
@@ -42,20 +41,6 @@ TEST(Catalog, GivesItsTextsAndForgetsThoseBefore) {
     for (const auto& row : kCatalogs) {
         locale.Read(row.bytes);
         EXPECT_EQ(locale.String(row.id, "default"), row.want) << row.name;
-    }
-}
-
-// Any bytes are survived; a good line among them still counts. The sanitizers watch.
-TEST(Catalog, SurvivesDamage) {
-    Noise noise(1123);
-    const std::string alphabet = "\n\r \t\\$n0123456789ab\x80\xBF\xC3\xE2\xF0\xFF"s + '\0';
-    for (int turn = 0; turn < 3000; ++turn) {
-        std::string bytes(static_cast<std::size_t>(noise.In(0, 199)), '\0');
-        for (char& byte : bytes)
-            byte = alphabet[noise.Word() % alphabet.size()];
-        KSLocale locale;
-        locale.Read(bytes + "\n77777 good\n");
-        ASSERT_STREQ(locale.String(77777, ""), "good") << "seed " << noise.Seed() << ", turn " << turn;
     }
 }
 
