@@ -93,7 +93,7 @@ private:
     std::optional<std::vector<std::int64_t>> FewLonely() {
         // In cycles: what comparing a square takes per row, what looking it up in histograms takes, and what
         // making these takes per pixel of the image. kLeast keeps the list below half the image's size.
-        constexpr std::int64_t kPerRow = 16, kLookUp = 50, kLeast = 96, kHistograms = 6;
+        constexpr std::int64_t kPerRow = 16, kLookUp = 50, kHistograms = 20, kLeast = 16 * kHistograms;
         const std::int64_t most =
             _width * _height * kHistograms / std::max((2 * _radius + 1) * kPerRow - kLookUp, kLeast);
         std::vector<std::int64_t> places;

@@ -228,6 +228,13 @@ KS_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& po
     }
 }
 
+// Whether the source is larger than what a processor has of cache for itself, so that it pays to fetch pixels
+// before they are read.
+bool IsFar(const SourcePixels& source) {
+    constexpr std::int64_t kNear = 3 << 17;
+    return source.height * source.row_length > kNear;
+}
+
 // Says whether all positions and offsets fit 32 bits. Transforms have some up to a tenth of the source's size
 // beyond its sides.
 bool IsSmall(const SourcePixels& source) {

@@ -66,9 +66,35 @@ private:
     bool _can_pick;
 };
 
+// The rows of the source that the next row of the destination reads, to be fetched while this one is made. A
+// processor does not expect them by itself where rows are left out.
+struct NextRows {
+    const SourcePixels& source;
+    std::int64_t row, count;
+
+    // For the row after that of position `position`, which reads `count` rows. There are none to fetch if
+    // they are near or expected, or if the columns lie so far apart that the processor reads many lines at
+    // once.
+    static NextRows After(std::int64_t position, std::int64_t count, const SourcePixels& source,
+                          const Axis& x, const Axis& y) {
+        const std::int64_t row = (position + y.row) >> kFractionBits;
+        const bool gains = y.row >= 2 * kOne && x.column <= 8 * kOne && row + count <= source.height;
+        return {source, row, gains && IsFar(source) ? count : 0};
+    }
+
+    // Fetches the columns of positions from `start` until `end`.
+    KS_INLINE void Fetch(std::int64_t start, std::int64_t end) const {
+        constexpr std::int64_t kLine = 16;
+        for (std::int64_t r = row; r < row + count; ++r)
+            for (std::int64_t x = greatest<std::int64_t>(start >> kFractionBits, 0);
+                 x < least(end >> kFractionBits, source.width); x += kLine)
+                __builtin_prefetch(source.words + r * source.row_length + x);
+    }
+};
+
 // Scales a row; the position of its first pixel is 0.
 void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t* to, std::int64_t count,
-              std::int64_t step) {
+              std::int64_t step, const NextRows& next) {
     std::int64_t k = 0;
     if (picked.CanPick())
         for (; k + kLanes <= count; k += kLanes) {
@@ -76,9 +102,13 @@ void ScaleRow(const PickedRow& picked, const std::uint32_t* from, std::uint32_t*
             store(to + k, Pick(load<Words>(from + window.base), load<Words>(from + window.base + kLanes),
                                window.columns));
         }
-    for (; k + 8 <= count; k += 8)  // a loop of one would wait for its branch
-        for (int n = 0; n < 8; ++n)
-            to[k + n] = from[((k + n) * step) >> kFractionBits];
+    while (k + 8 <= count) {
+        const std::int64_t end = least(k + kBlock, count);
+        next.Fetch(k * step, end * step);
+        for (; k + 8 <= end; k += 8)  // a loop of one would wait for its branch
+            for (int n = 0; n < 8; ++n)
+                to[k + n] = from[((k + n) * step) >> kFractionBits];
+    }
     for (; k < count; ++k)
         to[k] = from[(k * step) >> kFractionBits];
 }
@@ -97,7 +127,8 @@ void ScalePlain(const SourcePixels& source, const DestinationPixels& destination
         else if (x.column == kOne)
             __builtin_memcpy(to, from, bytes);
         else
-            ScaleRow(picked, from, to, destination.width, x.column);
+            ScaleRow(picked, from, to, destination.width, x.column,
+                     NextRows::After(y.start + j * y.row, 1, source, x, y));
         last_row = row;
     }
 }
@@ -121,12 +152,13 @@ void CollectRow(const SourcePixels& source, std::uint32_t* pairs, std::int64_t c
 
 // Scales a part of a row of the destination; position k is start + k * step.
 void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t* to, std::int64_t start,
-                         std::int64_t step, std::int64_t y, Interval interval) {
+                         std::int64_t step, std::int64_t y, Interval interval, const NextRows& next) {
     FillFractions(block.fy, y, 0);
     const std::int64_t row = y >> kFractionBits;
     for (std::int64_t first = interval.first; first < interval.last; first += kBlock) {
         const std::int64_t count = least(kBlock, interval.last - first), from = start + first * step;
         FillFractions(block.fx, from, step);
+        next.Fetch(from, from + count * step);
         CollectRow(source, block.top, count, from, step, row);
         CollectRow(source, block.bottom, count, from, step, row + 1);
         StoreSamples(block, to + first, count);
@@ -164,13 +196,14 @@ void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destinat
     const Interval inner = Clip({0, destination.width}, x.start, x.column, 0, (source.width - 1) * kOne);
     for (std::int64_t j = 0; j < destination.height; ++j) {
         const std::int64_t position = y.start + j * y.row, row = position >> kFractionBits;
+        const NextRows next = NextRows::After(position, 2, source, x, y);
         std::uint32_t* to = destination.words + j * destination.row_length;
         std::int64_t done = 0;
         if (picked.CanPick() && row >= 0 && row + 1 < source.height) {
-            ScaleBilinearTested(source, block, to, x.start, x.column, position, {0, inner.first});
+            ScaleBilinearTested(source, block, to, x.start, x.column, position, {0, inner.first}, next);
             done = ScaleBilinearPicked(source, picked, to, x.start, x.column, position, inner);
         }
-        ScaleBilinearTested(source, block, to, x.start, x.column, position, {done, destination.width});
+        ScaleBilinearTested(source, block, to, x.start, x.column, position, {done, destination.width}, next);
     }
 }
 

@@ -29,6 +29,14 @@ check_cxx_source_compiles("
 #endif
 int main() {}" NYMBREL_X86_64)
 
+# GCC makes the constants of vectors anew in each iteration of a loop, by way of a general register. With this
+# option it loads them.
+set(NYMBREL_LOADED_CONSTANTS -mtune-ctrl=^inter_unit_moves_to_vec)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    include(CheckCXXCompilerFlag)
+    check_cxx_compiler_flag(${NYMBREL_LOADED_CONSTANTS} NYMBREL_LOADS_CONSTANTS)
+endif()
+
 # nymbrel_folder(<name> SOURCES <file>... [USES <target>...])
 #
 # Makes <name>, the code of one folder as an object library, which sees the root of the tree for its
@@ -57,7 +65,7 @@ endfunction()
 # define for anything that is compiled for every processor, so no inline function of a shared header may be
 # left uninlined in them. The options are what simd/level.h asks the processor for.
 function(nymbrel_level level)
-    set(options_AVX2 -mavx2 -mbmi -mbmi2)
+    set(options_AVX2 -mavx2 -mfma -mbmi -mbmi2 $<$<BOOL:${NYMBREL_LOADS_CONSTANTS}>:${NYMBREL_LOADED_CONSTANTS}>)
     set(options_AVX512 ${options_AVX2} -mavx512f -mavx512bw -mavx512dq -mavx512vl)
     set_property(SOURCE ${ARGN} APPEND PROPERTY COMPILE_OPTIONS ${options_${level}})
 endfunction()

@@ -6,7 +6,12 @@
 //   replaces(s)    whether the result is s.pixel on any destination. If that is true of the bytewise minimum
 //   of
 //                  several vectors, it is true of each of them. Only some modes have this function;
-//   compose(d, s)  the result in general.
+//   compose(d, s)  the result in general. Some modes have compose(d, s, opaque) instead, where `opaque`
+//   promises
+//                  that every pixel of d has alpha 255;
+//   choose(d, s)   the result where pixels of `s` are clear or opaque, and d elsewhere, at full opacity. A
+//   mode has
+//                  this function if its compose takes long.
 // The formulas are the same for one pixel, a run of one colour and two runs. In a run of one colour the
 // compiler takes what does not depend on the destination out of the loop.
 #pragma once
@@ -18,32 +23,35 @@ namespace {
 
 constexpr uint32_t kAlpha = 0xFF000000u;
 
-// The pixels that are drawn, and their alpha scaled by the opacity, 0 to 255.
+// The pixels that are drawn, and their alpha scaled by the opacity, 0 to 255, in both halves of each.
 struct Source {
     Words pixel;
     uint32_t opacity;
-    Words alpha;
+    Halves alpha;
+    bool solid;  // whether every pixel is known to hide what is under it
 
+    KS_INLINE Source(Words pixel_, uint32_t opacity_, bool solid_)
+        : pixel(pixel_), opacity(opacity_), alpha(scaled(alpha_halves(pixel_))), solid(solid_) {}
     KS_INLINE Source(Words pixel_, uint32_t opacity_)
-        : pixel(pixel_), opacity(opacity_), alpha(scaled(pixel_ >> 24)) {}
+        : Source(pixel_, opacity_, opacity_ == 255 && all_opaque(pixel_)) {}
 
     // Returns alphas, 0 to 255, scaled by the opacity.
-    KS_INLINE Words scaled(Words alphas) const {
-        return opacity == 255 ? alphas : div255(product(alphas, splat(opacity)));
+    KS_INLINE Halves scaled(Halves alphas) const {
+        return opacity == 255 ? alphas : div255(alphas * halves(splat(opacity * 0x10001)));
     }
 
     // Returns the pixels' alpha times the opacity, 0 to 65025.
     KS_INLINE Words coverage() const { return product(pixel >> 24, splat(opacity)); }
 
-    // Whether every pixel hides what is under it.
-    KS_INLINE bool solid() const { return opacity == 255 && all_opaque(pixel); }
+    // Whether no pixel shows.
+    KS_INLINE bool clear() const { return !any(alpha); }
 };
 
 // Draws the colour of `x` with `alpha` on opaque pixels: a division by 256, not 255. The weights of alpha 0
 // and 255 are 0 and 256, which leaves one of the pixels as it is.
-KS_INLINE Words over_opaque(Words d, Words x, Words alpha) {
-    const Halves a = both(alpha);
-    const Halves x_weight = a + ((a + 1) >> 8), d_weight = 255 - a + ((256 - a) >> 8);
+KS_INLINE Words over_opaque(Words d, Words x, Halves alpha) {
+    const Halves x_weight = alpha - reinterpret_cast<Halves>(alpha == 255);
+    const Halves d_weight = 255 - alpha - reinterpret_cast<Halves>(alpha == 0);
     const Halves rb = red_blue(d) * d_weight + red_blue(x) * x_weight;
     const Halves ag = alpha_green(d) * d_weight + alpha_green(x) * x_weight;
     return words(rb >> 8) | (words(ag) & 0x0000FF00u) | kAlpha;
@@ -52,33 +60,30 @@ KS_INLINE Words over_opaque(Words d, Words x, Words alpha) {
 // Draws the colour of `x` with `alpha` on any pixels. Each channel is a weighted mean whose divisor is the
 // sum of the weights plus 1; where alpha is 255 or the destination clear, adding nothing yields `x` itself,
 // and over an opaque destination adding 255 makes the divisor 255 * 256, the division of over_opaque.
-KS_INLINE Words over_any(Words d, Words x, Words alpha) {
+KS_INLINE Words over_any(Words d, Words x, Halves alpha) {
     const Words d_alpha = d >> 24;
-    const Words d_weight = product(255 - alpha, d_alpha), x_weight = (alpha << 8) - alpha;
+    const Words d_weight = words((255 - alpha) * halves(d_alpha)),
+                x_weight = words(alpha * halves(splat(255)));
     const Words sum = d_weight + x_weight;
-    const Words more = d_alpha == 255 ? splat(255) : splat(1);
-    const Floats divisor = floats(d_weight == 0 ? greatest(sum, splat(1)) : sum + more);
-    const auto channel = [&](uint32_t shift) {
-        const Floats n = sum_of_products(d >> shift & 255, d_weight, x >> shift & 255, x_weight);
-        return words(quotient(n, divisor)) << shift;
-    };
-    const Words composed = channel(0) | channel(8) | channel(16) | div255(sum) << 24;
-    return alpha == 0 ? d : composed;
+    const Words more = d_alpha == 255 ? splat(255) : splat(1);  // d_weight is at least that, unless it is 0
+    const WeightedMean mean(d_weight, x_weight, sum + least(d_weight, more));
+    const Words composed =
+        join_means(mean.of<0>(d, x), mean.of<1>(d, x), mean.of<2>(d, x), words(div255(halves(sum))));
+    return words(alpha) == 0 ? d : composed;
 }
 
 // Draws the colour of `x` as `s` would be drawn.
-KS_INLINE Words over(Words d, Words x, const Source& s) {
-    if (s.solid())
-        return x | kAlpha;
-    if (all_opaque(d))
-        return over_opaque(d, x, s.alpha);
-    return over_any(d, x, s.alpha);
+KS_INLINE Words over(Words d, Words x, const Source& s, bool opaque) {
+    return s.solid ? x | kAlpha : opaque ? over_opaque(d, x, s.alpha) : over_any(d, x, s.alpha);
 }
 
 struct alpha_compose {
-    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
-    static KS_INLINE Words compose(Words d, const Source& s) { return over(d, s.pixel, s); }
+    static KS_INLINE bool keeps(const Source& s) { return s.clear(); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid; }
+    static KS_INLINE Words compose(Words d, const Source& s, bool opaque) {
+        return over(d, s.pixel, s, opaque);
+    }
+    static KS_INLINE Words choose(Words d, Words s) { return s >= kAlpha ? s : d; }
 };
 
 // The frame of the modes that blend the colours first. The blended colour is mixed with the source's own
@@ -86,17 +91,18 @@ struct alpha_compose {
 // that leaves the source's colour, which is stored even where the opacity makes its alpha 0.
 template <class Mode> struct blending {
     static KS_INLINE bool keeps(const Source& s) { return all_clear(s.pixel); }
-    static KS_INLINE Words compose(Words d, const Source& s) {
+    static KS_INLINE Words compose(Words d, const Source& s, bool opaque) {
         const Words blended = Mode::blend(d, s.pixel);
-        if (all_opaque(d))
-            return s.solid() ? blended | kAlpha : over_opaque(d, blended, s.alpha);
-        const Words base = (d & kAlpha) == 0 && (s.pixel & kAlpha) != 0 ? s.pixel & ~kAlpha : d;
-        return over(base, mix(blended, s.pixel, d >> 24), s);
+        if (opaque)
+            return over(d, blended, s, true);
+        if (s.opacity != 255)
+            d = (d & kAlpha) == 0 && (s.pixel & kAlpha) != 0 ? s.pixel & ~kAlpha : d;
+        return over(d, mix(blended, s.pixel, alpha_halves(d)), s, false);
     }
 
 private:
-    static KS_INLINE Words mix(Words blended, Words plain, Words coverage) {
-        const Halves b = both(coverage), p = 255 - b;
+    static KS_INLINE Words mix(Words blended, Words plain, Halves b) {
+        const Halves p = 255 - b;
         return join(div255(b * red_blue(blended) + p * red_blue(plain)),
                     div255(b * alpha_green(blended) + p * alpha_green(plain)));
     }
@@ -249,8 +255,8 @@ struct erase_by_scaling {
 struct mask_alpha {
     static KS_INLINE bool keeps(const Source&) { return false; }
     static KS_INLINE Words compose(Words d, const Source& s) {
-        const Words covered = div255(product(s.pixel >> 24, d >> 24));
-        const Words masked = (d & ~kAlpha) | s.scaled(covered) << 24;
+        const Halves covered = div255(halves(product(s.pixel >> 24, d >> 24)));
+        const Words masked = (d & ~kAlpha) | words(s.scaled(covered)) << 24;
         return (d & kAlpha) == 0 || (s.pixel & kAlpha) == 0 ? Words{} : masked;
     }
 };
@@ -269,13 +275,13 @@ struct over_clear {
 
 // Draws on the destination as if it were opaque, with a true division by 255.
 struct alpha_overlay {
-    static KS_INLINE bool keeps(const Source& s) { return all_clear(s.alpha << 24); }
-    static KS_INLINE bool replaces(const Source& s) { return s.solid(); }
+    static KS_INLINE bool keeps(const Source& s) { return s.clear(); }
+    static KS_INLINE bool replaces(const Source& s) { return s.solid; }
     static KS_INLINE Words compose(Words d, const Source& s) {
-        const Halves a = both(s.alpha), rest = 255 - a;
+        const Halves a = s.alpha, rest = 255 - a;
         const Words mixed = join(div255(red_blue(d) * rest + red_blue(s.pixel) * a),
                                  div255(alpha_green(d) * rest + alpha_green(s.pixel) * a));
-        return s.alpha == 0 ? d : mixed | kAlpha;
+        return words(s.alpha) == 0 ? d : mixed | kAlpha;
     }
 };
 

@@ -14,7 +14,7 @@ namespace ks_simd {
 // In ascending order: a processor that has a level has those before it.
 enum class Level {
     kBaseline,  // what the compiler assumes of every processor it builds for
-    kAvx2,      // with BMI 1 and 2
+    kAvx2,      // with FMA, BMI 1 and 2
     kAvx512,    // F, BW, DQ and VL
 };
 
@@ -22,7 +22,8 @@ enum class Level {
 inline Level DetectedLevel() {
 #if defined(__x86_64__)
     __builtin_cpu_init();  // constructors of other units may ask before libgcc's own has run
-    if (!__builtin_cpu_supports("avx2") || !__builtin_cpu_supports("bmi") || !__builtin_cpu_supports("bmi2"))
+    if (!__builtin_cpu_supports("avx2") || !__builtin_cpu_supports("fma") || !__builtin_cpu_supports("bmi") ||
+        !__builtin_cpu_supports("bmi2"))
         return Level::kBaseline;
     if (!__builtin_cpu_supports("avx512f") || !__builtin_cpu_supports("avx512bw") ||
         !__builtin_cpu_supports("avx512dq") || !__builtin_cpu_supports("avx512vl"))

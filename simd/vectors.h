@@ -49,6 +49,26 @@ template <class Vector, class Item> KS_INLINE void store(Item* items, const Vect
     __builtin_memcpy(items, &vector, sizeof vector);
 }
 
+// Stores a vector at an aligned address past the caches, which need not hold what was there. Such stores are
+// visible to other threads, in their order, after finish_streams.
+template <class Vector, class Item> KS_INLINE void stream(Item* items, const Vector& vector) {
+#if defined(__AVX512BW__)
+    _mm512_stream_si512(reinterpret_cast<__m512i*>(items), reinterpret_cast<__m512i>(vector));
+#elif defined(__AVX2__)
+    _mm256_stream_si256(reinterpret_cast<__m256i*>(items), reinterpret_cast<__m256i>(vector));
+#elif defined(__SSE2__)
+    _mm_stream_si128(reinterpret_cast<__m128i*>(items), reinterpret_cast<__m128i>(vector));
+#else
+    store(items, vector);
+#endif
+}
+
+KS_INLINE void finish_streams() {
+#if defined(__SSE2__)
+    _mm_sfence();
+#endif
+}
+
 // Whether any bit is set in a vector of this width or a narrower one.
 template <class Vector> KS_INLINE bool any(const Vector& vector) {
 #if defined(__AVX512BW__)
@@ -97,6 +117,18 @@ template <class Vector> KS_INLINE Vector least(Vector a, Vector b) {
 template <class Vector> KS_INLINE Vector greatest(Vector a, Vector b) {
     return a > b ? a : b;
 }
+
+#if defined(__FMA__)
+// a * b + c, rounded once. By name, because the compiler must not fuse what is written apart: the levels
+// would differ.
+KS_INLINE Floats fused(Floats a, Floats b, Floats c) {
+#if defined(__AVX512BW__)
+    return _mm512_fmadd_ps(a, b, c);
+#else
+    return _mm256_fmadd_ps(a, b, c);
+#endif
+}
+#endif
 
 }  // namespace
 }  // namespace ks_simd

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // What AGG's pixel formats and renderers can do of the benchmarks' tasks, on premultiplied and on straight
-// images.
+// images. AGG consists of headers, and this unit is compiled for this processor.
 #include "bench/imaging/tasks.h"
 
 #include <agg_image_accessors.h>
@@ -50,7 +50,7 @@ void add_format(Contest& contest, const Composition& task, bool premultiplied, O
     const bool copies = task.mode == kMergeCopy;
     const bool run = task.family == Family::kRun;
     contest.Add(
-        Kind::kPeer, premultiplied ? "AGG premultiplied" : "AGG straight",
+        Kind::kPeer, premultiplied ? "AGG native premultiplied" : "AGG native straight",
         premultiplied ? Picture::kPremultiplied : Picture::kStraight,
         [=, width = static_cast<unsigned>(scene.destination.Width()), height = scene.destination.Height()] {
             Format format(*buffer, options...);
@@ -118,11 +118,11 @@ void add_agg(Contest& contest, const Composition& task) {
 
 void add_agg(Contest& contest, Resampling& task) {
     if (task.kind == Resampling::Kind::kTransform) {
-        contest.Add(Kind::kPeer, "AGG", Picture::kPremultiplied, transforming_pass(task));
+        contest.Add(Kind::kPeer, "AGG native", Picture::kPremultiplied, transforming_pass(task));
         return;
     }
     const auto& m = task.to_source;
-    contest.Add(Kind::kPeer, "AGG", Picture::kPremultiplied,
+    contest.Add(Kind::kPeer, "AGG native", Picture::kPremultiplied,
                 sampling_pass<agg::span_interpolator_linear<>>(
                     task, agg::trans_affine(m[0], m[3], m[1], m[4], m[2], m[5])));
 }
@@ -179,7 +179,7 @@ void draw_box(Primitives& primitives, Drawing::Kind kind, const KSRect<long>& bo
 template <class Format> void add_drawing(Contest& contest, const Drawing& task, bool premultiplied) {
     const agg::rgba8 colour = agg_colour(premultiplied ? premultiplied_pixel(task.colour) : task.colour);
     contest.Add(
-        Kind::kPeer, premultiplied ? "AGG premultiplied" : "AGG straight",
+        Kind::kPeer, premultiplied ? "AGG native premultiplied" : "AGG native straight",
         premultiplied ? Picture::kPremultiplied : Picture::kStraight,
         [=, &task] {
             agg::rendering_buffer buffer = wrap(task.scene->destination);

@@ -94,8 +94,9 @@ void add_definition(Contest& contest, const Composition& task) {
 
 void add_memory(Contest& contest, const Composition& task) {
     Scene& scene = *task.scene;
+    const bool run = task.family == Family::kRun;
     const auto restore = scene.RestoreStraight();
-    if (task.family == Family::kRun)
+    if (run)
         contest.Add(Kind::kMemory, "memset", Picture::kUnrelated,
                     each_row(scene,
                              [](std::uint32_t* destination, const std::uint32_t*, int count) {
@@ -108,43 +109,57 @@ void add_memory(Contest& contest, const Composition& task) {
                              std::memcpy(destination, source, static_cast<std::size_t>(count) * 4);
                          }),
                 restore);
-    // The least that a mode does whose result depends on the destination.
     contest.Add(Kind::kMemory, "read change write", Picture::kUnrelated,
-                each_row(scene,
-                         [run = task.family == Family::kRun](std::uint32_t* destination,
-                                                             const std::uint32_t* source, int count) {
-                             for (int x = 0; x < count; ++x)
-                                 destination[x] ^= run ? kColour : source[x];
-                         }),
+                each_row(scene, [change = run ? change_by_colour : change_by_row](
+                                    std::uint32_t* destination, const std::uint32_t* source,
+                                    int count) { change(destination, source, count); }),
                 restore);
 }
 
 using AddPeer = void (*)(Contest&, const Composition&);
 constexpr AddPeer kPeers[] = {add_pixman, add_qt, add_libyuv, add_sdl, add_agg};
 
-// A composing contest has a destination of one kind of alphas and a size.
+// The images of composing contests: their alphas and their size.
 struct Place {
     const char* name;
     int width, height;
-};
-constexpr Place kRows = {"rows", 1024, 64};
-constexpr Place kLarge = {"4096", 4096, 4096};
+    Alphas destination;
+    Alphas source = Alphas::kTranslucent;
 
-void run_composition(Runner& runner, const Place& place, Alphas alphas, ks_composition_mode mode,
-                     Family family, std::unique_ptr<Scene>& scene) {
-    const std::string name = std::string(KSMerge::composition_label[mode]) +
-                             (family == Family::kRun ? "/run/" : "/array/") + name_of(alphas) + "/" +
-                             place.name;
+    bool InMemory() const { return height > 64; }
+};
+
+Place rows(Alphas destination, Alphas source = Alphas::kTranslucent) {
+    return {"rows", 1024, 64, destination, source};
+}
+
+Place large(Alphas destination, Alphas source = Alphas::kTranslucent) {
+    return {"4096", 4096, 4096, destination, source};
+}
+
+std::string contest_name(const Place& place, ks_composition_mode mode, Family family) {
+    std::string name = KSMerge::composition_label[mode];
+    name += family == Family::kRun ? "/run/" : "/array/";
+    if (family == Family::kArray && place.source != Alphas::kTranslucent)
+        name += std::string(name_of(place.source)) + " over ";
+    return name + name_of(place.destination) + "/" + place.name;
+}
+
+void run_composition(Runner& runner, const Place& place, ks_composition_mode mode, Family family,
+                     std::unique_ptr<Scene>& scene) {
+    const std::string name = contest_name(place, mode, family);
     if (!runner.Wants(name))
         return;
     if (!scene)
-        scene = std::make_unique<Scene>(place.width, place.height, alphas);
-    const Composition task{mode, family, alphas, scene.get()};
+        scene = std::make_unique<Scene>(place.width, place.height, place.destination, place.source);
+    const Composition task{mode, family, place.destination, scene.get()};
     Contest contest(name, static_cast<double>(scene->destination.Count()), &scene->destination);
     add_own(contest, task);
     add_memory(contest, task);
-    add_pixel_kernel(contest, task);
-    add_definition(contest, task);
+    if (!place.InMemory()) {
+        add_pixel_kernel(contest, task);
+        add_definition(contest, task);
+    }
     // A colour has no mask: that run composes like XOR Mask, which no peer has.
     if (mode != kMergeAlphaMask || family == Family::kArray)
         for (const AddPeer add : kPeers)
@@ -152,12 +167,12 @@ void run_composition(Runner& runner, const Place& place, Alphas alphas, ks_compo
     runner.Run(std::move(contest));
 }
 
-void run_modes(Runner& runner, const Place& place, Alphas alphas,
-               const std::vector<ks_composition_mode>& modes) {
+void run_modes(Runner& runner, const Place& place, const std::vector<ks_composition_mode>& modes,
+               std::initializer_list<Family> families = {Family::kRun, Family::kArray}) {
     std::unique_ptr<Scene> scene;
     for (const ks_composition_mode mode : modes)
-        for (const Family family : {Family::kRun, Family::kArray})
-            run_composition(runner, place, alphas, mode, family, scene);
+        for (const Family family : families)
+            run_composition(runner, place, mode, family, scene);
 }
 
 }  // namespace
@@ -167,8 +182,14 @@ void run_composition_contests(Runner& runner) {
     for (std::int32_t mode = 0; mode < kMergeCount; ++mode)
         all.push_back(static_cast<ks_composition_mode>(mode));
     for (const Alphas alphas : {Alphas::kOpaque, Alphas::kTranslucent, Alphas::kMixed})
-        run_modes(runner, kRows, alphas, all);
-    run_modes(runner, kLarge, Alphas::kOpaque,
+        run_modes(runner, rows(alphas), all);
+    // The branches that the processor learns in so small a picture, it does not foresee in a large one.
+    run_modes(runner, rows(Alphas::kSpans, Alphas::kSpans), {kMergeNormal}, {Family::kArray});
+    run_modes(runner, large(Alphas::kOpaque),
               {kMergeNormal, kMergeMultiply, kMergeErase, kMergeAlphaMask, kMergeCopy});
-    run_modes(runner, kLarge, Alphas::kTranslucent, {kMergeNormal, kMergeErase, kMergeAlphaMask});
+    run_modes(runner, large(Alphas::kTranslucent),
+              {kMergeNormal, kMergeMultiply, kMergeAdd, kMergeErase, kMergeAlphaMask});
+    run_modes(runner, large(Alphas::kOpaque, Alphas::kOpaque), {kMergeOver}, {Family::kArray});
+    run_modes(runner, large(Alphas::kOpaque, Alphas::kSpans), {kMergeNormal}, {Family::kArray});
+    run_modes(runner, large(Alphas::kSpans, Alphas::kSpans), {kMergeNormal});
 }

@@ -17,7 +17,7 @@ const std::string kBlendModes =
 struct Goal {
     std::string text;
     std::string contests;    // an expression over whole names
-    std::string rivals;      // a contender's name, or a kind's name for the fastest of the kind
+    std::string rivals;      // an expression over names and kinds of contenders
     double target;           // how many times the fastest rival's speed
     double avx2_target = 0;  // the same held to AVX2; 0 where the goal asks nothing of it
 };
@@ -46,8 +46,23 @@ std::vector<Goal> goals() {
         {"Alpha Mask array, memcpy", "Alpha Mask/array/.*/rows", "memcpy", 0.35, 0.25},
         {"Erase in memory, memcpy", "Erase/.*/4096", "memcpy", 0.95},
         {"Alpha Mask array in memory, memcpy", "Alpha Mask/array/.*/4096", "memcpy", 0.95},
-        {"Normal on opaque, Erase and Alpha Mask array in memory, the memory's limit",
-         "(Normal/.*/opaque|Erase/.*|Alpha Mask/array/.*)/4096", "read change write", 0.95},
+        {"Normal run on opaque, Erase and Alpha Mask array in memory, the limit",
+         "(Normal/run/opaque|Erase/.*|Alpha Mask/array/.*)/4096", "read change write", 0.95},
+        {"Normal array, spans over opaque in memory, the limit", "Normal/array/spans over opaque/4096",
+         "read change write", 0.95},
+        {"Normal array, spans over spans in memory, the limit", "Normal/array/spans over spans/4096",
+         "read change write", 0.65},
+        {"Normal array, translucent over translucent in memory, the limit", "Normal/array/translucent/4096",
+         "read change write", 0.65},
+        {"Normal array, translucent over opaque in memory, the limit", "Normal/array/opaque/4096",
+         "read change write", 0.93},
+        {"Normal run on spans and translucent in memory, the limit", "Normal/run/(spans|translucent)/4096",
+         "read change write", 0.55},
+        {"Multiply and Add array on translucent in memory, the limit",
+         "(Multiply|Add)/array/translucent/4096", "read change write", 0.43},
+        {"Copy in memory, fastest peer", "Copy/.*/4096", "peer", 0.95},
+        {"Over array of opaque sources in memory, memcpy", "Over/array/opaque over .*/4096", "memcpy", 0.95},
+        {"Everything, libraries that keep straight alpha", ".*", "(Qt|AGG native) straight", 1},
         {"ScalePlain, pixman", "ScalePlain/.*", "pixman", 1.5},
         {"ScaleBiLin, Qt on straight images", "ScaleBiLin/.*", "Qt straight", 2},
         {"ScaleBiLin, pixman", "ScaleBiLin/.*", "pixman", 0.65},

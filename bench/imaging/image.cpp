@@ -12,19 +12,35 @@ namespace {
 
 constexpr std::size_t kPage = 4096;
 
-std::uint32_t alpha_of(Alphas alphas, std::uint32_t random) {
-    const std::uint32_t translucent = 1 + random % 254;
-    switch (alphas) {
-    case Alphas::kOpaque:
-        return 255;
-    case Alphas::kTranslucent:
-        return translucent;
-    case Alphas::kMixed:
-        break;
+// Makes one alpha after the other.
+class AlphaSequence {
+public:
+    explicit AlphaSequence(Alphas alphas) : _alphas(alphas) {}
+
+    std::uint32_t Next(std::uint32_t random) {
+        const std::uint32_t translucent = 1 + random % 254, rest = random / 256;
+        switch (_alphas) {
+        case Alphas::kOpaque:
+            return 255;
+        case Alphas::kTranslucent:
+            return translucent;
+        case Alphas::kMixed:
+            return rest % 3 == 0 ? 0 : rest % 3 == 1 ? 255 : translucent;
+        case Alphas::kSpans:
+            break;
+        }
+        if (_left == 0) {
+            _span = (_span + 1) % 4;
+            _left = _span == 0 ? 1 + rest % 35 : _span == 2 ? 1 + rest % 71 : 3;
+        }
+        --_left;
+        return _span == 0 ? 0 : _span == 2 ? 255 : translucent;
     }
-    const std::uint32_t third = random / 256 % 3;
-    return third == 0 ? 0 : third == 1 ? 255 : translucent;
-}
+
+private:
+    Alphas _alphas;
+    std::uint32_t _span = 3, _left = 0;  // clear, soft, opaque, soft
+};
 
 std::uint32_t channel(double value) {
     return static_cast<std::uint32_t>(std::clamp(value, 0.0, 1.0) * 255 + 0.5);
@@ -55,20 +71,18 @@ void Image::CopyFrom(const Image& other) {
 }
 
 const char* name_of(Alphas alphas) {
-    return alphas == Alphas::kOpaque ? "opaque" : alphas == Alphas::kTranslucent ? "translucent" : "mixed";
+    constexpr const char* kNames[] = {"opaque", "translucent", "mixed", "spans"};
+    return kNames[static_cast<std::size_t>(alphas)];
 }
 
 Image random_image(int width, int height, Alphas alphas, unsigned seed) {
-    // Random numbers are slow to make: a large image repeats the first 2^18 pixels.
-    constexpr std::size_t kPeriod = 1 << 18;
     Image image(width, height);
-    std::mt19937 random(seed);
-    for (std::size_t i = 0; i < std::min(image.Count(), kPeriod); ++i) {
-        const std::uint32_t colour = random() & 0xFFFFFF;
-        image.Pixels()[i] = alpha_of(alphas, random()) << 24 | colour;
-    }
-    for (std::size_t i = kPeriod; i < image.Count(); ++i)
-        image.Pixels()[i] = image.Pixels()[i - kPeriod];
+    std::mt19937_64 random(seed);
+    AlphaSequence sequence(alphas);
+    std::generate_n(image.Pixels(), image.Count(), [&] {
+        const std::uint64_t bits = random();
+        return sequence.Next(static_cast<std::uint32_t>(bits >> 32)) << 24 | (bits & 0xFFFFFF);
+    });
     return image;
 }
 

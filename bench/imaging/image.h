@@ -47,6 +47,7 @@ enum class Alphas {
     kOpaque,       // all 255
     kTranslucent,  // each from 1 to 254
     kMixed,        // a third of the pixels 0, a third 255, a third from 1 to 254, in no order
+    kSpans,        // those of cut-out pictures: clear and opaque spans with soft edges
 };
 
 const char* name_of(Alphas alphas);

@@ -30,13 +30,13 @@ void make_noise(Image& image) {
     std::generate_n(image.Pixels(), image.Count(), [&] { return static_cast<std::uint32_t>(random()); });
 }
 
-// Large even areas, with one speck in a thousand pixels or with a single one.
-void make_quiet(Image& image, bool has_specks) {
+// Large even areas, with a speck in every so many pixels or, for 0, with a single one.
+void make_quiet(Image& image, unsigned pixels_per_speck) {
     std::mt19937 random(4);
     for (int y = 0; y < kSize; ++y)
         for (int x = 0; x < kSize; ++x) {
             const auto area = static_cast<std::uint8_t>(x / 64 * 8 + y / 64);
-            image.Data()[y * kSize + x] = has_specks && random() % 1000 == 0 ? 200 : area;
+            image.Data()[y * kSize + x] = pixels_per_speck && random() % pixels_per_speck == 0 ? 200 : area;
         }
     image.Data()[kSize * kSize / 3] = 200;
 }
@@ -63,7 +63,8 @@ void run_radius(Runner& runner, Scan& scan, const std::string& image, int radius
         return;
     Contest contest(name, kSize * kSize, &scan.bytes);
     contest.AddOwn(Picture::kSame, pass_of(KSBitmapTools::NoiseRemover, scan, radius), scan.Restore());
-    for (const int other : {8, 64, 255})
+    // In a larger square than these, many specks are no longer few.
+    for (const int other : radius < 64 && radius > 8 ? std::vector{8} : std::vector{8, 64, 255})
         if (other != radius)
             contest.Add(Kind::kOther, "radius " + std::to_string(other), Picture::kUnrelated,
                         pass_of(KSBitmapTools::NoiseRemover, scan, other), scan.Restore());
@@ -81,9 +82,12 @@ void run_noise_contests(Runner& runner) {
     make_noise(noise.start);
     for (const int radius : {8, 64, 255})
         run_radius(runner, noise, "noise", radius, radius <= 64);
-    Scan quiet, specks;
-    make_quiet(quiet.start, false);
+    Scan quiet, specks, many_specks;
+    make_quiet(quiet.start, 0);
     run_radius(runner, quiet, "quiet", 8, true);
-    make_quiet(specks.start, true);
+    make_quiet(specks.start, 1000);
     run_radius(runner, specks, "specks", 8, true);
+    make_quiet(many_specks.start, 50);
+    for (const int radius : {11, 15, 23})
+        run_radius(runner, many_specks, "many specks", radius, false);
 }

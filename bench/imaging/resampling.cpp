@@ -91,12 +91,12 @@ constexpr Operation kTurns[] = {{"RotatePlain", Resampling::Kind::kRotate, false
                                 {"TransformBiLin", Resampling::Kind::kTransform, true}};
 
 void run_operation(Runner& runner, const Operation& operation, const std::string& variant, Alphas alphas,
-                   int source_size, int destination_size) {
+                   int source_size, int destination_size, double angle = 0.5) {
     const std::string name = std::string(operation.name) + variant + "/" + name_of(alphas) + "/" +
                              std::to_string(destination_size);
     if (!runner.Wants(name))
         return;
-    Resampling task(operation.kind, operation.is_bilinear, alphas, source_size, destination_size);
+    Resampling task(operation.kind, operation.is_bilinear, alphas, source_size, destination_size, angle);
     Contest contest(name, static_cast<double>(task.destination.Count()), &task.destination);
     contest.AddOwn(Picture::kSame, own_pass(task));
     add_memcpy(contest, task);
@@ -107,13 +107,14 @@ void run_operation(Runner& runner, const Operation& operation, const std::string
 
 }  // namespace
 
-Resampling::Resampling(Kind kind_, bool is_bilinear_, Alphas alphas, int source_size, int destination_size)
+Resampling::Resampling(Kind kind_, bool is_bilinear_, Alphas alphas, int source_size, int destination_size,
+                       double angle_)
     : kind(kind_),
       is_bilinear(is_bilinear_),
       straight_source(picture(source_size, source_size, alphas)),
       premultiplied_source(premultiplied(straight_source)),
       destination(destination_size, destination_size),
-      angle(0.5) {
+      angle(angle_) {
     const double size = destination_size;
     corners = {{{0.10 * size, 0.05 * size},
                 {0.95 * size, 0.12 * size},
@@ -139,4 +140,12 @@ void run_resampling_contests(Runner& runner) {
         for (const Operation& operation : kTurns)
             run_operation(runner, operation, "", alphas, 4096, 4096);
     }
+    for (const Operation& operation : kScales)
+        run_operation(runner, operation, "/down", Alphas::kOpaque, 4096, 1024);
+    // Steep columns of the source, whose neighbours lie in a row of 16 KiB each.
+    for (const Operation& operation : kTurns)
+        if (operation.kind == Resampling::Kind::kRotate) {
+            run_operation(runner, operation, "/1.2 rad", Alphas::kOpaque, 4096, 4096, 1.2);
+            run_operation(runner, operation, "/quarter turn", Alphas::kOpaque, 4096, 4096, std::acos(0));
+        }
 }

@@ -6,6 +6,7 @@
 #include <istream>
 #include <iterator>
 #include <ostream>
+#include <regex>
 #include <sstream>
 #include <stdexcept>
 
@@ -50,9 +51,10 @@ void read_line(const std::string& line, Record& record) {
 }  // namespace
 
 const Figure* Result::Fastest(const std::string& name_or_kind) const {
+    const std::regex wanted(name_or_kind);
     const Figure* fastest = nullptr;
     for (const Figure& figure : figures)
-        if ((figure.name == name_or_kind || name_of(figure.kind) == name_or_kind) &&
+        if ((std::regex_match(figure.name, wanted) || std::regex_match(name_of(figure.kind), wanted)) &&
             (!fastest || figure.rate > fastest->rate))
             fastest = &figure;
     return fastest;

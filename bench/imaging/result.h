@@ -30,7 +30,7 @@ struct Result {
     std::string contest;
     std::vector<Figure> figures;  // the first one is the one that the ratios refer to
 
-    // Returns the fastest of those that have this name, or are of the kind with this name, or null.
+    // Returns the fastest of those whose name or kind matches this expression as a whole, or null.
     const Figure* Fastest(const std::string& name_or_kind) const;
 
     // Returns how many times the speed of `figure` the first contender has.

@@ -59,7 +59,8 @@ std::optional<Operator> operation_of(ks_composition_mode mode, const ModeRow<Ope
 struct Resampling {
     enum class Kind { kScale, kRotate, kTransform };
 
-    Resampling(Kind kind, bool is_bilinear, Alphas alphas, int source_size, int destination_size);
+    Resampling(Kind kind, bool is_bilinear, Alphas alphas, int source_size, int destination_size,
+               double angle);
 
     Kind kind;
     bool is_bilinear;
@@ -86,6 +87,11 @@ struct Drawing {
     std::array<std::uint8_t, 8> pattern;  // bit x & 7 of byte y & 7: `colour`, or else `other_colour`
     std::uint32_t other_colour;
 };
+
+// The least that a mode does whose result depends on the destination: changes each pixel by kColour or by
+// that of the source. Compiled for this processor.
+void change_by_colour(std::uint32_t* destination, const std::uint32_t* source, int count);
+void change_by_row(std::uint32_t* destination, const std::uint32_t* source, int count);
 
 // Returns the 8 x 8 tile of a drawing's pattern, in premultiplied colour.
 Image pattern_tile(const Drawing& task);

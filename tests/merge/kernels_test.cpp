@@ -209,6 +209,37 @@ TEST_P(EveryMode, ComposesAnyLengthAtAnyAlignment) {
             }
 }
 
+// Runs of 4096 pixels and more are replaced past the caches, from the first aligned vector on.
+TEST_P(EveryMode, ComposesLongRunsAtAnyAlignment) {
+    constexpr Word kCount = 4096 + 70, kColor = 0xFF408020, kGuard = 0xA5C3F00F;
+    if (mode == kMergeDissolve)
+        return;
+    Noise noise(11);
+    Row dst(kCount), src(kCount);
+    noise.Paint(dst);
+    noise.Paint(src);
+    std::fill_n(src.begin() + 70, 2000, kColor);
+    for (const bool as_run : {false, true}) {
+        const Row composed = Made(kCount, [&](Word i) {
+            return as_run ? reference::ComposeInRun(mode, dst[i], kColor, 255)
+                          : reference::ComposeInArray(mode, dst[i], src[i], 255);
+        });
+        for (const Level level : Levels())
+            for (Word offset = 0; offset < 16; offset++) {
+                const ScopedLevel held(level);
+                Row row(kCount + 32, kGuard), want = row;
+                Word* const begin = &row[offset];
+                std::ranges::copy(composed, &want[offset]);
+                std::ranges::copy(dst, begin);
+                if (as_run)
+                    KSMerge::hash_color_func[mode](begin, kColor, 255, kCount);
+                else
+                    KSMerge::hash_array_func[mode](begin, src.data(), 255, kCount);
+                ASSERT_EQ(row, want) << as_run << ", offset " << offset << ", " << NameOf(level);
+            }
+    }
+}
+
 // Where a source leaves the destination as it is, the destination may lie in inaccessible memory.
 TEST_P(EveryMode, TouchesNothingUnderClearSources) {
     constexpr Word kDrawn = 0xC0408020, kClear = 0x00FFFFFF, kOpaque = 0xFF408020;
