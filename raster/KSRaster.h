@@ -3,6 +3,7 @@
 #pragma once
 
 #include "hdr/KSList.h"
+#include "hdr/KSPixels.h"
 #include "hdr/KSPoint.h"
 #include "hdr/KSRect.h"
 #include "hdr/ks_color.h"
@@ -102,6 +103,17 @@ public:
     std::int32_t BytesPerRow() const { return _bytes_per_row; }
     std::int32_t BytesPerPixel() const { return _bytes_per_pixel; }
     ks_color_space ColorSpace() const { return _color_space; }
+    // Returns the pixels with their place, for functions that work on any pixels. The view is empty if there
+    // are none or if they do not take four bytes. It is valid as long as the raster lives and is not moved or
+    // assigned.
+    KSPixels<std::uint32_t> Pixels() {
+        return _data && _bytes_per_pixel == 4
+                   ? KSPixels(reinterpret_cast<std::uint32_t*>(_data), _bytes_per_row / 4, _frame)
+                   : KSPixels<std::uint32_t>();
+    }
+    KSPixels<const std::uint32_t> Pixels() const { return const_cast<KSRaster*>(this)->Pixels(); }
+    operator KSPixels<std::uint32_t>() { return Pixels(); }
+    operator KSPixels<const std::uint32_t>() const { return Pixels(); }
     // Return the frame, and its size in pixels.
     long Width() const { return _frame.PixelWidth(); }
     long Height() const { return _frame.PixelHeight(); }
