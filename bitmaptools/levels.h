@@ -56,7 +56,7 @@ struct Reduction {
     std::int64_t rows, row_weight, first_row;
     double total;
 };
-inline constexpr std::int64_t kMostCovered = 512;
+inline constexpr std::int64_t kMostCovered = 256;
 inline constexpr std::int64_t kMostRows = 0x7FFFFFFF / 65025;
 
 // A projective map from the plane of the destination to the source's first pixel: see ks_projection. The
@@ -87,6 +87,8 @@ struct LevelFunctions {
     void (*unpremultiply)(std::uint32_t* to, const std::uint32_t* from, std::int64_t count);
     // Stores `color` with its alpha scaled by each coverage, rounded down.
     void (*cover)(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t count, std::uint32_t color);
+    // Adds one row of bytes to the sums and takes another one off. A row that is null counts as zeros.
+    void (*slide)(std::uint32_t* sums, const std::uint8_t* in, const std::uint8_t* out, std::int64_t count);
 
     // Writes to `lonely`, in ascending order, which pixels first <= x < last of the middle row equal none of
     // their eight neighbours, and returns their number. At the top and bottom of an image the caller gives

@@ -76,5 +76,12 @@ void Cover(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t count, 
     }
 }
 
+void Slide(std::uint32_t* sums, const std::uint8_t* in, const std::uint8_t* out, std::int64_t count) {
+    for (std::int64_t k = 0; in && k < count; ++k)
+        sums[k] += in[k];
+    for (std::int64_t k = 0; out && k < count; ++k)
+        sums[k] -= out[k];
+}
+
 }  // namespace
 }  // namespace ks_bitmaptools

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Reduction by area; included once for each level.
 //
-// A row of the destination is made in two steps, for up to 1024 source columns at once: the covered rows are
-// summed up column by column, then the columns pixel by pixel. The sums are exact: of a column in 32 bits, of
-// a pixel in doubles.
+// The destination is made in blocks of pixels that cover up to 512 source columns. Of each row first the
+// covered rows are summed up column by column, then the columns pixel by pixel. The sums are exact: of a
+// column in 32 bits, of a pixel in doubles.
 #pragma once
 
 #include "bitmaptools/levels.h"
@@ -18,13 +18,12 @@ using FourInts [[gnu::vector_size(16)]] = std::int32_t;
 using FourWords [[gnu::vector_size(16)]] = std::uint32_t;
 using FourDoubles [[gnu::vector_size(32)]] = double;
 
-// The rows that a destination row covers, and their weights.
+// The rows that a destination row covers, and their weights. Those of weight 0 are not read.
 struct CoveredRows {
-    const std::uint32_t* first;
+    const std::uint32_t* first;  // the edge above; the others follow
     std::ptrdiff_t row_length;
-    std::int64_t whole;  // how many are covered to their full height, after the first
-    std::uint32_t above, weight,
-        below;  // of the first row, of the whole ones, and of the one behind them or 0
+    std::int64_t whole;                  // how many are covered to their full height
+    std::uint32_t above, weight, below;  // of the edge above, of each whole row, of the edge below
 };
 
 // The sums of a vector of columns: blue, red, green, alpha.
@@ -73,20 +72,31 @@ template <bool kOpaque> KS_INLINE void AddRow(ColumnSums& sums, const Words& w) 
     }
 }
 
+// Adds a row with a weight; nothing is loaded for the weight 0.
+template <bool kOpaque, bool kPart>
+KS_INLINE void AddEdge(const std::uint32_t* column, std::int64_t lanes, std::uint32_t weight,
+                       ColumnSums& sums, Words& common) {
+    if (weight == 0)
+        return;
+    const Words w = LoadColumns<kPart>(column, lanes);
+    common &= w;
+    ColumnSums row;
+    AddRow<kOpaque>(row, w);
+    sums.AddScaled(row, weight);
+}
+
 // Sums up a vector of columns; returns false if kOpaque was promised and is not so.
 template <bool kOpaque, bool kPart>
 KS_INLINE bool SumColumns(const CoveredRows& rows, const std::uint32_t* column, std::int64_t lanes,
                           ColumnSums& result) {
-    constexpr std::int64_t kMostRows = 256;  // whose bytes a half can sum up
-    Words w = LoadColumns<kPart>(column, lanes), common = w;
-    ColumnSums edge, sums;
-    AddRow<kOpaque>(edge, w);
-    result.AddScaled(edge, rows.above);
-    column += rows.row_length;
-    for (std::int64_t left = rows.whole; left > 0; left -= kMostRows) {
+    constexpr std::int64_t kMostAdded = 256;  // whose bytes a half can sum up
+    Words common = ~Words{};
+    ColumnSums sums;
+    const std::uint32_t* row = column + rows.row_length;
+    for (std::int64_t left = rows.whole; left > 0; left -= kMostAdded) {
         Halves red_blue{}, alpha_green{};
-        for (std::int64_t k = least(left, kMostRows); k > 0; --k, column += rows.row_length) {
-            w = LoadColumns<kPart>(column, lanes);
+        for (std::int64_t k = least(left, kMostAdded); k > 0; --k, row += rows.row_length) {
+            const Words w = LoadColumns<kPart>(row, lanes);
             if constexpr (kOpaque) {
                 common &= w;
                 red_blue += RedBlue(w);
@@ -100,13 +110,8 @@ KS_INLINE bool SumColumns(const CoveredRows& rows, const std::uint32_t* column, 
     }
     if (rows.whole > 0)
         result.AddScaled(sums, rows.weight);
-    if (rows.below > 0) {
-        w = LoadColumns<kPart>(column, lanes);
-        common &= w;
-        ColumnSums last;
-        AddRow<kOpaque>(last, w);
-        result.AddScaled(last, rows.below);
-    }
+    AddEdge<kOpaque, kPart>(column, lanes, rows.above, result, common);
+    AddEdge<kOpaque, kPart>(row, lanes, rows.below, result, common);
     return !kOpaque || !any(~common & 0xFF000000u);
 }
 
@@ -118,13 +123,13 @@ KS_INLINE void Interleave(const Vector& a, const Vector& b, Vector& low, Vector&
     high = __builtin_shufflevector(a, b, (kCount / 2 + kLane / 2 + kLane % 2 * kCount)...);
 }
 
-// Stores the sums column by column.
+// Stores the sums column by column: blue, green, red, alpha.
 KS_INLINE void StoreColumns(FourInts* to, const ColumnSums& sums) {
     constexpr auto kWordLanes = std::make_index_sequence<kLanes>();
     constexpr auto kLongLanes = std::make_index_sequence<kLanes / 2>();
     Words pairs[4];
-    Interleave(sums.channel[0], sums.channel[1], pairs[0], pairs[1], kWordLanes);
-    Interleave(sums.channel[2], sums.channel[3], pairs[2], pairs[3], kWordLanes);
+    Interleave(sums.channel[0], sums.channel[2], pairs[0], pairs[1], kWordLanes);
+    Interleave(sums.channel[1], sums.channel[3], pairs[2], pairs[3], kWordLanes);
     for (int k = 0; k < 2; ++k) {
         Longs low, high;
         Interleave(reinterpret_cast<Longs>(pairs[k]), reinterpret_cast<Longs>(pairs[k + 2]), low, high,
@@ -155,112 +160,151 @@ bool SumAllColumns(const CoveredRows& rows, std::int64_t width, std::int64_t fir
     return true;
 }
 
-// The columns that destination pixels cover, one after the other. Each is `weight` wide, each pixel `size`.
-struct ColumnWalk {
-    std::int64_t size, weight;
-    std::int64_t column;  // the pixel's first
-    std::int64_t before;  // how much of that the pixels before it cover
-    std::int64_t wholes = (size - weight) / weight, rest = (size - weight) % weight;
-
-    ColumnWalk(const Reduction& r, std::int64_t pixel)
-        : size(r.columns),
-          weight(r.column_weight),
-          column(pixel * size / weight),
-          before(pixel * size % weight) {}
-
-    // How many columns behind the first one are covered to their full width, and what is covered of the next.
-    KS_INLINE std::int64_t Whole() const { return wholes + (rest + before >= weight); }
-    KS_INLINE std::int64_t Behind() const {
-        return rest + before >= weight ? rest + before - weight : rest + before;
-    }
-    KS_INLINE void Next() {
-        const std::int64_t behind = Behind();
-        column += Whole() + 1;
-        before = behind;
-    }
+// The columns that a destination pixel covers: an edge, those covered to their full width, and one or two
+// edges, of which the second has weight 0 if the pixel does not reach that far.
+struct CoveredColumns {
+    std::int64_t first;
+    double before, behind, last;
 };
 
-KS_INLINE void AddColumn(FourDoubles& sum, const FourInts& column, std::int64_t weight) {
-    sum += __builtin_convertvector(column, FourDoubles) * static_cast<double>(weight);
+KS_INLINE void AddScaled(FourDoubles& sum, const FourInts& column, double weight) {
+#if defined(__AVX2__)  // GCC 12 converts them two by two
+    const auto wide = reinterpret_cast<FourDoubles>(_mm256_cvtepi32_pd(reinterpret_cast<__m128i>(column)));
+#else
+    const auto wide = __builtin_convertvector(column, FourDoubles);
+#endif
+    sum += wide * weight;
 }
 
-// Returns the pixel of a sum over all that it covers. A quarter is added to the sums, which are integers, so
-// that the products' errors do not matter: they are below 2^-44, and a quarter of 1 / total is more.
-template <bool kOpaque> KS_INLINE std::uint32_t PixelOf(const FourDoubles& sum, double total) {
-    const double alpha = sum[3];
-    FourDoubles divisor = FourDoubles{} + total;
+// Returns the channels of the mean whose sums these are. A quarter is added to the sums, which are integers,
+// so that the products' errors do not matter: they are below 2^-44, and a quarter of 1 / total is more.
+template <bool kOpaque> KS_INLINE FourInts MeanOf(const FourDoubles& sum, double total, double of_total) {
+    FourDoubles divisor = FourDoubles{} + total, reciprocal = FourDoubles{} + of_total;
     if constexpr (!kOpaque) {
-        if (alpha == 0)
-            return 0;
+        const double alpha = greatest(sum[3], 0.5), of_alpha = 1 / alpha;  // an integer, or 0
         divisor = FourDoubles{alpha, alpha, alpha, total};
+        reciprocal = FourDoubles{of_alpha, of_alpha, of_alpha, of_total};
     }
-    const double of_total = 1 / total, of_alpha = kOpaque ? of_total : 1 / alpha;
-    const FourDoubles reciprocal = {of_alpha, of_alpha, of_alpha, of_total};
-    const FourDoubles mean = (sum + (divisor * 0.5 + 0.25)) * reciprocal;
-    const FourWords channels = reinterpret_cast<FourWords>(__builtin_convertvector(mean, FourInts))
-                               << FourWords{0, 16, 8, 24};
-    const std::uint32_t pixel = channels[0] | channels[1] | channels[2] | channels[3];
-    return pixel >> 24 == 0 ? 0 : pixel;
+    return __builtin_convertvector((sum + (divisor * 0.5 + 0.25)) * reciprocal, FourInts);
 }
 
-// Makes `count` pixels from the sums of their columns; `walk` is at the first, whose column is columns[0].
-template <bool kOpaque>
-void MakePixels(const Reduction& reduction, ColumnWalk walk, const FourInts* columns, std::uint32_t* to,
-                std::int64_t count) {
-    // Sums of so many columns fit 32 bits.
-    const std::int64_t most = 0x7FFFFFFF / (65025 * reduction.rows);
-    const std::int64_t start = walk.column;
-    for (std::int64_t k = 0; k < count; ++k, walk.Next()) {
-        const FourInts* column = columns + (walk.column - start);
-        FourDoubles sum{};
-        AddColumn(sum, *column++, walk.weight - walk.before);
-        for (std::int64_t left = walk.Whole(); left > 0; left -= most) {
-            const FourInts* const end = column + least(left, most);
-            FourInts part = *column++;
-            for (; column < end; ++column)
-                part += *column;
-            AddColumn(sum, part, walk.weight);
+// Returns four pixels as words: the word 0 where alpha is 0.
+KS_INLINE FourWords Packed(const FourInts& a, const FourInts& b, const FourInts& c, const FourInts& d) {
+#if defined(__SSE2__)
+    const auto halves = [](const FourInts& low, const FourInts& high) {
+        return _mm_packs_epi32(reinterpret_cast<__m128i>(low), reinterpret_cast<__m128i>(high));
+    };
+    const FourWords words = reinterpret_cast<FourWords>(_mm_packus_epi16(halves(a, b), halves(c, d)));
+#else
+    const auto word = [](const FourInts& channels) {
+        const FourWords w = reinterpret_cast<FourWords>(channels) << FourWords{0, 8, 16, 24};
+        return w[0] | w[1] | w[2] | w[3];
+    };
+    const FourWords words = {word(a), word(b), word(c), word(d)};
+#endif
+    return reinterpret_cast<FourWords>(words >> 24 != 0) & words;
+}
+
+// A block of a row: its pixels, and the sums of their columns. Nothing here is zeroed when it is made.
+struct ReductionBlock {
+    static constexpr std::int64_t kColumns = 2 * kMostCovered;
+
+    std::int64_t count;        // of pixels
+    std::int64_t first, last;  // first <= column < last are summed up
+    std::int64_t whole;        // columns of each pixel
+    bool has_edges;            // or else all columns are whole
+    CoveredColumns covered[kColumns];
+    alignas(64) FourInts sums[kLanes + kColumns + kLanes];
+
+    ReductionBlock() {}
+
+    // Sets the block to up to `most` pixels from `pixel` on, whose columns fit it.
+    void Set(const Reduction& r, std::int64_t pixel, std::int64_t most) {
+        const std::int64_t weight = r.column_weight, start = pixel * r.columns;
+        count = least((kColumns - 2) * weight / r.columns, most);
+        first = start / weight;
+        last = (start + count * r.columns + weight - 1) / weight;
+        has_edges = weight > 1;
+        whole = r.columns / weight - has_edges;
+        for (std::int64_t k = 0; k < count && has_edges; ++k) {
+            const std::int64_t from = start + k * r.columns, before = weight - from % weight;
+            const std::int64_t rest = r.columns - before - whole * weight, behind = least(rest, weight);
+            covered[k] = {from / weight - first, static_cast<double>(before), static_cast<double>(behind),
+                          static_cast<double>(rest - behind)};
         }
-        if (const std::int64_t behind = walk.Behind(); behind > 0)
-            AddColumn(sum, *column, behind);
-        to[k] = PixelOf<kOpaque>(sum, reduction.total);
+    }
+
+    FourInts* Sums() { return sums + kLanes; }
+};
+
+// Adds `count` columns; the sum of up to `most` fits 32 bits.
+KS_INLINE void AddWhole(FourDoubles& sum, const FourInts* column, std::int64_t count, std::int64_t most,
+                        double weight) {
+    for (std::int64_t left = count; left > 0; left -= most) {
+        const FourInts* const end = column + least(left, most);
+        FourInts part = *column++;
+        for (; column < end; ++column)
+            part += *column;
+        AddScaled(sum, part, weight);
     }
 }
 
-// Makes a row, a block of columns after the other; returns false where kOpaque is not so.
+// Makes the block's pixels of the sums of their columns.
+template <bool kOpaque>
+void MakePixels(const Reduction& reduction, ReductionBlock& block, std::uint32_t* to) {
+    const double weight = static_cast<double>(reduction.column_weight), total = reduction.total,
+                 of_total = 1 / total;
+    const std::int64_t most = 0x7FFFFFFF / (65025 * reduction.rows), whole = block.whole;
+    block.Sums()[block.last - block.first] = FourInts{};  // is behind the last pixel, with weight 0
+    const auto pixel = [&](std::int64_t k) {
+        FourDoubles sum{};
+        if (!block.has_edges) {
+            AddWhole(sum, block.Sums() + k * whole, whole, most, 1);
+        } else {
+            const CoveredColumns& covered = block.covered[k];
+            const FourInts* const column = block.Sums() + covered.first;
+            AddScaled(sum, column[0], covered.before);
+            AddWhole(sum, column + 1, whole, most, weight);
+            AddScaled(sum, column[whole + 1], covered.behind);
+            AddScaled(sum, column[whole + 2], covered.last);
+        }
+        return MeanOf<kOpaque>(sum, total, of_total);
+    };
+    const FourInts none{};
+    std::int64_t k = 0;
+    for (; k + 4 <= block.count; k += 4)
+        store(to + k, Packed(pixel(k), pixel(k + 1), pixel(k + 2), pixel(k + 3)));
+    for (; k < block.count; ++k)
+        to[k] = Packed(pixel(k), none, none, none)[0];
+}
+
 template <bool kOpaque>
 bool ReduceRow(const SourcePixels& source, const Reduction& reduction, const CoveredRows& rows,
-               std::uint32_t* to, std::int64_t width) {
-    constexpr std::int64_t kColumns = kMostCovered * 2;
-    alignas(64) FourInts memory[kLanes + kColumns + kLanes];
-    const std::int64_t block = (kColumns - 2) * reduction.column_weight / reduction.columns;
-    for (std::int64_t i = 0; i < width; i += block) {
-        const std::int64_t count = least(block, width - i);
-        const ColumnWalk walk(reduction, reduction.first_column + i);
-        const std::int64_t end =
-            ((reduction.first_column + i + count) * reduction.columns + reduction.column_weight - 1) /
-            reduction.column_weight;
-        if (!SumAllColumns<kOpaque>(rows, source.width, walk.column, end, memory + kLanes))
-            return false;
-        MakePixels<kOpaque>(reduction, walk, memory + kLanes, to + i, count);
-    }
+               ReductionBlock& block, std::uint32_t* to) {
+    if (!SumAllColumns<kOpaque>(rows, source.width, block.first, block.last, block.Sums()))
+        return false;
+    MakePixels<kOpaque>(reduction, block, to);
     return true;
 }
 
 void Reduce(const SourcePixels& source, const DestinationPixels& destination, const Reduction& reduction) {
     const std::int64_t size = reduction.rows, weight = reduction.row_weight;
-    for (std::int64_t j = 0; j < destination.height; ++j) {
-        const std::int64_t top = (reduction.first_row + j) * size, bottom = top + size;
-        const std::int64_t first = top / weight, above = (first + 1) * weight - top;
-        const CoveredRows rows = {source.words + first * source.row_length,
-                                  source.row_length,
-                                  bottom / weight - first - 1,
-                                  static_cast<std::uint32_t>(above),
-                                  static_cast<std::uint32_t>(weight),
-                                  static_cast<std::uint32_t>(bottom % weight)};
-        std::uint32_t* const to = destination.words + j * destination.row_length;
-        if (!ReduceRow<true>(source, reduction, rows, to, destination.width))
-            ReduceRow<false>(source, reduction, rows, to, destination.width);
+    ReductionBlock block;
+    for (std::int64_t i = 0; i < destination.width; i += block.count) {
+        block.Set(reduction, reduction.first_column + i, destination.width - i);
+        for (std::int64_t j = 0; j < destination.height; ++j) {
+            const std::int64_t top = (reduction.first_row + j) * size, bottom = top + size;
+            const std::int64_t first = DivideRoundingUp(top, weight), last = bottom / weight;
+            const CoveredRows rows = {source.words + (first - 1) * source.row_length,
+                                      source.row_length,
+                                      last - first,
+                                      static_cast<std::uint32_t>(first * weight - top),
+                                      static_cast<std::uint32_t>(weight),
+                                      static_cast<std::uint32_t>(bottom - last * weight)};
+            std::uint32_t* const to = destination.words + j * destination.row_length + i;
+            if (!ReduceRow<true>(source, reduction, rows, block, to))
+                ReduceRow<false>(source, reduction, rows, block, to);
+        }
     }
 }
 
