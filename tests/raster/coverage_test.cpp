@@ -34,7 +34,8 @@ template <class Call, class Want> void ExpectPainted(const rect& frame, Call cal
 }
 
 // What a mode makes of a pixel and one of a layer.
-std::uint32_t Composed(ks_composition_mode mode, std::uint32_t pixel, std::uint32_t layer, std::uint32_t opacity) {
+std::uint32_t Composed(ks_composition_mode mode, std::uint32_t pixel, std::uint32_t layer,
+                       std::uint32_t opacity) {
     KSMerge::hash_array_func[mode](&pixel, &layer, opacity, 1);
     return pixel;
 }
@@ -56,7 +57,8 @@ TEST(Composition, EqualsTheArrayKernelsWhereBothHavePixels) {
         ExpectPainted(
             {-20, -3, 350, 7}, [&](auto page) { ks_compose(page, placed, mode, 99); },
             [&](std::uint32_t pixel, long x, long y) {
-                return reference::Holds(placed.frame, x, y) ? Composed(mode, pixel, *placed.At(x, y), 99) : pixel;
+                return reference::Holds(placed.frame, x, y) ? Composed(mode, pixel, *placed.At(x, y), 99)
+                                                            : pixel;
             });
         ExpectPainted(
             {-20, -3, 700, 7}, [&](auto page) { ks_compose_mask(page, mask, color, mode, 99); },
@@ -77,19 +79,30 @@ TEST(RoundShapes, CoverWhatLiesInThemAndCompose) {
     const struct {
         rect box;
         long radius;  // of the corners; -1 for an ellipse
-    } rows[] = {{{0, 0, 99, 99}, -1}, {{3, -4, 43, 8}, -1},   {{-1, -1, -1, -1}, -1}, {{0, 0, 4, 300}, -1}, {{0, 0, 400, 2}, -1},
-                {{5, 5, 6, 6}, -1},   {{0, 0, 30, 20}, 7},    {{0, 0, 30, 20}, 99},   {{0, 0, 9, 60}, -5},  {{0, 0, 20, 20}, 10},
-                {{kMost - 8, kLeast, kMost, kLeast + 5}, -1}, {{kMost - 8, kLeast, kMost, kLeast + 5}, 2}};
+    } rows[] = {{{0, 0, 99, 99}, -1},
+                {{3, -4, 43, 8}, -1},
+                {{-1, -1, -1, -1}, -1},
+                {{0, 0, 4, 300}, -1},
+                {{0, 0, 400, 2}, -1},
+                {{5, 5, 6, 6}, -1},
+                {{0, 0, 30, 20}, 7},
+                {{0, 0, 30, 20}, 99},
+                {{0, 0, 9, 60}, -5},
+                {{0, 0, 20, 20}, 10},
+                {{kMost - 8, kLeast, kMost, kLeast + 5}, -1},
+                {{kMost - 8, kLeast, kMost, kLeast + 5}, 2}};
     for (const auto& row : rows) {
         SCOPED_TRACE(&row - rows);
         const bool ellipse = row.radius == -1;
         const KSMask mask = ellipse ? KSMask::Ellipse(row.box) : KSMask::RoundRect(row.box, row.radius);
-        const double w = static_cast<double>(row.box.PixelWidth()), h = static_cast<double>(row.box.PixelHeight());
+        const double w = static_cast<double>(row.box.PixelWidth()),
+                     h = static_cast<double>(row.box.PixelHeight());
         const double r = std::clamp(static_cast<double>(row.radius), 0.0, std::min(w, h) / 2);
         const rect at_zero(0, 0, row.box.PixelWidth() - 1, row.box.PixelHeight() - 1);
         ForEachPixel(at_zero, [&](long x, long y) {
             EXPECT_NEAR(mask.bytes[static_cast<std::size_t>(y * row.box.PixelWidth() + x)],
-                        reference::Coverage(at_zero, ellipse ? w / 2 : r, ellipse ? h / 2 : r, x, y), 1.7) << x << " " << y;
+                        reference::Coverage(at_zero, ellipse ? w / 2 : r, ellipse ? h / 2 : r, x, y), 1.7)
+                << x << " " << y;
         });
         for (const auto mode : {kMergeNormal, kMergeMultiply, kMergeCopy, kMergeAlphaMask, kMergeErase}) {
             KSRaster painted({kMost - 5, kLeast, kMost, kLeast + 3}), masked = KSRaster(painted.Frame());
@@ -106,8 +119,8 @@ TEST(RoundShapes, CoverWhatLiesInThemAndCompose) {
             EXPECT_TRUE(SameBytes(painted, masked)) << mode;
         }
     }
-    KSRaster page({-2, -2, 2, 2});  // around the right end of an ellipse that is larger than all memory
-    ks_fill_ellipse(page, {-(1L << 31), -100, -1, 99}, {0, 0, 0});
+    KSRaster page({-2, -2, 2, 2});  // at the right end of an ellipse that is larger than all memory
+    ks_fill_ellipse(page, {-(1L << 31), -(1L << 30), -1, (1L << 30) - 1}, {0, 0, 0});
     ks_fill_ellipse(page, {kLeast, kLeast, kMost, kMost}, {255, 0, 0});
     EXPECT_EQ(PixelAt(page, -1, 0), 0xFF000000);
     EXPECT_EQ(PixelAt(page, 0, 0), 0u);
@@ -116,7 +129,8 @@ TEST(RoundShapes, CoverWhatLiesInThemAndCompose) {
 TEST(Blur, IsTheMeanOverTheSquare) {
     Noise noise(5);
     KSMask mask({-3, 4, 30, 20}), all;
-    std::ranges::generate(mask.bytes, [&] { return noise.OneIn(3) ? 255 : static_cast<std::uint8_t>(noise.In(0, 255)); });
+    std::ranges::generate(mask.bytes,
+                          [&] { return noise.OneIn(3) ? 255 : static_cast<std::uint8_t>(noise.In(0, 255)); });
     for (const long radius : {-4, 0, 1, 3, 16, 90}) {
         const long r = std::max(radius, 0L), n = (2 * r + 1) * (2 * r + 1);
         const KSMask blurred = mask.Blurred(radius);
@@ -129,8 +143,10 @@ TEST(Blur, IsTheMeanOverTheSquare) {
                 for (long u = std::max(x - r, -3L); u <= std::min(x + r, 30L); u++)
                     sum += *mask.Items().At(u, v);
             for (const KSMask* got : {&blurred, static_cast<const KSMask*>(&part)})
-                if (reference::Holds(got->frame, x, y))
-                    ASSERT_EQ(*got->Items().At(x, y), reference::Rounded(sum, n)) << x << " " << y << " " << radius;
+                if (reference::Holds(got->frame, x, y)) {
+                    ASSERT_EQ(*got->Items().At(x, y), reference::Rounded(sum, n))
+                        << x << " " << y << " " << radius;
+                }
         });
     }
     const KSMask far = KSMask({kMost - 1, kLeast, kMost, kLeast}).Blurred(3);
