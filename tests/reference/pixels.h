@@ -72,15 +72,13 @@ inline std::optional<Word> Projected(const Pixels& source, const ks_projection& 
     return Source{square, 2, 2, 2}.Bilinear((px + 2048) % 4096, (py + 2048) % 4096);
 }
 
-inline Word Premultiplied(Word word) {
-    const Channels c = Unpacked(word);
-    return Packed({c[0], Rounded(c[1] * c[0], 255), Rounded(c[2] * c[0], 255), Rounded(c[3] * c[0], 255)});
-}
-
-inline Word Unpremultiplied(Word word) {
+// A pixel whose colours are multiplied by its alpha, or divided by it if `back`.
+inline Word Premultiplied(Word word, bool back) {
     Channels c = Unpacked(word);
     for (std::size_t k = 1; k < 4; ++k)
-        c[k] = c[0] == 0 ? 0 : std::min<i64>(Rounded(c[k] * 255, c[0]), 255);
+        c[k] = !back       ? Rounded(c[k] * c[0], 255)
+               : c[0] == 0 ? 0
+                           : std::min<i64>(Rounded(c[k] * 255, c[0]), 255);
     return Packed(c);
 }
 
