@@ -45,7 +45,7 @@ public:
         if (same(0) && !PaintsUncovered())
             return;
         if (same(255))
-            return Fill({x, y, x + count - 1, y});
+            return Fill({x, y, x + (count - 1), y});
         std::uint32_t layer[kRun];
         ks_bitmaptools::ActiveFunctions().cover(layer, coverage, count, _color);
         _compose(_page.At(x, y), layer, _opacity, static_cast<std::int32_t>(count));

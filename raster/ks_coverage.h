@@ -22,7 +22,8 @@
 #include <cstdint>
 #include <vector>
 
-// Composes a colour by a mask of the caller's: its bytes, row length and place. Allocates nothing.
+// Composes a colour by a mask of the caller's: its bytes, row length and place. Allocates nothing. On a page
+// of opaque black, white by kMergeOverlay makes a picture of the mask's bytes as grey levels.
 KS_EXPORT void ks_compose_mask(KSPixels<std::uint32_t> page, KSPixels<const std::uint8_t> mask,
                                ks_color color, ks_composition_mode mode = kMergeNormal,
                                std::uint32_t opacity = 255);
@@ -42,7 +43,7 @@ KS_EXPORT void ks_fill_round_rect(KSPixels<std::uint32_t> page, const KSRect<lon
 // Stores in each item of `to` the mean of the mask over the square of 2 * radius + 1 items around it, rounded
 // to the nearest, halves up. Beyond its frame the mask is 0. `to` may be any part of the result; parts equal
 // the whole. It takes time in proportion to the mask and to `to`, whatever the radius, and memory in
-// proportion to the mask's width. The two must not share memory. A radius below 0 counts as 0, one above 2^24
+// proportion to the mask's width. The two must not share memory. A radius below 0 counts as 0, one above 2^19
 // as that. Throws std::bad_alloc, with nothing stored.
 KS_EXPORT void ks_blur(KSPixels<const std::uint8_t> mask, KSPixels<std::uint8_t> to, long radius);
 
