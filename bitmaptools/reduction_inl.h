@@ -240,12 +240,17 @@ struct ReductionBlock {
 // Adds `count` columns; the sum of up to `most` fits 32 bits.
 KS_INLINE void AddWhole(FourDoubles& sum, const FourInts* column, std::int64_t count, std::int64_t most,
                         double weight) {
-    for (std::int64_t left = count; left > 0; left -= most) {
-        const FourInts* const end = column + least(left, most);
-        FourInts part = *column++;
-        for (; column < end; ++column)
-            part += *column;
+    const auto add_part = [&](std::int64_t columns) {
+        FourInts part = column[0];
+        for (std::int64_t k = 1; k < columns; ++k)
+            part += column[k];
         AddScaled(sum, part, weight);
+    };
+    if (count > 0 && count <= most)
+        return add_part(count);
+    for (std::int64_t left = count; left > 0; left -= most) {
+        add_part(least(left, most));
+        column += least(left, most);
     }
 }
 
