@@ -20,7 +20,7 @@ using FourDoubles [[gnu::vector_size(32)]] = double;
 
 // The rows that a destination row covers, and their weights. Those of weight 0 are not read.
 struct CoveredRows {
-    const std::uint32_t* first;  // the edge above; the others follow
+    const std::uint32_t* first;  // the first whole row, or the edge below; the edge above is before it
     std::ptrdiff_t row_length;
     std::int64_t whole;                  // how many are covered to their full height
     std::uint32_t above, weight, below;  // of the edge above, of each whole row, of the edge below
@@ -72,13 +72,13 @@ template <bool kOpaque> KS_INLINE void AddRow(ColumnSums& sums, const Words& w) 
     }
 }
 
-// Adds a row with a weight; nothing is loaded for the weight 0.
+// Adds the row at an offset with a weight; nothing is loaded for the weight 0.
 template <bool kOpaque, bool kPart>
-KS_INLINE void AddEdge(const std::uint32_t* column, std::int64_t lanes, std::uint32_t weight,
-                       ColumnSums& sums, Words& common) {
+KS_INLINE void AddEdge(const std::uint32_t* column, std::ptrdiff_t offset, std::int64_t lanes,
+                       std::uint32_t weight, ColumnSums& sums, Words& common) {
     if (weight == 0)
         return;
-    const Words w = LoadColumns<kPart>(column, lanes);
+    const Words w = LoadColumns<kPart>(column + offset, lanes);
     common &= w;
     ColumnSums row;
     AddRow<kOpaque>(row, w);
@@ -92,7 +92,7 @@ KS_INLINE bool SumColumns(const CoveredRows& rows, const std::uint32_t* column, 
     constexpr std::int64_t kMostAdded = 256;  // whose bytes a half can sum up
     Words common = ~Words{};
     ColumnSums sums;
-    const std::uint32_t* row = column + rows.row_length;
+    const std::uint32_t* row = column;
     for (std::int64_t left = rows.whole; left > 0; left -= kMostAdded) {
         Halves red_blue{}, alpha_green{};
         for (std::int64_t k = least(left, kMostAdded); k > 0; --k, row += rows.row_length) {
@@ -110,8 +110,8 @@ KS_INLINE bool SumColumns(const CoveredRows& rows, const std::uint32_t* column, 
     }
     if (rows.whole > 0)
         result.AddScaled(sums, rows.weight);
-    AddEdge<kOpaque, kPart>(column, lanes, rows.above, result, common);
-    AddEdge<kOpaque, kPart>(row, lanes, rows.below, result, common);
+    AddEdge<kOpaque, kPart>(column, -rows.row_length, lanes, rows.above, result, common);
+    AddEdge<kOpaque, kPart>(row, 0, lanes, rows.below, result, common);
     return !kOpaque || !any(~common & 0xFF000000u);
 }
 
@@ -300,7 +300,7 @@ void Reduce(const SourcePixels& source, const DestinationPixels& destination, co
         for (std::int64_t j = 0; j < destination.height; ++j) {
             const std::int64_t top = (reduction.first_row + j) * size, bottom = top + size;
             const std::int64_t first = DivideRoundingUp(top, weight), last = bottom / weight;
-            const CoveredRows rows = {source.words + (first - 1) * source.row_length,
+            const CoveredRows rows = {source.words + first * source.row_length,
                                       source.row_length,
                                       last - first,
                                       static_cast<std::uint32_t>(first * weight - top),
