@@ -3,6 +3,9 @@
 #pragma once
 
 #include "bitmaptools/noise_inl.h"
+#include "bitmaptools/premultiply_inl.h"
+#include "bitmaptools/projection_inl.h"
+#include "bitmaptools/reduction_inl.h"
 #include "bitmaptools/rotation_inl.h"
 #include "bitmaptools/scaling_inl.h"
 #include "bitmaptools/transform_inl.h"
@@ -10,9 +13,23 @@
 namespace ks_bitmaptools {
 namespace {
 
-constexpr LevelFunctions kLevel = {
-    ScalePlain,           ScaleBilinear, RotatePlainAny, RotateBilinearAny, TransformPlainAny,
-    TransformBilinearAny, FindLonelyAny, CountEqual,     SumBytes,          SumHalves};
+constexpr LevelFunctions kLevel = {.scale_plain = ScalePlain,
+                                   .scale_bilinear = ScaleBilinear,
+                                   .rotate_plain = RotatePlainAny,
+                                   .rotate_bilinear = RotateBilinearAny,
+                                   .transform_plain = TransformPlainAny,
+                                   .transform_bilinear = TransformBilinearAny,
+                                   .project_plain = ProjectPlainAny,
+                                   .project_bilinear = ProjectBilinearAny,
+                                   .reduce = Reduce,
+                                   .premultiply = Premultiply,
+                                   .unpremultiply = Unpremultiply,
+                                   .cover = Cover,
+                                   .slide = Slide,
+                                   .find_lonely = FindLonelyAny,
+                                   .count_equal = CountEqual,
+                                   .sum_bytes = SumBytes,
+                                   .sum_halves = SumHalves};
 
 }  // namespace
 }  // namespace ks_bitmaptools

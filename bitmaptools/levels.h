@@ -48,6 +48,24 @@ struct InverseMap {
     double least, most;  // the range of both source fractions
 };
 
+// A reduction by area. A destination pixel covers `columns` / `column_weight` columns and `rows` /
+// `row_weight` rows, both fractions at least 1; `total` is columns * rows. The destination starts at a column
+// and a row of the whole result. At most kMostCovered columns are covered, and `rows` is at most kMostRows.
+struct Reduction {
+    std::int64_t columns, column_weight, first_column;
+    std::int64_t rows, row_weight, first_row;
+    double total;
+};
+inline constexpr std::int64_t kMostCovered = 256;
+inline constexpr std::int64_t kMostRows = 0x7FFFFFFF / 65025;
+
+// A projective map from the plane of the destination to the source's first pixel: see ks_projection. The
+// destination starts at (left, top).
+struct Projection {
+    double m[9];
+    double left, top;
+};
+
 // How much count_equal, sum_bytes and sum_halves may read behind their arguments.
 inline constexpr std::int64_t kReadBeyond = 64;
 
@@ -60,6 +78,17 @@ struct LevelFunctions {
     void (*rotate_bilinear)(const SourcePixels&, const DestinationPixels&, const Axis& x, const Axis& y);
     void (*transform_plain)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
     void (*transform_bilinear)(const SourcePixels&, const DestinationPixels&, const InverseMap&);
+    void (*project_plain)(const SourcePixels&, const DestinationPixels&, const Projection&);
+    void (*project_bilinear)(const SourcePixels&, const DestinationPixels&, const Projection&);
+    void (*reduce)(const SourcePixels&, const DestinationPixels&, const Reduction&);
+
+    // See ks_premultiply.h. The two runs may be one.
+    void (*premultiply)(std::uint32_t* to, const std::uint32_t* from, std::int64_t count);
+    void (*unpremultiply)(std::uint32_t* to, const std::uint32_t* from, std::int64_t count);
+    // Stores `color` with its alpha scaled by each coverage, rounded down.
+    void (*cover)(std::uint32_t* to, const std::uint8_t* coverage, std::int64_t count, std::uint32_t color);
+    // Adds one row of bytes to the sums and takes another one off. A row that is null counts as zeros.
+    void (*slide)(std::uint32_t* sums, const std::uint8_t* in, const std::uint8_t* out, std::int64_t count);
 
     // Writes to `lonely`, in ascending order, which pixels first <= x < last of the middle row equal none of
     // their eight neighbours, and returns their number. At the top and bottom of an image the caller gives

@@ -5,10 +5,13 @@ include(CMakePackageConfigHelpers)
 set(imaging_folders merge bitmaptools exchange raster)
 set(imaging_headers
     bitmaptools/KSBitmapTools.h
+    bitmaptools/ks_premultiply.h
+    bitmaptools/ks_resample.h
     exchange/BBitmap.h
     exchange/BRect.h
     exchange/KSMessage.h
     hdr/KSList.h
+    hdr/KSPixels.h
     hdr/KSPoint.h
     hdr/KSRect.h
     hdr/ks_assert.h
@@ -19,7 +22,9 @@ set(imaging_headers
     kits/BBitmap.h
     kits/BRect.h
     merge/KSMerge.h
+    merge/ks_compose.h
     raster/KSRaster.h
+    raster/ks_coverage.h
     toolkit/KSMessage.h)
 
 # The header that says the version is the one place where it stands.
@@ -54,6 +59,12 @@ imaging_library(ks_imaging_static imaging_static STATIC)
 # Exactly the symbols of this list are visible in the shared library.
 set(imaging_symbols "${PROJECT_SOURCE_DIR}/cmake/ksimaging.symbols")
 target_link_options(ks_imaging PRIVATE "LINKER:--version-script,${imaging_symbols}" "LINKER:--no-undefined-version")
+# Programs linked against 1.0 know these operations under the names that they had before they were const.
+foreach(name 12CreateScaledE6KSRectIlEb16ks_raster_native 12CreateScaledE7KSPointIdES1_S1_S1_bdS1_
+        15DuplicateRasterE16ks_raster_native 7ArchiveEP9KSMessage)
+    target_link_options(ks_imaging PRIVATE "LINKER:--defsym,_ZN8KSRaster${name}=_ZNK8KSRaster${name}")
+endforeach()
+target_link_options(ks_imaging PRIVATE "LINKER:--defsym,_ZN8KSRaster8CopyFromEPS_=_ZN8KSRaster8CopyFromEPKS_")
 set_property(TARGET ks_imaging APPEND PROPERTY LINK_DEPENDS "${imaging_symbols}")
 
 set(imaging_package "${CMAKE_INSTALL_LIBDIR}/cmake/ksimaging")

@@ -7,7 +7,7 @@
 // mode or a new member of a class needs a new major number.
 #define KS_IMAGING_VERSION_MAJOR 1
 // Grows with new functions and types.
-#define KS_IMAGING_VERSION_MINOR 0
+#define KS_IMAGING_VERSION_MINOR 1
 // Grows with corrections.
 #define KS_IMAGING_VERSION_PATCH 0
 

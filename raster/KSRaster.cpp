@@ -13,6 +13,7 @@
 #include <cstring>
 #include <limits>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -75,6 +76,16 @@ std::unique_ptr<char[]> CopyOf(const char* text) {
 // Returns the first byte of a row.
 unsigned char* RowOf(const KSRaster& raster, long index) {
     return static_cast<unsigned char*>(raster.Bits()) + index * raster.BytesPerRow();
+}
+
+// Calls `change(unit)` for each of the `Unit`s in the first `row_bytes` of each row.
+template <class Unit, class Change>
+void ForEachUnit(const KSRaster& raster, std::int32_t row_bytes, Change change) {
+    const long rows = raster.Bits() ? raster.Height() : 0;
+    for (long y = 0; y < rows; y++) {
+        auto* const unit = reinterpret_cast<Unit*>(RowOf(raster, y));
+        std::for_each(unit, unit + row_bytes / static_cast<std::int32_t>(sizeof(Unit)), change);
+    }
 }
 
 // A bitmap of exactly the pixels of a frame.
@@ -147,6 +158,54 @@ KSRaster::KSRaster(BBitmap* bitmap, const char* name)
     _bytes_per_row = bitmap->BytesPerRow();
 }
 
+KSRaster::KSRaster(void* pixels, std::int32_t bytes_per_row, KSRect<long> frame, const char* name,
+                   ks_color_space space)
+    : _frame(frame), _color_space(space), _bytes_per_pixel(BytesPerPixelOf(space)), _owns_data(false) {
+    KS_ASSERT(bytes_per_row % _bytes_per_pixel == 0);
+    if (name && *name)
+        _name = CopyOf(name);
+    if (pixels == nullptr || !frame.IsValid())
+        return;
+    if (StorageSize(frame, _bytes_per_pixel) < 0 ||
+        frame.PixelHeight() > std::numeric_limits<std::int32_t>::max() / MAX(bytes_per_row, 1))
+        throw std::bad_alloc();
+    KS_ASSERT(bytes_per_row >= frame.PixelWidth() * _bytes_per_pixel);
+    _data = static_cast<unsigned char*>(pixels);
+    _bytes_per_row = bytes_per_row;
+    Lock();
+}
+
+KSRaster::KSRaster(KSRaster&& other) noexcept : KSRaster(KSRect<long>()) {
+    Swap(other);
+}
+
+KSRaster& KSRaster::operator=(KSRaster&& other) noexcept {
+    if (this != &other) {
+        KSRaster taken(std::move(other));
+        Swap(taken);
+    }
+    return *this;
+}
+
+void KSRaster::Swap(KSRaster& other) noexcept {
+    std::swap(_name, other._name);
+    std::swap(_data, other._data);
+    std::swap(_pattern, other._pattern);
+    std::swap(_frame, other._frame);
+    std::swap(_optimized_frame, other._optimized_frame);
+    std::swap(_color_space, other._color_space);
+    std::swap(_drawing_mode, other._drawing_mode);
+    std::swap(_bytes_per_row, other._bytes_per_row);
+    std::swap(_bytes_per_pixel, other._bytes_per_pixel);
+    std::swap(_lock_count, other._lock_count);
+    std::swap(_high_color, other._high_color);
+    std::swap(_low_color, other._low_color);
+    std::swap(_owns_data, other._owns_data);
+    std::swap(_native, other._native);
+    std::swap(_valid, other._valid);
+    std::swap(_bitmap, other._bitmap);
+}
+
 KSRaster::~KSRaster() {
     if (_native == kRasterInMemory && _data)
         Unlock();
@@ -202,8 +261,8 @@ void KSRaster::AllocateMemory() {
 }
 
 void KSRaster::InitEmpty() {
-    if (IsLocked() && _data)
-        std::memset(_data, 0xFF, static_cast<std::size_t>(BitsLength()));
+    if (IsLocked())
+        ForEachUnit<unsigned char>(*this, RowBytes(), [](unsigned char& byte) { byte = 0xFF; });
 }
 
 bool KSRaster::Lock() {
@@ -273,16 +332,25 @@ void KSRaster::PrintToStream(const char* label) const {
     _frame.PrintToStream("Frame for KSRaster:\n   ");
 }
 
-void KSRaster::Archive(KSMessage* archive) {
+void KSRaster::Archive(KSMessage* archive) const {
     if (archive == nullptr)
         return;
-    const ks_raster_lock lock(*this);
+    if (_data && RowBytes() != _bytes_per_row) {
+        KSRaster compact(_frame, _name.get(), _color_space);
+        compact.CopyFrom(this);
+        return compact.Archive(archive);
+    }
     if (_name)
         archive->AddString(kNameField, _name.get());
     archive->AddRect(kFrameField, _frame);
     archive->AddInt32(kColorSpaceField, _color_space);
     archive->AddInt32(kNativeField, _native);
     archive->AddData(kDataField, kDataType, Bits(), static_cast<std::size_t>(BitsLength()));
+}
+
+std::int32_t KSRaster::RowBytes() const {
+    const bool is_callers = !_owns_data && !_bitmap;
+    return is_callers ? static_cast<std::int32_t>(Width() * _bytes_per_pixel) : _bytes_per_row;
 }
 
 const char* KSRaster::ArchiveFault(const KSMessage* archive) {
@@ -320,26 +388,21 @@ void KSRaster::SetLowColor(long red, long green, long blue, long alpha) {
 
 void KSRaster::SwapEndian() {
     const ks_raster_lock lock(*this);
-    const std::int32_t length = BitsLength();
-    if (_bytes_per_pixel == 2) {
-        auto* unit = reinterpret_cast<std::uint16_t*>(_data);
-        std::for_each(unit, unit + length / 2, [](std::uint16_t& u) { u = __builtin_bswap16(u); });
-    } else if (_bytes_per_pixel == 4) {
-        auto* unit = reinterpret_cast<std::uint32_t*>(_data);
-        std::for_each(unit, unit + length / 4, [](std::uint32_t& u) { u = __builtin_bswap32(u); });
-    }
+    if (_bytes_per_pixel == 2)
+        ForEachUnit<std::uint16_t>(*this, RowBytes(), [](std::uint16_t& u) { u = __builtin_bswap16(u); });
+    else if (_bytes_per_pixel == 4)
+        ForEachUnit<std::uint32_t>(*this, RowBytes(), [](std::uint32_t& u) { u = __builtin_bswap32(u); });
 }
 
 void KSRaster::FillAlpha(unsigned char alpha) {
-    if (!_data || _bytes_per_pixel != 4)
+    if (_bytes_per_pixel != 4)
         return;
     const ks_raster_lock lock(*this);
-    auto* word = reinterpret_cast<std::uint32_t*>(_data);
     const std::uint32_t bits = std::uint32_t{alpha} << 24;
-    std::for_each(word, word + BitsLength() / 4, [bits](std::uint32_t& w) { w = (w & 0x00FFFFFF) | bits; });
+    ForEachUnit<std::uint32_t>(*this, RowBytes(), [bits](std::uint32_t& w) { w = (w & 0x00FFFFFF) | bits; });
 }
 
-KSRaster* KSRaster::DuplicateRaster(ks_raster_native native) {
+KSRaster* KSRaster::DuplicateRaster(ks_raster_native native) const {
     std::unique_ptr<KSRaster> raster;
     try {
         raster = std::make_unique<KSRaster>(_frame, _name.get(), _color_space,
@@ -352,17 +415,14 @@ KSRaster* KSRaster::DuplicateRaster(ks_raster_native native) {
     return raster.release();
 }
 
-void KSRaster::CopyFrom(KSRaster* source) {
+void KSRaster::CopyFrom(const KSRaster* source) {
     if (source == nullptr)
         return;
-    const ks_raster_lock lock(*this), source_lock(*source);
+    const ks_raster_lock lock(*this);
     if (!_data || !source->_data)
         return;
     const long rows = MIN(source->Height(), Height());
-    const auto row_bytes = static_cast<std::size_t>(MIN(_bytes_per_row, source->_bytes_per_row));
-    if (_bytes_per_row == source->_bytes_per_row)
-        std::memmove(_data, source->_data, static_cast<std::size_t>(rows) * row_bytes);
-    else
-        for (long y = 0; y < rows; y++)
-            std::memcpy(RowOf(*this, y), RowOf(*source, y), row_bytes);
+    const auto row_bytes = static_cast<std::size_t>(MIN(RowBytes(), source->RowBytes()));
+    for (long y = 0; y < rows; y++)
+        std::memmove(RowOf(*this, y), RowOf(*source, y), row_bytes);
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "hdr/KSList.h"
+#include "hdr/KSPixels.h"
 #include "hdr/KSPoint.h"
 #include "hdr/KSRect.h"
 #include "hdr/ks_color.h"
@@ -58,7 +59,9 @@ struct ks_polyline_entry {
 // A raster with an invalid frame is valid and has no pixels. The constructors throw std::bad_alloc if the
 // pixels would take more than 2^31 - 1 bytes, as for any lack of memory.
 //
-// Contracts are checked by assertions, which abort the process. A raster may be used by one thread at a time.
+// Contracts are checked by assertions, which abort the process. A raster may be used by one thread at a time,
+// or by several that only call const operations. Functions that work on views of its pixels may run on
+// several threads as far as these have no pixel in common.
 class KS_EXPORT KSRaster {
 public:
     // Makes a raster for `frame`, with a copy of `name` unless that is null or empty. An in-memory raster is
@@ -76,11 +79,25 @@ public:
     // a raster without pixels. Holds no lock. Throws std::bad_alloc, with the bitmap deleted.
     explicit KSRaster(BBitmap* bitmap, const char* name = nullptr);
 
+    // Makes a raster on pixels of the caller's, who frees them after the raster is gone. The first one is at
+    // the frame's top left; `bytes_per_row` is the distance to the next row, at least the width, and a
+    // multiple of the size of a pixel, at a multiple of which `pixels` lies too. The bytes between the rows
+    // are neither read nor written. Otherwise the raster is like one in memory, and so are its duplicates and
+    // archives. Null pixels or an invalid frame give a raster without pixels. Throws std::bad_alloc if
+    // Height() * bytes_per_row is above 2^31 - 1.
+    KSRaster(void* pixels, std::int32_t bytes_per_row, KSRect<long> frame, const char* name = nullptr,
+             ks_color_space space = KS_RGBA_COLOR_SPACE);
+
     KSRaster(const KSRaster&) = delete;
     KSRaster& operator=(const KSRaster&) = delete;
+    // Takes all that the other raster is: pixels, place, name, drawing state and locks. What is left is a
+    // raster without pixels. Views and pointers to the pixels stay valid.
+    KSRaster(KSRaster&& other) noexcept;
+    // Asserts of the raster that is replaced what the destructor asserts.
+    KSRaster& operator=(KSRaster&& other) noexcept;
 
-    // Frees the pixels and the bitmap. Asserts that all locks are released but the one that an in-memory
-    // raster holds itself.
+    // Frees the pixels, unless they are the caller's, and the bitmap. Asserts that all locks are released but
+    // the one that an in-memory raster holds itself.
     virtual ~KSRaster();
 
     // Sets all bytes of the pixels to 255 (opaque white) if the raster is locked.
@@ -102,6 +119,17 @@ public:
     std::int32_t BytesPerRow() const { return _bytes_per_row; }
     std::int32_t BytesPerPixel() const { return _bytes_per_pixel; }
     ks_color_space ColorSpace() const { return _color_space; }
+    // Returns the pixels with their place, for functions that work on any pixels. The view is empty if there
+    // are none or if they do not take four bytes. It is valid as long as the raster lives and is not moved or
+    // assigned.
+    KSPixels<std::uint32_t> Pixels() {
+        return _data && _bytes_per_pixel == 4
+                   ? KSPixels(reinterpret_cast<std::uint32_t*>(_data), _bytes_per_row / 4, _frame)
+                   : KSPixels<std::uint32_t>();
+    }
+    KSPixels<const std::uint32_t> Pixels() const { return const_cast<KSRaster*>(this)->Pixels(); }
+    operator KSPixels<std::uint32_t>() { return Pixels(); }
+    operator KSPixels<const std::uint32_t>() const { return Pixels(); }
     // Return the frame, and its size in pixels.
     long Width() const { return _frame.PixelWidth(); }
     long Height() const { return _frame.PixelHeight(); }
@@ -136,7 +164,7 @@ public:
 
     // Adds name, frame, colour space, storage kind and pixels to a message; docs/archive-format.md lists the
     // fields. Does nothing for a null message. Throws std::bad_alloc.
-    void Archive(KSMessage* archive);
+    void Archive(KSMessage* archive) const;
     // Returns null if the archive constructor would take everything in `archive` as it is, or a static
     // English text that says what is wrong: a storage kind or colour space that constructors refuse, a frame
     // that is too large, or pixel data of another size than the frame's. Returns null for a null archive.
@@ -149,10 +177,14 @@ public:
 
     // Returns a new raster with this one's frame, name, colour space and pixels, or null if it cannot be
     // made. Drawing state and optimized frame are those of a new raster. The caller deletes it.
-    KSRaster* DuplicateRaster(ks_raster_native native = kRasterNativeDontChange);
+    KSRaster* DuplicateRaster(ks_raster_native native = kRasterNativeDontChange) const;
+    // Returns the same as an owner.
+    std::unique_ptr<KSRaster> Duplicate(ks_raster_native native = kRasterNativeDontChange) const {
+        return std::unique_ptr<KSRaster>(DuplicateRaster(native));
+    }
     // Copies the rows and bytes that both rasters have, from top left to top left, whatever their frames and
     // colour spaces. Does nothing for a null source.
-    void CopyFrom(KSRaster* source);
+    void CopyFrom(const KSRaster* source);
 
     // Returns a new raster for `frame` that holds this image resized to it, bilinearly (with the sides that
     // KSBitmapTools::ScaleBiLin describes) or by nearest neighbour; an image of the same size is copied. The
@@ -160,7 +192,20 @@ public:
     // deletes it. `native` is as for the constructor. Returns null if the frame is invalid, or if this
     // raster's pixels do not take four bytes. If this raster has no pixels, the new one is transparent.
     // Throws std::bad_alloc.
-    KSRaster* CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native);
+    KSRaster* CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) const;
+    // Returns the same as an owner.
+    std::unique_ptr<KSRaster> Scaled(KSRect<long> frame, bool bilinear = true,
+                                     ks_raster_native native = kRasterInMemory) const {
+        return std::unique_ptr<KSRaster>(CreateScaled(frame, bilinear, native));
+    }
+    // Returns a new in-memory raster for `frame` that holds this image reduced to it by ks_reduce. What that
+    // does not do stays transparent: use Scaled to enlarge. Name and state are as above. Returns null and
+    // throws as above.
+    std::unique_ptr<KSRaster> Reduced(KSRect<long> frame) const;
+    // Returns the largest frame with this image's proportions that fits a box, in its middle: at most as
+    // large as the image itself, and at least one pixel wide and high. Sides are rounded to the nearest.
+    // Returns an invalid frame if this one or the box is invalid.
+    KSRect<long> FittedInto(KSRect<long> box) const;
     // Returns a new in-memory raster that holds this image with its top left, top right, bottom right and
     // bottom left corners at p1 to p4, then rotated about `center` by `angle` radians if that is not 0 (pi /
     // 2 moves the content to the right of the centre up). An upright rectangle is resized to the rounded
@@ -175,7 +220,7 @@ public:
     // Name, state and ownership are as above. Returns null as above, and if an argument is not finite. Throws
     // std::bad_alloc.
     KSRaster* CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint<double> p3, KSPoint<double> p4,
-                           bool bilinear, double angle, KSPoint<double> center);
+                           bool bilinear, double angle, KSPoint<double> center) const;
 
     // Sets the mode by which primitives compose; it is kMergeOver at first. Primitives assert that it is one
     // of the kMergeCount modes.
@@ -241,6 +286,9 @@ public:
 private:
     friend class ks_painter;
 
+    // How much of a row belongs to the raster: what lies behind the caller's pixels does not.
+    std::int32_t RowBytes() const;
+    void Swap(KSRaster& other) noexcept;
     void MakeStorage();
     void AllocateBitmap();
     void AllocateMemory();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Scaled, transformed and rotated copies of a raster.
 #include "bitmaptools/KSBitmapTools.h"
+#include "bitmaptools/ks_resample.h"
 #include "bitmaptools/turn.h"
 #include "hdr/ks_math.h"
 #include "raster/KSRaster.h"
@@ -94,8 +95,8 @@ void Map(const KSRaster& source, KSRaster& result, const KSPoint<double> (&corne
               static_cast<std::uint32_t>(RowLength(result)));
 }
 
-void Rotate(KSRaster& source, KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
-    const ks_raster_lock result_lock(result), lock(source);
+void Rotate(const KSRaster& source, KSRaster& result, KSPoint<double> center, double angle, bool bilinear) {
+    const ks_raster_lock lock(result);
     const auto rotate = bilinear ? KSBitmapTools::RotateBiLin : KSBitmapTools::RotatePlain;
     rotate(source.Frame(), result.Frame(), center, angle, Words(source), Words(result),
            static_cast<std::uint32_t>(RowLength(source)), static_cast<std::uint32_t>(RowLength(result)));
@@ -103,22 +104,21 @@ void Rotate(KSRaster& source, KSRaster& result, KSPoint<double> center, double a
 
 }  // namespace
 
-KSRaster* KSRaster::CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) {
+KSRaster* KSRaster::CreateScaled(KSRect<long> frame, bool bilinear, ks_raster_native native) const {
     if (!frame.IsValid() || _bytes_per_pixel != 4)
         return nullptr;
-    const ks_raster_lock lock(*this);
     auto result = NewLike(*this, frame, native);
     Resize(*this, *result, bilinear);
     return result.release();
 }
 
 KSRaster* KSRaster::CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint<double> p3,
-                                 KSPoint<double> p4, bool bilinear, double angle, KSPoint<double> center) {
+                                 KSPoint<double> p4, bool bilinear, double angle,
+                                 KSPoint<double> center) const {
     const KSPoint<double> corners[] = {p1, p2, p3, p4};
     if (!std::all_of(corners, corners + 4, IsFinite) || !IsFinite(center) || !std::isfinite(angle) ||
         _bytes_per_pixel != 4)
         return nullptr;
-    const ks_raster_lock lock(*this);
     std::unique_ptr<KSRaster> result;
     if (p4.x == p1.x && p3.x == p2.x && p2.y == p1.y && p4.y == p3.y) {
         const KSRect<long> frame(Rounded(p1.x), Rounded(p1.y), Rounded(p3.x), Rounded(p3.y));
@@ -135,4 +135,29 @@ KSRaster* KSRaster::CreateScaled(KSPoint<double> p1, KSPoint<double> p2, KSPoint
     auto rotated = NewLike(*this, RotatedBounds(result->Frame(), center, angle), kRasterInMemory);
     Rotate(*result, *rotated, center, angle, bilinear);
     return rotated.release();
+}
+
+std::unique_ptr<KSRaster> KSRaster::Reduced(KSRect<long> frame) const {
+    if (!frame.IsValid() || _bytes_per_pixel != 4)
+        return nullptr;
+    auto result = NewLike(*this, frame, kRasterInMemory);
+    ks_reduce(*this, frame, *result);
+    return result;
+}
+
+KSRect<long> KSRaster::FittedInto(KSRect<long> box) const {
+    const double width = static_cast<double>(Width()), height = static_cast<double>(Height());
+    const long box_width = box.PixelWidth(), box_height = box.PixelHeight();
+    if (!_frame.IsValid() || !box.IsValid() || Width() <= 0 || Height() <= 0 || box_width <= 0 ||
+        box_height <= 0)
+        return {};
+    const double factor =
+        std::min({1.0, static_cast<double>(box_width) / width, static_cast<double>(box_height) / height});
+    const auto side = [factor](double length, long most) {
+        return std::clamp(static_cast<long>(std::floor(length * factor + 0.5)), 1L, most);
+    };
+    const long w = side(width, std::min(box_width, Width())),
+               h = side(height, std::min(box_height, Height()));
+    const long left = box.left + (box_width - w) / 2, top = box.top + (box_height - h) / 2;
+    return {left, top, left + w - 1, top + h - 1};
 }

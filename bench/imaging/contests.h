@@ -32,3 +32,4 @@ void run_composition_contests(Runner& runner);
 void run_resampling_contests(Runner& runner);
 void run_noise_contests(Runner& runner);
 void run_drawing_contests(Runner& runner);
+void run_operation_contests(Runner& runner);

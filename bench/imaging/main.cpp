@@ -98,6 +98,7 @@ Record measure(const Arguments& arguments) {
     run_resampling_contests(runner);
     run_noise_contests(runner);
     run_drawing_contests(runner);
+    run_operation_contests(runner);
     if (runner.Finished().empty())
         throw std::runtime_error("no contest matches " + arguments.filter);
     const std::time_t now = std::time(nullptr);

@@ -1,11 +1,15 @@
 // SPDX-License-Identifier: MIT
 // Uses each part of the installed library once.
 #include "bitmaptools/KSBitmapTools.h"
+#include "bitmaptools/ks_premultiply.h"
+#include "bitmaptools/ks_resample.h"
 #include "hdr/ks_math.h"
 #include "hdr/ks_version.h"
 #include "kits/BBitmap.h"
 #include "merge/KSMerge.h"
+#include "merge/ks_compose.h"
 #include "raster/KSRaster.h"
+#include "raster/ks_coverage.h"
 #include "toolkit/KSMessage.h"
 
 #undef NDEBUG
@@ -36,6 +40,13 @@ int main() {
     const std::unique_ptr<KSRaster> half(
         raster.CreateScaled(KSRect<long>(0, 0, 4, 1), false, kRasterInBBitmap));
     assert(half->GetBBitmap() && half->Width() == 5);
+
+    ks_compose_mask(raster, KSMask::RoundRect(raster.Frame(), 2).Blurred(1), ks_color(0, 0, 0, 100));
+    ks_compose(raster, *raster.Reduced({10, 10, 11, 11}), kMergeCopy);
+    ks_project_plain(
+        restored, ks_projection::FromQuadrilateral(ks_corners(restored.Frame()), {10, 14, 19, 14}), raster);
+    ks_premultiply(raster.Pixels(), raster.Pixels());
+    assert(raster.Pixels().Part({10, 14, 10, 14}).first[0] == 0xFFFF0000);
 
     std::uint8_t speck[] = {0, 0, 0, 0, 9, 0, 0, 0, 0};
     KSBitmapTools::NoiseRemover(speck, 3, 3, 1, 1);

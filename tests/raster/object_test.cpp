@@ -250,4 +250,51 @@ TEST(RasterDeathTest, NamesConditionFileAndFunction) {
     EXPECT_DEATH(raster.FillRect(0, 0, 1, 1), "_mode < kMergeCount");
 }
 
+// The bytes between its rows stay as they are.
+TEST(Raster, WorksOnMemoryOfTheCallers) {
+    std::vector<std::uint32_t> memory(7 * 5, 0x12345678), want = memory;
+    KSRaster raster(memory.data(), 28, {10, 20, 13, 24}, "view");
+    KSRaster other({0, 0, 8, 8});
+    FillWithNoise(other, 4);
+    CallEverything(raster);
+    raster.InitEmpty();
+    raster.OffsetTo(10, 20);
+    raster.CopyFrom(&other);
+    raster.SwapEndian();
+    raster.FillAlpha(9);
+    KSMessage archive;
+    raster.Archive(&archive);
+    EXPECT_EQ(KSRaster::ArchiveFault(&archive), nullptr);
+    const KSRaster restored(&archive), moved(std::move(raster));
+    const auto duplicate = moved.Duplicate();
+    EXPECT_EQ(raster.Bits(), nullptr);
+    EXPECT_EQ(moved.Bits(), memory.data());
+    ForEachPixel(moved.Frame(), [&](long x, long y) {
+        const std::uint32_t word = __builtin_bswap32(PixelAt(other, x - 10, y - 20));
+        want[static_cast<std::size_t>((y - 20) * 7 + x - 10)] = (word & 0xFFFFFF) | 0x09000000;
+    });
+    EXPECT_EQ(memory, want);
+    for (const KSRaster* copy : {&restored, static_cast<const KSRaster*>(duplicate.get())})
+        EXPECT_EQ(PixelsOf(*copy), PixelsOf(moved));
+    std::vector<KSRaster> rasters;
+    rasters.emplace_back(rect(0, 0, 3, 3), "first");
+    rasters.push_back(std::move(other));
+    rasters.front() = std::move(rasters.back());
+    EXPECT_EQ(rasters.front().Width(), 9);
+    EXPECT_THROW(KSRaster(memory.data(), 1 << 30, {0, 0, 0, 1}), std::bad_alloc);
+}
+
+TEST(Raster, FitsIntoBoxes) {
+    const KSRaster wide({5, 5, 404, 204});
+    const rect rows[][2] = {{{0, 0, 99, 99}, {0, 25, 99, 74}},
+                            {{-50, 0, 949, 49}, {400, 0, 499, 49}},
+                            {{0, 0, 999, 999}, {300, 400, 699, 599}},
+                            {{3, 3, 3, 3}, {3, 3, 3, 3}},
+                            {{3, 3, 2, 2}, {}}};
+    for (const auto& [box, fitted] : rows)
+        EXPECT_EQ(wide.FittedInto(box), fitted);
+    const auto reduced = wide.Reduced(wide.FittedInto({0, 0, 99, 99}));
+    EXPECT_EQ(reduced->Frame(), rect(0, 25, 99, 74));
+}
+
 }  // namespace
