@@ -27,6 +27,7 @@ public:
         connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
             const QScopedValueRollback typing(_is_typing, true);
             _typed(ReadColor(text).value_or(_before));
+            setFocus(Qt::OtherFocusReason);  // the dialog gives it to the palette that has the colour
         });
         connect(this, &QLineEdit::editingFinished, this, [this] { Finish(); });
         LetEnterTakeTypedText(this, this);
@@ -42,6 +43,8 @@ public:
 private:
     // A text that is no colour gives way to the colour, and the user is told.
     void Finish() {
+        if (_is_typing)
+            return;
         if (!ReadColor(text()))
             QToolTip::showText(mapToGlobal(rect().bottomLeft()), texts::Text(texts::kNoColor), this);
         Show();

@@ -12,7 +12,7 @@
 class QWidget;
 
 struct menu_entry {
-    QString text;  // with "&" before a mnemonic; none: a line between entries
+    QString text;        // with "&" before a mnemonic; none: a line between entries
     QKeySequence key{};  // shown only: whoever owns the shortcut handles it
     std::function<void()> action{};
     bool is_enabled = true;

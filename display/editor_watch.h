@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// What all editors of a value have in common: keys and a menu to copy, paste, undo and revert; and the time in
-// which the user types, whose edits are one step.
+// What all editors of a value have in common: keys and a menu to copy, paste, undo and revert; and the time
+// in which the user types, whose edits are one step.
 #pragma once
 
 #include <QObject>

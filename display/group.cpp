@@ -45,7 +45,10 @@ KSPoint<long> WeightOf(const KSControl& control) {
 
 class Frame : public QGroupBox {
 public:
-    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) { marks::MakeGround(*this); }
+    Frame(ks_pen level, QWidget* parent) : QGroupBox(parent), _level(level) {
+        setProperty(PenStyle::kLevel, level);
+        marks::MakeGround(*this);
+    }
 
 protected:
     void paintEvent(QPaintEvent*) override {

@@ -260,6 +260,21 @@ bool PenStyle::eventFilter(QObject* object, QEvent* event) {
     return false;
 }
 
+// The text stands out from the level that it lies on.
+void PenStyle::drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
+                            bool is_enabled, const QString& text, QPalette::ColorRole role) const {
+    QPalette own = palette;
+    if (role == QPalette::WindowText) {
+        const auto* ground = dynamic_cast<const QWidget*>(painter->device());
+        while (ground && !ground->property(kLevel).isValid())
+            ground = ground->parentWidget();
+        const int level = ground ? ground->property(kLevel).toInt() : int{KS_PEN_BG_LOW};
+        own.setColor(role, _worn->On(is_enabled ? KS_PEN_TEXT : KS_PEN_DISABLEDTEXT,
+                                     _worn->Ground(static_cast<ks_pen>(level))));
+    }
+    QProxyStyle::drawItemText(painter, rect, flags, own, is_enabled, text, role);
+}
+
 QIcon PenStyle::standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const {
     return icon == SP_LineEditClearButton ? QIcon(new ClearIcon)
                                           : QProxyStyle::standardIcon(icon, option, widget);

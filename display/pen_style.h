@@ -15,6 +15,8 @@ class PenStyle : public QProxyStyle {
 public:
     // A property that labels have which wear the Small font.
     static constexpr const char* kNote = "note";
+    // A property of what draws a level (a ks_pen) under the widgets in it; other texts lie on Low.
+    static constexpr const char* kLevel = "level";
 
     PenStyle();
 
@@ -34,6 +36,8 @@ public:
     using QProxyStyle::polish;
     using QProxyStyle::unpolish;
     QPalette standardPalette() const override;
+    void drawItemText(QPainter* painter, const QRect& rect, int flags, const QPalette& palette,
+                      bool is_enabled, const QString& text, QPalette::ColorRole role) const override;
     // Also follows the look where an icon was made before.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
     int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

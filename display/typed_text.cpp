@@ -12,6 +12,7 @@ class TypedText : public QObject {
 public:
     TypedText(QLineEdit* line, QWidget* keys) : QObject(keys) {
         connect(line, &QLineEdit::textEdited, this, [this] { _is_pending = true; });
+        connect(line, &QLineEdit::inputRejected, this, [this] { _is_pending = true; });
         keys->installEventFilter(this);
     }
 

@@ -77,6 +77,13 @@ TEST_F(Meaning, OfNumbersInEveryLocale) {
                     EXPECT_EQ(entered(QLocale(locale), 2, "1e5", Way::kPasted), 7);
                     EXPECT_EQ(entered(QLocale(locale), 2, "12.5 pt\n", Way::kPasted), 12.5);
                 }
+            NumberBox box(nullptr);
+            QTest::keyClicks(&box, QStringLiteral("x"));
+            for (const bool is_first : {true, false}) {
+                QKeyEvent enter(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+                QApplication::sendEvent(&box, &enter);
+                EXPECT_EQ(enter.isAccepted(), is_first) << "what is refused was typed, too";
+            }
         });
     });
 }
@@ -135,6 +142,7 @@ TEST_F(Meaning, OfColors) {
         {" #1e64c8", {0x1e, 0x64, 0xc8}},
         {"#f0a8", {255, 0, 0xaa, 0x88}},
         {"#fA0", {255, 0xaa, 0}},
+        {"#ff000080", {255, 0, 0, 0x80}},  // at #ff0 it is a colour of the palette
         {"Dark Slate Gray", {47, 79, 79}},
         {"transparent", {0, 0, 0, 0}},
         {"#12345", kept},
@@ -160,8 +168,10 @@ TEST_F(Meaning, OfColors) {
             program.OnScreen([&] {
                 auto* line = panel->findChild<QLineEdit*>(QStringLiteral("color"));
                 EXPECT_EQ(line->text(), QStringLiteral("#09080706"));
+                line->setFocus();
                 line->selectAll();
                 Enter(line, mime.text(), Way::kTyped);
+                EXPECT_EQ(QApplication::focusWidget(), line) << text;
                 QTest::keyClick(line, Qt::Key_Return);
                 EXPECT_TRUE(panel->isVisible());
                 QTest::keyClick(line, Qt::Key_Return);

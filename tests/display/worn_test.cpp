@@ -136,9 +136,21 @@ double ContrastIn(const QImage& image) {
 
 TEST_F(WornLook, CanBeReadWhateverIsChosen) {
     ShownProgram::Run([](ShownProgram& program) {
-        for (const ks_color color : {ks_color(255, 255, 255), ks_color(0, 0, 0), ks_color(90, 90, 90, 0),
-                                     ks_color(255, 0, 0), ks_color(119, 119, 119)}) {
-            SetPens([&](int) { return color; });
+        struct Pens {
+            ks_color levels, inks, low;
+        };
+        constexpr ks_color kWhite(255, 255, 255), kBlack(0, 0, 0), kClear(90, 90, 90, 0), kRed(255, 0, 0),
+            kGrey(119, 119, 119);
+        for (const Pens& pens : {Pens{kWhite, kWhite, kWhite},
+                                 {kBlack, kBlack, kBlack},
+                                 {kClear, kClear, kClear},
+                                 {kRed, kRed, kRed},
+                                 {kGrey, kGrey, kGrey},
+                                 {kWhite, kBlack, kBlack},
+                                 {kBlack, kWhite, kWhite}}) {
+            SetPens([&](int pen) {
+                return pen == KS_PEN_BG_LOW ? pens.low : pen <= KS_PEN_BG_SELECTED ? pens.levels : pens.inks;
+            });
             for (const int page : {0, 1, 2, 3}) {
                 program.Open(page);
                 program.OnScreen([&] {
@@ -154,7 +166,8 @@ TEST_F(WornLook, CanBeReadWhateverIsChosen) {
                         EXPECT_GE(ContrastIn(
                                       window.copy(inside.translated(widget->mapTo(program.Top(), QPoint())))),
                                   2.5)
-                            << (label ? label->text() : button->text()).toStdString() << " " << color.red;
+                            << (label ? label->text() : button->text()).toStdString() << " "
+                            << pens.levels.red;
                     }
                 });
             }
