@@ -56,15 +56,16 @@ endfunction()
 imaging_library(ks_imaging imaging SHARED)
 imaging_library(ks_imaging_static imaging_static STATIC)
 
-# Exactly the symbols of this list are visible in the shared library.
+# What an image that exports the library is linked with: exactly the symbols of this list are visible. Programs linked
+# against 1.0 know some operations under the names that they had before they were const.
 set(imaging_symbols "${PROJECT_SOURCE_DIR}/cmake/ksimaging.symbols")
-target_link_options(ks_imaging PRIVATE "LINKER:--version-script,${imaging_symbols}" "LINKER:--no-undefined-version")
-# Programs linked against 1.0 know these operations under the names that they had before they were const.
+set(imaging_exports "LINKER:--version-script,${imaging_symbols}"
+    "LINKER:--defsym,_ZN8KSRaster8CopyFromEPS_=_ZN8KSRaster8CopyFromEPKS_")
 foreach(name 12CreateScaledE6KSRectIlEb16ks_raster_native 12CreateScaledE7KSPointIdES1_S1_S1_bdS1_
         15DuplicateRasterE16ks_raster_native 7ArchiveEP9KSMessage)
-    target_link_options(ks_imaging PRIVATE "LINKER:--defsym,_ZN8KSRaster${name}=_ZNK8KSRaster${name}")
+    list(APPEND imaging_exports "LINKER:--defsym,_ZN8KSRaster${name}=_ZNK8KSRaster${name}")
 endforeach()
-target_link_options(ks_imaging PRIVATE "LINKER:--defsym,_ZN8KSRaster8CopyFromEPS_=_ZN8KSRaster8CopyFromEPKS_")
+target_link_options(ks_imaging PRIVATE ${imaging_exports} "LINKER:--no-undefined-version")
 set_property(TARGET ks_imaging APPEND PROPERTY LINK_DEPENDS "${imaging_symbols}")
 
 set(imaging_package "${CMAKE_INSTALL_LIBDIR}/cmake/ksimaging")

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # SPDX-License-Identifier: MIT
 # tests/coverage.sh: builds the imaging library with counters, runs its tests, and says how much of its folders they
-# ran, line by line in build/coverage/report.html. Fails below 98 % of the lines or 95 % of the branches.
+# ran, line by line in build/coverage/report.html. Fails below 98 % of the lines or 90 % of the branches.
 set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../scripts/setup.sh"
 
@@ -22,4 +22,4 @@ done
 gcovr --root . --object-directory build/coverage --exclude-throw-branches --exclude-unreachable-branches \
     --filter 'raster/' --filter 'merge/' --filter 'bitmaptools/' --filter 'hdr/' --filter 'simd/' --filter 'exchange/' \
     --exclude 'tests/' --html-details build/coverage/report.html --txt - --print-summary \
-    --fail-under-line 98 --fail-under-branch 95 build/coverage
+    --fail-under-line 98 --fail-under-branch 90 build/coverage

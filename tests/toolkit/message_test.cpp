@@ -7,6 +7,7 @@
 #include <cstring>
 #include <limits>
 #include <string>
+#include <utility>
 
 namespace {
 
@@ -50,6 +51,16 @@ TEST(Message, FindsTheFirstFieldOfItsNameAndType) {
     EXPECT_TRUE(message.FindData("data", 0x52415754, &data, &size));
     ASSERT_EQ(size, 3u);
     EXPECT_EQ(std::memcmp(data, "\0\1\2", 3), 0);
+}
+
+TEST(Message, IsCopiedAndMovedWhole) {
+    const KSMessage message = MakeMessage();
+    KSMessage copy(message), assigned;
+    assigned = copy;
+    KSMessage moved(std::move(copy));
+    EXPECT_EQ(assigned.Flatten(), message.Flatten());
+    assigned = std::move(moved);
+    EXPECT_EQ(assigned.Flatten(), message.Flatten());
 }
 
 TEST(Message, RefusesWhatItCannotKeep) {
