@@ -323,8 +323,15 @@ void WindowMirror::Fetch(std::vector<ControlMirror*>& changed, bool& labels) {
         }
 }
 
+// What is typed and has become a step is undone by the history; what has not is the line's own.
 void WindowMirror::Undo() {
-    if (_typing && _typing->Line()->isUndoAvailable())
+    bool is_step = false;
+    if (_typing) {
+        const BAutolock lock(&_window);
+        const KSHistory* history = lock ? KSHistory::Of(&_window) : nullptr;
+        is_step = history && history->IsRunOf(_typing->Control());
+    }
+    if (_typing && !is_step && _typing->Line()->isUndoAvailable())
         _typing->Line()->undo();
     else
         Exchange(false);
@@ -338,13 +345,12 @@ void WindowMirror::Redo() {
 }
 
 void WindowMirror::Exchange(bool redo) {
-    SetTyping(nullptr);
     const BAutolock lock(&_window);
     KSHistory* history = lock ? KSHistory::Of(&_window) : nullptr;
-    if (history && redo)
-        history->Redo();
-    else if (history)
-        history->Undo();
+    if (!history || !(redo ? history->CanRedo() : history->CanUndo()))
+        return;
+    SetTyping(nullptr);
+    redo ? history->Redo() : history->Undo();
 }
 
 std::vector<menu_entry> WindowMirror::HistoryEntries() {

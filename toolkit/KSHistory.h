@@ -58,6 +58,8 @@ public:
     // joins the step of the same control's edit before it if no more than kRun has passed, or at any time
     // while the user types in that control.
     void Add(KSControl& control, std::any before, bool in_run);
+    // Whether the newest step is a run of edits of `control` that goes on.
+    bool IsRunOf(const KSControl& control) const { return _run == &control; }
     // The user has begun to type in `control`; null when he has finished.
     void SetTyping(const KSControl* control);
 

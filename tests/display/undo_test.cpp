@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QLineEdit>
 #include <QMenu>
 
 using namespace config;
@@ -60,6 +61,31 @@ TEST_F(Undo, KeysUndoTypedTextFirstThenEdits) {
             EXPECT_TRUE(program.Eventually([&] {
                 return box->isChecked() == step.on && static_cast<float>(spin->value()) == step.time;
             }));
+        }
+    });
+}
+
+TEST_F(Undo, TypedPathsComeBackByRedo) {
+    ShownProgram::Run([](ShownProgram& program) {
+        program.Open(1);
+        auto* line = program.OnScreen([&] { return program.Named<QLineEdit>("Low level: bitmap"); });
+        const struct {
+            const char* typed;
+            QKeyCombination key;
+            const char* path;
+        } steps[] = {{"/a", Qt::Key_Return, "/a"},        {"bc", Qt::Key_Shift, "/abc"},
+                     {"", Qt::CTRL | Qt::Key_Z, "/a"},    {"", Qt::CTRL | Qt::Key_Z, ""},
+                     {"", Qt::CTRL | Qt::Key_Y, "/a"},    {"", Qt::CTRL | Qt::Key_Y, "/abc"},
+                     {"d", Qt::CTRL | Qt::Key_Z, "/abc"}, {"", Qt::CTRL | Qt::Key_Y, "/abcd"}};
+        for (const auto& step : steps) {
+            program.OnScreen([&] {
+                line->setFocus();
+                QTest::keyClicks(line, QString::fromUtf8(step.typed));
+                Key(line, step.key);
+            });
+            EXPECT_TRUE(program.Eventually([&] { return line->text() == QLatin1String(step.path); }))
+                << step.path;
+            EXPECT_EQ(_backgrounds[0]->Path(), step.path);
         }
     });
 }

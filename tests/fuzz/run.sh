@@ -6,7 +6,7 @@
 set -eu
 cd "$(dirname "$0")/../.."
 minutes=${1:-30}
-export TMPDIR=/dev/shm
+export TMPDIR=/dev/shm LSAN_OPTIONS="suppressions=$PWD/tests/lsan.supp:print_suppressions=0"
 cmake --preset fuzz > /dev/null
 cmake --build --preset fuzz
 for target in archive drawing settings catalog picture; do
