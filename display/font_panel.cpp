@@ -21,6 +21,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
@@ -218,7 +219,8 @@ void FontPanel::FillStyles() {
     for (const QString& style : QFontDatabase::styles(family))
         if (CanBeStored(style))
             styles.append(style);
-    std::ranges::stable_sort(styles, {}, [&](const QString& name) { return StyleOf(family, name); });
+    std::ranges::sort(styles, {},
+                      [&](const QString& name) { return std::pair(StyleOf(family, name), name); });
     // The font that the panel started with keeps its style, installed or not.
     const QString present = QString::fromStdString(_start.Style());
     if (family == QString::fromStdString(_start.Family()) && !present.isEmpty() && !styles.contains(present))
