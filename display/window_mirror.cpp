@@ -61,8 +61,7 @@ void OpenMenuOfFocus() {
 
 class WindowMirror::Top : public QWidget {
 public:
-    Top(WindowMirror& mirror, Wardrobe& wardrobe)
-        : _mirror(mirror), _window(mirror.Window()), _wardrobe(wardrobe) {
+    Top(WindowMirror& mirror, Wardrobe& wardrobe) : _window(mirror.Window()), _wardrobe(wardrobe) {
         setAttribute(Qt::WA_OpaquePaintEvent);
         setAcceptDrops(true);
         QAccessible::installFactory(MakeAccessible);  // a second time changes nothing
@@ -139,7 +138,6 @@ protected:
 private:
     static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
 
-    WindowMirror& _mirror;
     BWindow& _window;
     Wardrobe& _wardrobe;
     std::unique_ptr<WindowMenu> _menu;
