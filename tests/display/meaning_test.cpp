@@ -110,11 +110,11 @@ TEST_F(Meaning, OfPaths) {
         for (const auto& [text, path] : rows) {
             _backgrounds[0]->SetText("/kept", false);
             ASSERT_TRUE(program.Eventually([&] { return line->text() == u"/kept"; }));
-            program.OnScreen([&, text = text, path = path] {
+            program.OnScreen([&, typed = text, want = path] {
                 line->selectAll();
-                Enter(line, QString::fromUtf8(text), std::strchr(text, '\n') ? Way::kPasted : Way::kTyped);
+                Enter(line, QString::fromUtf8(typed), std::strchr(typed, '\n') ? Way::kPasted : Way::kTyped);
                 QTest::keyClick(line, Qt::Key_Return);
-                expect(path);
+                expect(want);
             });
         }
         program.OnScreen([&] {
