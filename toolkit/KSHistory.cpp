@@ -37,27 +37,14 @@ KSHistory::Step::~Step() {
         _history->DropIdleEdits();
 }
 
-void KSHistory::Undo() {
+void KSHistory::Exchange(std::deque<step>& from, std::deque<step>& to) {
     _run = nullptr;
-    if (_done.empty())
+    if (from.empty())
         return;
-    Exchange(_done.back());
-    _undone.push_back(std::move(_done.back()));
-    _done.pop_back();
-}
-
-void KSHistory::Redo() {
-    _run = nullptr;
-    if (_undone.empty())
-        return;
-    Exchange(_undone.back());
-    _done.push_back(std::move(_undone.back()));
-    _undone.pop_back();
-}
-
-void KSHistory::Exchange(step& step) {
-    for (auto& [control, value] : step)
+    for (auto& [control, value] : from.back())
         value = control->ExchangeValue(std::move(value));
+    to.push_back(std::move(from.back()));
+    from.pop_back();
 }
 
 void KSHistory::Add(KSControl& control, std::any before, bool in_run) {

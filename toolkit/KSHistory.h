@@ -49,8 +49,8 @@ public:
     };
 
     // Each does nothing where there is nothing to undo or redo.
-    void Undo();
-    void Redo();
+    void Undo() { Exchange(_done, _undone); }
+    void Redo() { Exchange(_undone, _done); }
     bool CanUndo() const { return !_done.empty(); }
     bool CanRedo() const { return !_undone.empty(); }
 
@@ -73,12 +73,12 @@ private:
     };
     using step = std::vector<edit>;  // each control once
 
-    static void Exchange(step& step);
+    // Takes back or makes again the newest step of `from`, which goes to `to`.
+    void Exchange(std::deque<step>& from, std::deque<step>& to);
     // Forgets the edits of the newest step that have left their controls as they were before.
     void DropIdleEdits();
 
-    std::deque<step> _done;
-    std::vector<step> _undone;
+    std::deque<step> _done, _undone;  // the newest last
     int _open_steps = 0;
     bool _is_begun = false;           // whether the open step is the newest in `_done`
     const KSControl* _run = nullptr;  // what the newest step edits, if edits can join it
