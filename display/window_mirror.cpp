@@ -35,6 +35,7 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QSignalBlocker>
+#include <QTimer>
 #include <QWidget>
 
 #include <algorithm>
@@ -43,6 +44,10 @@
 #include <utility>
 
 namespace {
+
+// How long a window waits for the layout that its application asks for after Show, in milliseconds. By then
+// the values are there: painted before it, the window would be painted twice.
+constexpr int kLongestWait = 20;
 
 constexpr QKeyCombination kUndoKey = Qt::CTRL | Qt::Key_Z;
 constexpr QKeyCombination kRedoKeys[] = {Qt::CTRL | Qt::SHIFT | Qt::Key_Z, Qt::CTRL | Qt::Key_Y};
@@ -79,11 +84,13 @@ public:
             button->setDefault(true);
     }
 
-    void Fit(QPoint start, QSize least) {
-        _start = start;
-        _least = least;
-        FitToScreen(*this, start, least);
-        _fitted = size();
+    // Comes on screen, the first time only.
+    void Appear(const KSRect<long>& frame) {
+        if (std::exchange(_has_appeared, true))
+            return;
+        Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
+            QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
+        show();
     }
 
 protected:
@@ -138,10 +145,17 @@ protected:
 private:
     static QAccessibleInterface* MakeAccessible(const QString& key, QObject* object);
 
+    void Fit(QPoint start, QSize least) {
+        _start = start;
+        _least = least;
+        FitToScreen(*this, start, least);
+        _fitted = size();
+    }
+
     BWindow& _window;
     Wardrobe& _wardrobe;
     std::unique_ptr<WindowMenu> _menu;
-    bool _is_painted = false;
+    bool _has_appeared = false, _is_painted = false;
     QPointer<QPushButton> _default_button;
     QPoint _start;  // of the frame
     QSize _least, _fitted;
@@ -202,10 +216,7 @@ WindowMirror::WindowMirror(BWindow& window, PostQueue& queue, Wardrobe& wardrobe
     for (auto widget = widgets.rbegin(); widget != widgets.rend(); ++widget)
         (*widget)->updateGeometry();
 
-    const KSRect<long> frame = window.Frame();
-    _top->Fit(QPoint(static_cast<int>(frame.left), static_cast<int>(frame.top)),
-              QSize(static_cast<int>(frame.PixelWidth()), static_cast<int>(frame.PixelHeight())));
-    _top->show();
+    QTimer::singleShot(kLongestWait, _top.get(), [this] { _top->Appear(_window.Frame()); });
 }
 
 WindowMirror::~WindowMirror() = default;
@@ -297,8 +308,9 @@ void WindowMirror::Sync() {
         _top->layout()->activate();
     }
     _wardrobe.Wear(look);
-    // A new layout has drawn everything.
-    if (redraw && !layout)
+    if (layout)
+        _top->Appear(_window.Frame());
+    else if (redraw)  // a new layout draws everything
         _top->update();
 }
 
