@@ -53,19 +53,6 @@ constexpr const char* kOptionKeys[] = {"LOOK",           "BEOS",           "LANG
 static_assert(std::size(kOptionKeys) == static_cast<std::size_t>(ks_setting_kind::kPen));
 constexpr const char* kBitmapSuffix = "_BMP";
 
-std::string KeyOf(ks_setting setting) {
-    switch (setting.kind) {
-    case ks_setting_kind::kPen:
-        return color_settings[setting.id].key;
-    case ks_setting_kind::kBitmap:
-        return std::string(color_settings[setting.id].key) + kBitmapSuffix;
-    case ks_setting_kind::kFont:
-        return font_settings[setting.id].key;
-    default:
-        return kOptionKeys[static_cast<std::size_t>(setting.kind)];
-    }
-}
-
 // Reads a number at `text` and moves `text` behind it.
 std::optional<long> ReadNumber(const char*& text) {
     char* end;
@@ -84,6 +71,36 @@ float ParseSize(const char* text) {
 
 }  // namespace
 
+const std::vector<ks_setting>& ks_all_settings() {
+    static const std::vector<ks_setting> all = [] {
+        std::vector<ks_setting> settings;
+        for (std::size_t kind = 0; kind < std::size(kOptionKeys); ++kind)
+            settings.push_back({static_cast<ks_setting_kind>(kind)});
+        for (std::int32_t pen = 0; pen < KS_PEN_NONE; ++pen) {
+            if (pen < kBackgroundCount)
+                settings.push_back({ks_setting_kind::kBitmap, pen});
+            settings.push_back({ks_setting_kind::kPen, pen});
+        }
+        for (std::int32_t font = 0; font < kFontCount; ++font)
+            settings.push_back({ks_setting_kind::kFont, font});
+        return settings;
+    }();
+    return all;
+}
+
+std::string ks_setting_key(ks_setting setting) {
+    switch (setting.kind) {
+    case ks_setting_kind::kPen:
+        return color_settings[setting.id].key;
+    case ks_setting_kind::kBitmap:
+        return std::string(color_settings[setting.id].key) + kBitmapSuffix;
+    case ks_setting_kind::kFont:
+        return font_settings[setting.id].key;
+    default:
+        return kOptionKeys[static_cast<std::size_t>(setting.kind)];
+    }
+}
+
 std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
     for (std::size_t kind = 0; kind < std::size(kOptionKeys); ++kind)
         if (line.Is(kOptionKeys[kind]))
@@ -91,7 +108,7 @@ std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
     for (const ks_setting_row* row = color_settings; row->key; ++row)
         for (const ks_setting setting :
              {ks_setting{ks_setting_kind::kPen, row->id}, ks_setting{ks_setting_kind::kBitmap, row->id}})
-            if (line.Is(KeyOf(setting)))
+            if (line.Is(ks_setting_key(setting)))
                 return setting;
     for (const ks_setting_row* row = font_settings; row->key; ++row)
         if (line.Is(row->key))
@@ -100,7 +117,7 @@ std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
 }
 
 std::string ks_format_setting(ks_setting setting, std::string_view value) {
-    return KeyOf(setting).append(" = ").append(value).append("\n");
+    return ks_setting_key(setting).append(" = ").append(value).append("\n");
 }
 
 std::string ks_format_pen(std::int32_t pen, ks_color color, std::string_view bitmap) {
