@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iterator>
 #include <locale.h>
+#include <utility>
 
 const ks_setting_row color_settings[] = {
     {"KS_PEN_BG_LOW", KS_PEN_BG_LOW},
@@ -51,7 +52,15 @@ namespace {
 constexpr const char* kOptionKeys[] = {"LOOK",           "BEOS",           "LANGUAGE",
                                        "BUBBLEHELPUSED", "BUBBLEHELPTIME", "MOUSEHOLDTIME"};
 static_assert(std::size(kOptionKeys) == static_cast<std::size_t>(ks_setting_kind::kPen));
-constexpr const char* kBitmapSuffix = "_BMP";
+constexpr std::string_view kBitmapSuffix = "_BMP";
+
+// Returns whether a line can only be a bitmap's or only a pen's, by its key's ending, and the line without it.
+std::pair<ks_setting_kind, ks_settings_line> PenLine(const ks_settings_line& line) {
+    const std::size_t suffix = line.key.size() - std::min(line.key.size(), kBitmapSuffix.size());
+    if (!(ks_settings_line{line.key.substr(suffix), ""}).Is(kBitmapSuffix))
+        return {ks_setting_kind::kPen, {line.key, ""}};
+    return {ks_setting_kind::kBitmap, {line.key.substr(0, suffix), ""}};
+}
 
 // Reads a number at `text` and moves `text` behind it.
 std::optional<long> ReadNumber(const char*& text) {
@@ -93,7 +102,7 @@ std::string ks_setting_key(ks_setting setting) {
     case ks_setting_kind::kPen:
         return color_settings[setting.id].key;
     case ks_setting_kind::kBitmap:
-        return std::string(color_settings[setting.id].key) + kBitmapSuffix;
+        return std::string(color_settings[setting.id].key).append(kBitmapSuffix);
     case ks_setting_kind::kFont:
         return font_settings[setting.id].key;
     default:
@@ -105,11 +114,10 @@ std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
     for (std::size_t kind = 0; kind < std::size(kOptionKeys); ++kind)
         if (line.Is(kOptionKeys[kind]))
             return ks_setting{static_cast<ks_setting_kind>(kind)};
+    const auto [kind, pen] = PenLine(line);
     for (const ks_setting_row* row = color_settings; row->key; ++row)
-        for (const ks_setting setting :
-             {ks_setting{ks_setting_kind::kPen, row->id}, ks_setting{ks_setting_kind::kBitmap, row->id}})
-            if (line.Is(ks_setting_key(setting)))
-                return setting;
+        if (pen.Is(row->key))
+            return ks_setting{kind, row->id};
     for (const ks_setting_row* row = font_settings; row->key; ++row)
         if (line.Is(row->key))
             return ks_setting{ks_setting_kind::kFont, row->id};
