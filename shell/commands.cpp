@@ -113,7 +113,8 @@ void Store(std::ostream& err) {
             throw failure(Printable(OwnPath()) + " cannot be written");
     }
     if (!be_roster->Announce(BMessage(KSApplication::kSettingsChanged)))
-        err << "nymbrel-settings: warning: the session bus cannot be reached, so running programs do not follow\n";
+        err << "nymbrel-settings: warning: the session bus cannot be reached, so running programs do not "
+               "follow\n";
 }
 
 // Changes the user's settings by `edit`, which gets the values that are stored.
