@@ -15,10 +15,13 @@
 #include "toolkit/scheme.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <ostream>
 #include <set>
 #include <stdexcept>
+#include <utility>
 
 namespace fs = std::filesystem;
 
