@@ -183,7 +183,7 @@ ks_scheme SchemeIn(const std::string& path, bool may_be_damaged) {
     return file->scheme;
 }
 
-// A name goes before a file that is called so.
+// A scheme of the program goes before a file of the same name.
 ks_scheme SchemeOf(const std::string& name, bool may_be_damaged) {
     if (name == "default")
         return ks_palette_scheme(kDefaultPalette);
@@ -326,9 +326,10 @@ int RunCommand(const std::vector<std::string>& words, std::ostream& out, std::os
 
 int Run(const std::vector<std::string>& arguments, std::ostream& out, std::ostream& err) {
     try {
-        if (arguments == std::vector<std::string>{"--help"})
+        const std::string first = arguments.empty() ? "" : arguments[0];
+        if (first == "--help")
             out << kHelp;
-        else if (arguments == std::vector<std::string>{"--version"})
+        else if (first == "--version")
             out << "nymbrel-settings " NYMBREL_VERSION "\n";
         else
             return RunCommand(arguments, out, err);

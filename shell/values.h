@@ -21,8 +21,9 @@ public:
     Values(const Values&) = delete;
     Values& operator=(const Values&) = delete;
 
-    // Gives a setting a value as the user does. Returns false, with any value, unless the window takes it as
-    // it is. A colour may also have the form "#rrggbb"; a relative path is made absolute.
+    // Gives a setting a value as the user does. Returns whether the window takes it as it is; where it does
+    // not, the editor may hold anything. A colour may also be digits (toolkit/color_digits.h) behind a "#"; a
+    // relative path is made absolute.
     bool Set(const ks_setting& setting, const std::string& value);
 
     // Returns whether the setting's editor holds what `written` says, be it spelled otherwise.

@@ -54,7 +54,7 @@ constexpr const char* kOptionKeys[] = {"LOOK",           "BEOS",           "LANG
 static_assert(std::size(kOptionKeys) == static_cast<std::size_t>(ks_setting_kind::kPen));
 constexpr std::string_view kBitmapSuffix = "_BMP";
 
-// Returns whether a line can only be a bitmap's or only a pen's, by its key's ending, and the line without it.
+// Returns the kind of a line whose key is a pen's or its bitmap's, and the line with the pen's key.
 std::pair<ks_setting_kind, ks_settings_line> PenLine(const ks_settings_line& line) {
     const std::size_t suffix = line.key.size() - std::min(line.key.size(), kBitmapSuffix.size());
     if (!(ks_settings_line{line.key.substr(suffix), ""}).Is(kBitmapSuffix))
