@@ -96,18 +96,9 @@ KSButton* AddButton(KSControl* parent, const text& label, const BMessage& comman
     return Add(parent, button);
 }
 
-KSCheckBox* AddCheckBox(KSControl* parent, const text& label) {
-    auto* box = new KSCheckBox(nullptr, 0);
+void AddCheckBox(KSControl* parent, KSCheckBox* box, const text& label) {
     box->SetLabel(LocalString(label), true);
-    return Add(parent, box);
-}
-
-KSSpinBox* AddSpinBox(KSControl* parent, float minimum, float maximum, float step) {
-    auto* box = Add(parent, new KSSpinBox(nullptr, 0));
-    box->SetMinValue(minimum);
-    box->SetMaxValue(maximum);
-    box->SetStep(step);
-    return box;
+    Add(parent, box);
 }
 
 void AddPens(KSControl* parent, const text& title, ks_pen first, ks_pen last) {
@@ -115,7 +106,7 @@ void AddPens(KSControl* parent, const text& title, ks_pen first, ks_pen last) {
     AddSpacers(grid, 2);
     for (int pen = first; pen <= last; ++pen) {
         AddLabel(grid, pen_labels[pen]);
-        _colors[pen] = Add(grid, new KSColorField(nullptr, 0));
+        Add(grid, _colors[pen]);
     }
     AddSpacers(grid, 2);
 }
@@ -137,8 +128,8 @@ KSControl* BuildBackgrounds() {
     for (int pen = 0; pen < kBackgroundCount; ++pen) {
         AddLabel(group, pen_labels[pen]);
         KSControl* row = Add(group, NewGroup());
-        _colors[pen] = Add(row, new KSColorField(nullptr, 0));
-        _backgrounds[pen] = Add(row, new KSPopFile(nullptr, 0));
+        Add(row, _colors[pen]);
+        Add(row, _backgrounds[pen]);
     }
     AddSpacers(group, 2);
     return group;
@@ -151,7 +142,7 @@ KSControl* BuildFonts() {
     AddSpacers(group, 2);
     for (int font = 0; font < kFontCount; ++font) {
         AddLabel(group, font_labels[font]);
-        _fonts[font] = Add(group, new KSPopFont(nullptr, 0));
+        Add(group, _fonts[font]);
     }
     AddSpacers(group, 2);
     return group;
@@ -160,7 +151,6 @@ KSControl* BuildFonts() {
 void AddLanguages(KSControl* parent) {
     KSControl* group = AddTitleGroup(parent, kStringLanguage);
     group->SetOrientation(KS_ORIENTATION_VERTICAL);
-    FillLanguageList();
     Add(group, _llist);
     KSControl* note = Add(group, NewGroup());
     AddSpacers(note, 1);
@@ -172,23 +162,20 @@ void AddAdvanced(KSControl* parent) {
     KSControl* grid = AddTitledGrid(parent, kStringAdvanced, 2);
     AddSpacers(grid, 2);
     AddLabel(grid, kStringBubblehelpTime);
-    _bubbletime = AddSpinBox(grid, 500000, 10000000, 100000);
+    Add(grid, _bubbletime);
     AddSpacers(grid, 1);
-    _bubblehelp = AddCheckBox(grid, kStringUseBubblehelp);
+    AddCheckBox(grid, _bubblehelp, kStringUseBubblehelp);
     AddSpacers(grid, 2);
     AddLabel(grid, kStringMouseHoldTime);
-    _mousetime = AddSpinBox(grid, 10000, 50000, 1000);
+    Add(grid, _mousetime);
     AddSpacers(grid, 2);
 }
 
-// The cycle's labels are what the settings file stores: they are the same in every language.
 void AddLook(KSControl* parent) {
     KSControl* grid = AddTitledGrid(parent, kStringLook, 3);
     AddSpacers(grid, 3);
-    _beos_size = AddCheckBox(grid, kStringBeOSConform);
-    _look = Add(grid, new KSCycle(nullptr, 0));
-    for (const char* label : kLookLabels)
-        _look->AddLabel(label);
+    AddCheckBox(grid, _beos_size, kStringBeOSConform);
+    Add(grid, _look);
     AddSpacers(grid, 1);
     AddButton(grid, kStringResetColors, BMessage(NCApplication::kResetColors));
     AddSpacers(grid, 3);
@@ -253,6 +240,7 @@ NCApplication::NCApplication() : KSApplication("application/x-vnd.NymbrelConfig"
 void NCApplication::BuildContents() {
     _root = NewVerticalGroup();
     _root->SetBorder({4, 4, 4, 4});
+    MakeEditors();
 
     KSControl* settings = Add(_root, NewGroup());
     settings->SetName("settings");

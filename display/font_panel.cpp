@@ -7,6 +7,7 @@
 #include "display/screen_fit.h"
 #include "display/texts.h"
 #include "display/typed_text.h"
+#include "toolkit/KSPopFont.h"
 #include "toolkit/settings_values.h"
 
 #include <QCheckBox>
@@ -25,7 +26,7 @@
 
 namespace {
 
-constexpr double kSmallest = 1, kLargest = 512, kStep = 0.5;
+constexpr double kStep = 0.5;
 constexpr QSize kPanel(560, 440);
 constexpr int kSampleFrame = 8;
 
@@ -73,7 +74,7 @@ QString CurrentText(const QListWidget* list) {
 QFont ToQFont(const BFont& font) {
     QFont result(QString::fromStdString(font.Family()));
     result.setStyleName(QString::fromStdString(font.Style()));
-    result.setPointSizeF(look::BoundedPoints(font.Size(), kSmallest, kLargest));
+    result.setPointSizeF(look::BoundedPoints(font.Size(), kSmallestFontSize, kLargestFontSize));
     return result;
 }
 
@@ -135,9 +136,9 @@ void FontPanel::AddSearch(QGridLayout* grid) {
 
 void FontPanel::AddSize(QGridLayout* grid) {
     _size = new NumberBox(this);
-    _size->setRange(kSmallest, kLargest);
+    _size->setRange(kSmallestFontSize, kLargestFontSize);
     _size->setSingleStep(kStep);
-    _size->setValue(look::BoundedPoints(_start.Size(), kSmallest, kLargest));
+    _size->setValue(look::BoundedPoints(_start.Size(), kSmallestFontSize, kLargestFontSize));
     _size_at_start = _size->value();
     QLabel* label = AddLabel(grid, 2, texts::kSize, _size);
     label->setText(label->text() + QStringLiteral(" (pt)"));

@@ -2,6 +2,8 @@
 #include "kits/BRoster.h"
 
 #include "kits/BApplication.h"
+#include "kits/BMessage.h"
+#include "kits/SessionBus.h"
 
 namespace {
 
@@ -14,4 +16,9 @@ BRoster* const be_roster = &roster;
 void BRoster::Broadcast(const BMessage* message) {
     if (be_app && message)
         be_app->Broadcast(*message);
+}
+
+bool BRoster::Announce(const BMessage& message) {
+    SessionBus bus;
+    return bus.Open([](std::uint32_t) {}) && bus.Broadcast(message.what);
 }

@@ -63,11 +63,12 @@ void SessionBus::GiveUp() {
         _bus = sd_bus_close_unref(_bus);
 }
 
-void SessionBus::Broadcast(std::uint32_t code) {
+bool SessionBus::Broadcast(std::uint32_t code) {
     const auto deadline = clock_type::now() + kPatience;
     const std::lock_guard guard(_mutex);
     if (_bus && (sd_bus_emit_signal(_bus, kPath, kInterface, kMember, "u", code) < 0 || !Flush(deadline)))
         GiveUp();
+    return _bus != nullptr;
 }
 
 // sd_bus_flush() has no deadline.

@@ -30,8 +30,8 @@ public:
     bool Open(std::function<void(std::uint32_t)> receiver);
     void Close();
 
-    // Sends a broadcast and returns when the bus has taken it. From any thread.
-    void Broadcast(std::uint32_t code);
+    // Sends a broadcast and returns when the bus has taken it; false when it does not. From any thread.
+    bool Broadcast(std::uint32_t code);
 
     // Returns what the loop's poll() waits for: the descriptor (-1 without a bus) and its events. Lowers
     // `timeout` to the milliseconds after which Process is due in any case; a negative one waits for ever.

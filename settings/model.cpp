@@ -2,12 +2,15 @@
 #include "settings/model.h"
 
 #include "kits/storage.h"
+#include "settings/languages.h"
 #include "toolkit/KSCheckBox.h"
 #include "toolkit/KSColorField.h"
+#include "toolkit/KSCycle.h"
 #include "toolkit/KSHistory.h"
 #include "toolkit/KSListView.h"
 #include "toolkit/KSLook.h"
 #include "toolkit/KSPopFile.h"
+#include "toolkit/KSPopFont.h"
 #include "toolkit/KSSpinBox.h"
 
 #include <iterator>
@@ -30,6 +33,18 @@ static_assert(std::size(pen_labels) == KS_PEN_NONE);
 constexpr text font_labels[] = {kStringNormalFont, kStringFixedwidthFont, kStringTitleFont, kStringSmallFont,
                                 kStringLargeFont};
 
+namespace {
+
+KSSpinBox* NewSpinBox(float minimum, float maximum, float step) {
+    auto* box = new KSSpinBox(nullptr, 0);
+    box->SetMinValue(minimum);
+    box->SetMaxValue(maximum);
+    box->SetStep(step);
+    return box;
+}
+
+}  // namespace
+
 KSColorField* _colors[kPenCount + 1];
 KSPopFile* _backgrounds[kBackgroundCount];
 KSPopFont* _fonts[kFontCount];
@@ -44,6 +59,48 @@ KSControl* ch_background;
 KSControl* ch_font;
 KSControl* ch_dimen;
 const char* _language = kEnglish;
+
+void MakeEditors() {
+    for (int pen = 0; pen < KS_PEN_NONE; ++pen)
+        _colors[pen] = new KSColorField(nullptr, 0);
+    for (KSPopFile*& background : _backgrounds)
+        background = new KSPopFile(nullptr, 0);
+    for (KSPopFont*& font : _fonts)
+        font = new KSPopFont(nullptr, 0);
+    _bubblehelp = new KSCheckBox(nullptr, 0);
+    _bubbletime = NewSpinBox(500000, 10000000, 100000);
+    _mousetime = NewSpinBox(10000, 50000, 1000);
+    _beos_size = new KSCheckBox(nullptr, 0);
+    // The labels are what the settings file stores: they are the same in every language.
+    _look = new KSCycle(nullptr, 0);
+    for (const char* label : kLookLabels)
+        _look->AddLabel(label);
+    FillLanguageList();
+}
+
+KSControl* EditorOf(const ks_setting& setting) {
+    switch (setting.kind) {
+    case ks_setting_kind::kLook:
+        return _look;
+    case ks_setting_kind::kBeOSConform:
+        return _beos_size;
+    case ks_setting_kind::kLanguage:
+        return _llist;
+    case ks_setting_kind::kBubblehelpUsed:
+        return _bubblehelp;
+    case ks_setting_kind::kBubblehelpTime:
+        return _bubbletime;
+    case ks_setting_kind::kMouseHoldTime:
+        return _mousetime;
+    case ks_setting_kind::kPen:
+        return _colors[setting.id];
+    case ks_setting_kind::kBitmap:
+        return setting.id < kBackgroundCount ? _backgrounds[setting.id] : nullptr;
+    case ks_setting_kind::kFont:
+        return _fonts[setting.id];
+    }
+    return nullptr;
+}
 
 void TieEditors() {
     for (int pen = 0; pen < KS_PEN_NONE; ++pen)

@@ -46,6 +46,13 @@ extern KSControl* ch_dimen;
 inline constexpr char kEnglish[] = "english";
 extern const char* _language;
 
+// Makes all editors, with their bounds, and fills the references but for the groups. The caller puts the
+// editors into a tree, which owns them from then on.
+void MakeEditors();
+
+// Returns the editor of a setting; null where there is none.
+KSControl* EditorOf(const ks_setting& setting);
+
 // Ties the editors to their values of the look, so that the program wears what is edited. Called once, when
 // all editors are there and no window shows them.
 void TieEditors();

@@ -30,45 +30,68 @@ long WholeNumber(float value) {
     return value < -kLimit ? LONG_MIN : static_cast<long>(value);
 }
 
-void ReadCheckBox(KSCheckBox* box, const std::string& value) {
-    if (const std::optional<long> number = ks_parse_number(value))
+std::string LookLabel() {
+    char label[64];
+    _look->GetLabel(_look->CurrentSelection(), label);
+    return label;
+}
+
+// Each of these returns whether the editor has taken the value.
+
+bool ReadLook(const std::string& value) {
+    const std::string label = ks_parse_word(value);
+    _look->SelectLabel(label.c_str());
+    return label == LookLabel();
+}
+
+bool ReadCheckBox(KSCheckBox* box, const std::string& value) {
+    const std::optional<long> number = ks_parse_number(value);
+    if (number)
         box->SetValue(*number != 0);
+    return number.has_value();
 }
 
-void ReadTime(KSSpinBox* box, const std::string& value) {
-    box->SetValue(static_cast<float>(ks_parse_number(value).value_or(WholeNumber(box->Value()))));
+bool ReadTime(KSSpinBox* box, const std::string& value) {
+    const std::optional<long> number = ks_parse_number(value);
+    box->SetValue(static_cast<float>(number.value_or(WholeNumber(box->Value()))));
+    return number.has_value();
 }
 
-void ReadLanguage(const std::string& value) {
+bool ReadLanguage(const std::string& value) {
     for (long index = 0; index < _llist->CountItems(); ++index) {
         const char* name = static_cast<const KSStringItem*>(_llist->ItemAt(index))->String();
         if (value == name) {
             _llist->Select(index, false);
             _language = name;
-            return;
+            return true;
         }
     }
+    return false;
 }
 
-void ReadColor(std::int32_t pen, const std::string& value) {
+bool ReadColor(std::int32_t pen, const std::string& value) {
     if (KSColorField* field = _colors[pen])
         field->SetColor(ks_parse_color(value), false, false);
+    return _colors[pen] != nullptr;
 }
 
-void ReadBitmap(std::int32_t pen, const std::string& path) {
+bool ReadBitmap(std::int32_t pen, const std::string& path) {
     if (pen < kBackgroundCount)
         _backgrounds[pen]->SetText(path.c_str(), false);
+    return pen < kBackgroundCount;
 }
 
-void ReadFont(std::int32_t font, const std::string& rest) {
-    if (const std::optional<BFont> value = ks_parse_font(rest))
+bool ReadFont(std::int32_t font, const std::string& rest) {
+    const std::optional<BFont> value = ks_parse_font(rest);
+    if (value)
         _fonts[font]->SetValue(&*value, false);
+    return value.has_value();
 }
 
-void ReadValue(const ks_setting& setting, const ks_settings_line& line) {
+bool ReadValue(const ks_setting& setting, const ks_settings_line& line) {
     switch (setting.kind) {
     case ks_setting_kind::kLook:
-        return _look->SelectLabel(ks_parse_word(line.Value()).c_str());
+        return ReadLook(line.Value());
     case ks_setting_kind::kBeOSConform:
         return ReadCheckBox(_beos_size, line.Value());
     case ks_setting_kind::kLanguage:
@@ -86,71 +109,54 @@ void ReadValue(const ks_setting& setting, const ks_settings_line& line) {
     case ks_setting_kind::kFont:
         return ReadFont(setting.id, line.rest);
     }
-}
-
-// The editor of the setting; null where there is none.
-KSControl* EditorOf(const ks_setting& setting) {
-    switch (setting.kind) {
-    case ks_setting_kind::kLook:
-        return _look;
-    case ks_setting_kind::kBeOSConform:
-        return _beos_size;
-    case ks_setting_kind::kLanguage:
-        return _llist;
-    case ks_setting_kind::kBubblehelpUsed:
-        return _bubblehelp;
-    case ks_setting_kind::kBubblehelpTime:
-        return _bubbletime;
-    case ks_setting_kind::kMouseHoldTime:
-        return _mousetime;
-    case ks_setting_kind::kPen:
-        return _colors[setting.id];
-    case ks_setting_kind::kBitmap:
-        return setting.id < kBackgroundCount ? _backgrounds[setting.id] : nullptr;
-    case ks_setting_kind::kFont:
-        return _fonts[setting.id];
-    }
-    return nullptr;
-}
-
-std::string LookLabel() {
-    char label[64];
-    _look->GetLabel(_look->CurrentSelection(), label);
-    return label;
-}
-
-std::string FormatOptions() {
-    using enum ks_setting_kind;
-    return ks_format_setting({kLook}, LookLabel()) +
-           ks_format_setting({kBeOSConform}, std::to_string(_beos_size->Value())) +
-           ks_format_setting({kLanguage}, _language) +
-           ks_format_setting({kBubblehelpUsed}, std::to_string(_bubblehelp->Value())) +
-           ks_format_setting({kBubblehelpTime}, std::to_string(WholeNumber(_bubbletime->Value()))) +
-           ks_format_setting({kMouseHoldTime}, std::to_string(WholeNumber(_mousetime->Value())));
-}
-
-std::string FormatPen(std::int32_t pen) {
-    return ks_format_pen(pen, _colors[pen]->Color(),
-                         pen < kBackgroundCount ? _backgrounds[pen]->Path() : std::string());
+    return false;
 }
 
 std::string FormatSettings() {
     const KSAutolock one_moment(_llist);
-    std::string text = FormatOptions();
-    for (std::int32_t pen = 0; pen < KS_PEN_NONE; ++pen)
-        text += FormatPen(pen);
-    for (std::int32_t font = 0; font < kFontCount; ++font)
-        text += ks_format_setting({ks_setting_kind::kFont, font}, ks_format_font(_fonts[font]->Font()));
+    std::string text;
+    for (const ks_setting& setting : ks_all_settings()) {
+        const std::string value = SettingValue(setting);
+        if (setting.kind != ks_setting_kind::kBitmap || !value.empty())
+            text += ks_format_setting(setting, value);
+    }
     return text;
 }
 
 }  // namespace
 
+bool ReadSetting(const ks_setting& setting, const ks_settings_line& line) {
+    return ks_setting_can_be_read(setting, line) && ReadValue(setting, line);
+}
+
+std::string SettingValue(const ks_setting& setting) {
+    switch (setting.kind) {
+    case ks_setting_kind::kLook:
+        return LookLabel();
+    case ks_setting_kind::kBeOSConform:
+        return std::to_string(_beos_size->Value());
+    case ks_setting_kind::kLanguage:
+        return _language;
+    case ks_setting_kind::kBubblehelpUsed:
+        return std::to_string(_bubblehelp->Value());
+    case ks_setting_kind::kBubblehelpTime:
+        return std::to_string(WholeNumber(_bubbletime->Value()));
+    case ks_setting_kind::kMouseHoldTime:
+        return std::to_string(WholeNumber(_mousetime->Value()));
+    case ks_setting_kind::kPen:
+        return ks_format_color(_colors[setting.id]->Color());
+    case ks_setting_kind::kBitmap:
+        return _backgrounds[setting.id]->Path();
+    case ks_setting_kind::kFont:
+        return ks_format_font(_fonts[setting.id]->Font());
+    }
+    return {};
+}
+
 void ReadSettings() {
     const bool was_read = ks_read_settings_lines([](const ks_settings_line& line) {
-        if (const std::optional<ks_setting> setting = ks_find_setting(line);
-            setting && ks_setting_can_be_read(*setting, line))
-            ReadValue(*setting, line);
+        if (const std::optional<ks_setting> setting = ks_find_setting(line))
+            ReadSetting(*setting, line);
     });
     KSContainer* shown_in = _llist->Container();
     if (was_read && shown_in)

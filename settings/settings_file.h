@@ -5,7 +5,18 @@
 // thread, which must not hold the window's lock.
 #pragma once
 
+#include "toolkit/settings_values.h"
+
+#include <string>
+
 namespace config {
+
+// Gives a line's value to the setting's editor. Returns whether the line has one that the editor takes.
+bool ReadSetting(const ks_setting& setting, const ks_settings_line& line);
+
+// Returns the value of the setting's editor as the file stores it; it is empty for a bitmap that is not set.
+// The setting is one of ks_all_settings().
+std::string SettingValue(const ks_setting& setting);
 
 // Reads the file into the editors: a line that has no known key or no readable value changes nothing, of
 // several lines with one key the last counts. When the file was read, the window's root group is redrawn.

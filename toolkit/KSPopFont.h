@@ -5,6 +5,9 @@
 #include "kits/BFont.h"
 #include "toolkit/KSEditor.h"
 
+// The sizes that a user can choose, in points.
+constexpr double kSmallestFontSize = 1, kLargestFontSize = 512;
+
 class KSPopFont : public KSEditor<BFont> {
 public:
     // Starts with the desktop's default font.

@@ -35,6 +35,13 @@ bool IsLostLink(const fs::path& entry, const fs::path& installed) {
 
 }  // namespace
 
+std::vector<std::string> ks_installed_languages() {
+    std::vector<std::string> names;
+    for (const fs::path& language : Entries(ks_installed_data("Catalogs")))
+        names.push_back(language.filename());
+    return names;
+}
+
 void ks_link_installed_languages() {
     std::error_code error;
     const fs::path catalogs = ks_resolve_path(kCatalogsPath), installed = ks_installed_data("Catalogs");

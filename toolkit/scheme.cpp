@@ -7,11 +7,6 @@ namespace {
 
 constexpr std::size_t kLongestScheme = 1 << 20;
 
-bool IsOfScheme(const ks_setting& setting) {
-    using enum ks_setting_kind;
-    return setting.kind == kLook || setting.kind == kPen || setting.kind == kBitmap || setting.kind == kFont;
-}
-
 }  // namespace
 
 bool ks_scheme::Take(const ks_setting& setting, const ks_settings_line& line) {
@@ -58,6 +53,11 @@ ks_scheme ks_palette_scheme(ks_palette which) {
     return scheme;
 }
 
+bool ks_is_of_scheme(const ks_setting& setting) {
+    using enum ks_setting_kind;
+    return setting.kind == kLook || setting.kind == kPen || setting.kind == kBitmap || setting.kind == kFont;
+}
+
 std::optional<ks_scheme_file> ks_read_scheme(const std::string& path) {
     const std::optional<std::string> text = ks_read_regular_file(path, kLongestScheme + 1);
     if (!text || text->size() > kLongestScheme)
@@ -65,7 +65,7 @@ std::optional<ks_scheme_file> ks_read_scheme(const std::string& path) {
     ks_scheme_file file;
     file.faults += ks_read_settings_lines(*text, [&](const ks_settings_line& line) {
         const std::optional<ks_setting> setting = ks_find_setting(line);
-        if (setting && !IsOfScheme(*setting))
+        if (setting && !ks_is_of_scheme(*setting))
             return;
         const bool is_taken =
             setting && ks_setting_can_be_read(*setting, line) && file.scheme.Take(*setting, line);

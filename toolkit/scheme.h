@@ -30,6 +30,9 @@ struct ks_scheme {
 // One of the palettes without bitmaps in the BeOS look. It leaves the fonts as they are.
 ks_scheme ks_palette_scheme(ks_palette which);
 
+// Returns whether a scheme can hold the setting.
+bool ks_is_of_scheme(const ks_setting& setting);
+
 // What a scheme's file says.
 struct ks_scheme_file {
     ks_scheme scheme;

@@ -20,9 +20,6 @@ char Lower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// Longer files are no settings; their rest is not read.
-constexpr std::size_t kLongestFile = 64 << 20;
-
 // Reserves room for `length` bytes without changing the file's size; false when there is none. Files that
 // cannot reserve any are left to the writing itself.
 bool Reserve(int descriptor, std::size_t length) {
@@ -55,6 +52,10 @@ std::size_t PieceLength(std::string_view text) {
     return end == std::string_view::npos ? std::min(text.size(), kPieceLength) : end + 1;
 }
 
+std::string_view UpToNul(std::string_view text) {
+    return text.substr(0, text.find('\0'));
+}
+
 }  // namespace
 
 std::string ks_settings_line::Value() const {
@@ -71,26 +72,45 @@ bool ks_settings_line::Is(std::string_view other) const {
                       [](char a, char b) { return Lower(a) == Lower(b); });
 }
 
+std::optional<ks_settings_line> ks_settings_piece::Line() const {
+    const std::string_view read = UpToNul(text);
+    const std::size_t start = std::min(read.find_first_not_of(kSeparators), read.size());
+    const std::size_t end = read.find_first_of(kSeparators, start);
+    if (end == std::string_view::npos || end + 1 == read.size())
+        return std::nullopt;
+    return ks_settings_line{std::string(read.substr(start, end - start)), std::string(read.substr(end + 1))};
+}
+
+bool ks_settings_piece::IsBlank() const {
+    return UpToNul(text).find_first_not_of(kBlanks) == std::string_view::npos;
+}
+
+void ks_read_settings_pieces(std::string_view text,
+                             const std::function<void(const ks_settings_piece&)>& handle) {
+    bool is_tail = false;
+    for (std::size_t number = 1; !text.empty();) {
+        const std::string_view piece = text.substr(0, PieceLength(text));
+        handle({piece, number, is_tail});
+        is_tail = !piece.ends_with('\n');
+        number += !is_tail;
+        text.remove_prefix(piece.size());
+    }
+}
+
 std::size_t ks_read_settings_lines(std::string_view text,
                                    const std::function<void(const ks_settings_line&)>& handle) {
     std::size_t others = 0;
-    while (!text.empty()) {
-        const std::size_t length = PieceLength(text);
-        std::string_view piece = text.substr(0, length);
-        text.remove_prefix(length);
-        piece = piece.substr(0, piece.find('\0'));
-        const std::size_t start = std::min(piece.find_first_not_of(kSeparators), piece.size());
-        const std::size_t end = piece.find_first_of(kSeparators, start);
-        if (end != std::string_view::npos && end + 1 != piece.size())
-            handle({std::string(piece.substr(start, end - start)), std::string(piece.substr(end + 1))});
+    ks_read_settings_pieces(text, [&](const ks_settings_piece& piece) {
+        if (const std::optional<ks_settings_line> line = piece.Line())
+            handle(*line);
         else
-            others += piece.find_first_not_of(kBlanks) != std::string_view::npos;
-    }
+            others += !piece.IsBlank();
+    });
     return others;
 }
 
 bool ks_read_settings_lines(const std::function<void(const ks_settings_line&)>& handle) {
-    const std::optional<std::string> text = ks_read_regular_file(kSettingsPath, kLongestFile);
+    const std::optional<std::string> text = ks_read_regular_file(kSettingsPath, kLongestSettingsFile);
     if (text)
         ks_read_settings_lines(*text, handle);
     return text.has_value();

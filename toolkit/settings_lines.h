@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,11 +22,29 @@ struct ks_settings_line {
     bool Is(std::string_view other) const;
 };
 
-// Reads a text in pieces of at most 1023 characters, each a line or a part of one. Calls `handle` for every
-// piece that has a key and something behind it; a NUL byte ends its piece. Returns how many other pieces
-// there are that are not blank.
+// What is read as one line: at most 1023 characters. A longer line of the text is several pieces.
+struct ks_settings_piece {
+    std::string_view text;  // with the line feed, if the piece ends in one
+    std::size_t number;     // its line's, from 1
+    bool is_tail;           // whether the line begins in a piece before this one
+
+    // Returns the piece's key and what follows it, if it has both; a NUL byte ends the piece.
+    std::optional<ks_settings_line> Line() const;
+    // Whether there is nothing to read in it.
+    bool IsBlank() const;
+};
+
+// Calls `handle` for every piece of a text.
+void ks_read_settings_pieces(std::string_view text,
+                             const std::function<void(const ks_settings_piece&)>& handle);
+
+// Calls `handle` for every piece of a text that is a line. Returns how many other pieces there are that are
+// not blank.
 std::size_t ks_read_settings_lines(std::string_view text,
                                    const std::function<void(const ks_settings_line&)>& handle);
+
+// Longer files are no settings; their rest is not read.
+constexpr std::size_t kLongestSettingsFile = 64 << 20;
 
 // Reads the file's text, or the first 64 MiB of it. Returns false without a call of `handle` when there is no
 // regular file that can be read. Never waits.

@@ -11,6 +11,7 @@
 #include <cstring>
 #include <iterator>
 #include <locale.h>
+#include <utility>
 
 const ks_setting_row color_settings[] = {
     {"KS_PEN_BG_LOW", KS_PEN_BG_LOW},
@@ -51,19 +52,14 @@ namespace {
 constexpr const char* kOptionKeys[] = {"LOOK",           "BEOS",           "LANGUAGE",
                                        "BUBBLEHELPUSED", "BUBBLEHELPTIME", "MOUSEHOLDTIME"};
 static_assert(std::size(kOptionKeys) == static_cast<std::size_t>(ks_setting_kind::kPen));
-constexpr const char* kBitmapSuffix = "_BMP";
+constexpr std::string_view kBitmapSuffix = "_BMP";
 
-std::string KeyOf(ks_setting setting) {
-    switch (setting.kind) {
-    case ks_setting_kind::kPen:
-        return color_settings[setting.id].key;
-    case ks_setting_kind::kBitmap:
-        return std::string(color_settings[setting.id].key) + kBitmapSuffix;
-    case ks_setting_kind::kFont:
-        return font_settings[setting.id].key;
-    default:
-        return kOptionKeys[static_cast<std::size_t>(setting.kind)];
-    }
+// Returns the kind of a line whose key is a pen's or its bitmap's, and the line with the pen's key.
+std::pair<ks_setting_kind, ks_settings_line> PenLine(const ks_settings_line& line) {
+    const std::size_t suffix = line.key.size() - std::min(line.key.size(), kBitmapSuffix.size());
+    if (!(ks_settings_line{line.key.substr(suffix), ""}).Is(kBitmapSuffix))
+        return {ks_setting_kind::kPen, {line.key, ""}};
+    return {ks_setting_kind::kBitmap, {line.key.substr(0, suffix), ""}};
 }
 
 // Reads a number at `text` and moves `text` behind it.
@@ -84,15 +80,44 @@ float ParseSize(const char* text) {
 
 }  // namespace
 
+const std::vector<ks_setting>& ks_all_settings() {
+    static const std::vector<ks_setting> all = [] {
+        std::vector<ks_setting> settings;
+        for (std::size_t kind = 0; kind < std::size(kOptionKeys); ++kind)
+            settings.push_back({static_cast<ks_setting_kind>(kind)});
+        for (std::int32_t pen = 0; pen < KS_PEN_NONE; ++pen) {
+            if (pen < kBackgroundCount)
+                settings.push_back({ks_setting_kind::kBitmap, pen});
+            settings.push_back({ks_setting_kind::kPen, pen});
+        }
+        for (std::int32_t font = 0; font < kFontCount; ++font)
+            settings.push_back({ks_setting_kind::kFont, font});
+        return settings;
+    }();
+    return all;
+}
+
+std::string ks_setting_key(ks_setting setting) {
+    switch (setting.kind) {
+    case ks_setting_kind::kPen:
+        return color_settings[setting.id].key;
+    case ks_setting_kind::kBitmap:
+        return std::string(color_settings[setting.id].key).append(kBitmapSuffix);
+    case ks_setting_kind::kFont:
+        return font_settings[setting.id].key;
+    default:
+        return kOptionKeys[static_cast<std::size_t>(setting.kind)];
+    }
+}
+
 std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
     for (std::size_t kind = 0; kind < std::size(kOptionKeys); ++kind)
         if (line.Is(kOptionKeys[kind]))
             return ks_setting{static_cast<ks_setting_kind>(kind)};
+    const auto [kind, pen] = PenLine(line);
     for (const ks_setting_row* row = color_settings; row->key; ++row)
-        for (const ks_setting setting :
-             {ks_setting{ks_setting_kind::kPen, row->id}, ks_setting{ks_setting_kind::kBitmap, row->id}})
-            if (line.Is(KeyOf(setting)))
-                return setting;
+        if (pen.Is(row->key))
+            return ks_setting{kind, row->id};
     for (const ks_setting_row* row = font_settings; row->key; ++row)
         if (line.Is(row->key))
             return ks_setting{ks_setting_kind::kFont, row->id};
@@ -100,7 +125,7 @@ std::optional<ks_setting> ks_find_setting(const ks_settings_line& line) {
 }
 
 std::string ks_format_setting(ks_setting setting, std::string_view value) {
-    return KeyOf(setting).append(" = ").append(value).append("\n");
+    return ks_setting_key(setting).append(" = ").append(value).append("\n");
 }
 
 std::string ks_format_pen(std::int32_t pen, ks_color color, std::string_view bitmap) {

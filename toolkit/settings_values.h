@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 constexpr int kPenCount = 24;        // the last one, KS_PEN_NONE, has no colour
 constexpr int kBackgroundCount = 9;  // pens 0 to 8: those with a bitmap
@@ -46,6 +47,11 @@ struct ks_setting_row {
 extern const ks_setting_row color_settings[kPenCount + 1];
 extern const ks_setting_row font_settings[kFontCount + 1];
 
+// Returns every setting that can have a value, in the order of the file.
+const std::vector<ks_setting>& ks_all_settings();
+
+// Returns the key of a setting's line.
+std::string ks_setting_key(ks_setting setting);
 // Returns the setting that the line's key names; any pen may have a bitmap's key.
 std::optional<ks_setting> ks_find_setting(const ks_settings_line& line);
 // Returns the line "KEY = value" with its line feed.

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-// The editors of the settings model without a window.
+// The editors of the settings model without a window, and what they hold.
 #pragma once
 
+#include "settings/editors.h"
 #include "settings/languages.h"
 #include "settings/model.h"
 #include "tests/reference/settings_values.h"
@@ -17,43 +18,7 @@
 
 #include <string>
 
-// Fills the references of the model with new editors. FillLanguageList reads the catalogs directory.
-class Editors {
-public:
-    Editors() {
-        for (int pen = 0; pen < KS_PEN_NONE; ++pen)
-            Add(config::_colors[pen]);
-        for (KSPopFile*& background : config::_backgrounds)
-            Add(background);
-        for (KSPopFont*& font : config::_fonts)
-            Add(font);
-        Add(config::_bubblehelp);
-        Add(config::_beos_size);
-        Add(config::_bubbletime);
-        config::_bubbletime->SetMaxValue(10000000);
-        config::_bubbletime->SetMinValue(500000);
-        Add(config::_mousetime);
-        config::_mousetime->SetMaxValue(50000);
-        config::_mousetime->SetMinValue(10000);
-        Add(config::_look);
-        for (const char* look : {"BeOS", "Nymbrel"})
-            config::_look->AddLabel(look);
-        config::FillLanguageList();
-        _root->AddChild(config::_llist, nullptr);
-        _container.SetContent(_root);
-    }
-
-    KSContainer& Container() { return _container; }
-
-private:
-    template <class Control> void Add(Control*& editor) {
-        editor = new Control(nullptr, 0);
-        _root->AddChild(editor, nullptr);
-    }
-
-    KSContainer _container{{0, 0, 495, 300}, "view"};
-    KSControl* _root = new KSControl(nullptr, 0);
-};
+using config::Editors;
 
 inline reference::font font_value(const KSPopFont& editor) {
     const BFont font = editor.Font();

@@ -1,10 +1,10 @@
 # SPDX-License-Identifier: MIT
-"""A program of the toolkit follows Apply of the preferences program while both run."""
+"""A program of the toolkit follows Apply of the preferences program, and both follow a change from the shell."""
 
 import os
 import unittest
 
-from desktop import Desktop, wait_until
+from desktop import TITLE, Desktop, wait_until
 
 
 class Gallery(unittest.TestCase):
@@ -14,8 +14,8 @@ class Gallery(unittest.TestCase):
         self.desktop.start_bus()
         self.desktop.settings_file.parent.mkdir()
 
-    def corner(self):
-        return self.desktop.output("import", "-window", self.window, "-crop", "1x1+2+2", "-depth", "8", "txt:-")
+    def corner(self, window=None):
+        return self.desktop.output("import", "-window", window or self.window, "-crop", "1x1+2+2", "-depth", "8", "txt:-")
 
     def test_it_follows_apply(self):
         self.desktop.settings_file.write_text("KS_PEN_BG_LOW = 10,20,30,255\n")
@@ -30,6 +30,12 @@ class Gallery(unittest.TestCase):
         self.desktop.press("alt+a")
         wait_until(lambda: "#C86432" in self.corner(), "Apply is not followed")
         self.assertIsNone(self.desktop.program.poll())
+
+        window = self.desktop.output("xdotool", "search", "--onlyvisible", "--name", f"^{TITLE}$").strip()
+        self.assertIn("#C86432", self.corner(window))
+        self.desktop.output(os.environ["NYMBREL_SETTINGS"], "set", "KS_PEN_BG_LOW", "#123456")
+        for follower in (self.window, window):
+            wait_until(lambda: "#123456" in self.corner(follower), "the shell is not followed")
         gallery.terminate()
         self.assertEqual(gallery.wait(), 0)
 
