@@ -10,13 +10,13 @@
 #include "display/window_mirror.h"
 #include "hdr/ks_assert.h"
 #include "kits/BWindow.h"
+#include "toolkit/default_fonts.h"
 
 #include <QApplication>
 
 #include <algorithm>
 #include <clocale>
 #include <cstdlib>
-#include <fontconfig/fontconfig.h>
 #include <system_error>
 #include <thread>
 
@@ -41,14 +41,14 @@ void DisplayServer::Prepare(bool bus_answers) {
     // Desktops find the window's icon and name by this, which is the name of the .desktop file.
     QGuiApplication::setDesktopFileName(QStringLiteral("nymbrel-config"));
 
-    // fontconfig reads its files during the rest of the start, which takes about as long. The locale is set
+    // The default fonts are looked up during the rest of the start, which takes longer. The locale is set
     // first: it must not change while another thread runs.
     std::setlocale(LC_ALL, "");
     std::jthread fonts;
     try {
-        fonts = std::jthread([] { FcInit(); });
+        fonts = std::jthread([] { ks_default_font(KS_FONT_NORMAL); });
     } catch (const std::system_error&) {
-        // Without this thread the first font's user waits for the files.
+        // Without this thread the first one who asks for a font waits for it.
     }
     PenStyle::Install();
 

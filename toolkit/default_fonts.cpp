@@ -12,15 +12,11 @@ struct wish {
     const char* pattern;  // as fontconfig names fonts
     const char* family;   // where fontconfig finds nothing
     const char* style;
-    float size;
 };
 
-// By ks_font.
-constexpr wish kWishes[ks_look::kFonts] = {
-    {"sans-serif", "Sans", "Regular", 10}, {"monospace", "Monospace", "Regular", 10},
-    {"sans-serif:bold", "Sans", "Bold", 10}, {"sans-serif", "Sans", "Regular", 8},
-    {"sans-serif", "Sans", "Regular", 14},
-};
+constexpr wish kPlain = {"sans-serif", "Sans", "Regular"};
+constexpr wish kFixed = {"monospace", "Monospace", "Regular"};
+constexpr wish kTitle = {"sans-serif:bold", "Sans", "Bold"};
 
 // Returns the first of a pattern's names of one kind that fits the settings file, or `otherwise`.
 std::string FirstFittingName(const FcPattern* pattern, const char* kind, const char* otherwise) {
@@ -42,7 +38,6 @@ BFont Find(const wish& wish) {
 
     BFont font;
     font.SetFamilyAndStyle(wish.family, wish.style);
-    font.SetSize(wish.size);
     const pattern_ptr wanted(FcNameParse(reinterpret_cast<const FcChar8*>(wish.pattern)), destroy);
     if (!wanted || !FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern))
         return font;
@@ -58,10 +53,12 @@ BFont Find(const wish& wish) {
 }  // namespace
 
 const BFont& ks_default_font(ks_font font) {
-    static const std::array<BFont, ks_look::kFonts> fonts = [] {
-        std::array<BFont, ks_look::kFonts> found;
+    static const auto fonts = [] {
+        const BFont plain = Find(kPlain);
+        std::array<BFont, ks_look::kFonts> found = {plain, Find(kFixed), Find(kTitle), plain, plain};
+        constexpr float kSizes[] = {10, 10, 10, 8, 14};
         for (std::size_t i = 0; i < found.size(); ++i)
-            found[i] = Find(kWishes[i]);
+            found[i].SetSize(kSizes[i]);
         return found;
     }();
     return fonts[font];
