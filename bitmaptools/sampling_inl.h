@@ -23,9 +23,8 @@ constexpr std::int64_t kBand = 64;
 using HalfVector [[gnu::vector_size(kVectorBytes / 2)]] = std::int32_t;
 
 template <std::size_t... kLane>
-KS_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
+KS_INLINE void SplitPairs(const Words& low, const Words& high, Words& left, Words& right,
                           std::index_sequence<kLane...>) {
-    const Words low = load<Words>(pairs), high = load<Words>(pairs + kLanes);
     left = __builtin_shufflevector(low, high, (2 * kLane)...);
     right = __builtin_shufflevector(low, high, (2 * kLane + 1)...);
 }
@@ -139,8 +138,12 @@ template <bool kOpaque>
 KS_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, std::int64_t count) {
     for (std::int64_t k = 0; k < count; k += kLanes) {
         Words neighbours[4];
-        SplitPairs(block.top + 2 * k, neighbours[0], neighbours[1], std::make_index_sequence<kLanes>());
-        SplitPairs(block.bottom + 2 * k, neighbours[2], neighbours[3], std::make_index_sequence<kLanes>());
+        const auto split = [&](const std::uint32_t* pairs, Words& left, Words& right) {
+            SplitPairs(load<Words>(pairs), load<Words>(pairs + kLanes), left, right,
+                       std::make_index_sequence<kLanes>());
+        };
+        split(block.top + 2 * k, neighbours[0], neighbours[1]);
+        split(block.bottom + 2 * k, neighbours[2], neighbours[3]);
         const Words result =
             Sample<kOpaque>(neighbours, load<Words>(block.fx + k), load<Words>(block.fy + k));
         if (k + kLanes <= count)

@@ -212,7 +212,8 @@ KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
         finish_streams();
 }
 
-// Runs of at least a vector end with a whole one. It was loaded before the vector that it overlaps was stored.
+// Runs of at least a vector end with a whole one. It was loaded before the vector that it overlaps was
+// stored.
 template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Source& s, int32_t count) {
     if (count < kLanes) {
         const PartialVector part(count);
