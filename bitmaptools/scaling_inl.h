@@ -165,27 +165,13 @@ void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t
     }
 }
 
-// Returns the pairs of words at some of `columns`.
-template <std::size_t... kPair>
-KS_INLINE Words LoadPairs(const std::uint32_t* row, const std::int64_t* columns,
-                          std::index_sequence<kPair...>) {
-    const auto pair = [&](std::size_t k) {
-        std::int64_t words;
-        __builtin_memcpy(&words, row + columns[k], 8);
-        return words;
-    };
-    return reinterpret_cast<Words>(Longs{pair(kPair)...});
-}
-
 // Sets the left and right neighbours of a vector of positions start + k * step in a row.
 KS_INLINE void LoadNeighbours(const std::uint32_t* row, std::int64_t start, std::int64_t step, Words& left,
                               Words& right) {
     std::int64_t columns[kLanes];
     for (int k = 0; k < kLanes; ++k)
         columns[k] = (start + k * step) >> kFractionBits;
-    constexpr auto kHalf = std::make_index_sequence<kLanes / 2>();
-    SplitPairs(LoadPairs(row, columns, kHalf), LoadPairs(row, columns + kLanes / 2, kHalf), left, right,
-               std::make_index_sequence<kLanes>());
+    LoadNeighbours(row, columns, left, right);
 }
 
 // Scales the whole vectors of an interval of a row whose neighbours all lie in the source; returns its end.
