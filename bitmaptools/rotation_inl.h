@@ -7,12 +7,14 @@
 namespace ks_bitmaptools {
 namespace {
 
-// Vectors of positions whose offsets are then read one by one. After a store of 64 bytes such loads wait longer.
-using Offsets [[gnu::vector_size(kVectorBytes < 64 ? kVectorBytes : 32)]] = std::int32_t;
+// Vectors of positions whose offsets are then read one by one. After a store of 64 bytes such loads wait
+// longer.
+using Offsets[[gnu::vector_size(kVectorBytes < 64 ? kVectorBytes : 32)]] = std::int32_t;
 
-// Walks the destination in blocks of a row, band by band. Calls `sample(i, j, count, inner)` for each stretch of
-// at most 64 pixels whose positions lie in the source, or less than `margin` outside of it. `inner` is the part
-// of the stretch, counted from its start, where the position and the next pixels on both axes lie in the source.
+// Walks the destination in blocks of a row, band by band. Calls `sample(i, j, count, inner)` for each stretch
+// of at most 64 pixels whose positions lie in the source, or less than `margin` outside of it. `inner` is the
+// part of the stretch, counted from its start, where the position and the next pixels on both axes lie in the
+// source.
 template <class Function>
 KS_INLINE void WalkRotated(const SourcePixels& source, const DestinationPixels& destination, const Axis& x,
                            const Axis& y, std::int64_t margin, Function sample) {
@@ -81,11 +83,19 @@ void RotateBilinear(const SourcePixels& source, const DestinationPixels& destina
                     const Axis& y) {
     Block block;
     Positions<Int> positions;
+    // Steep lines through a large source miss the cache with every pixel. A loop that does nothing but
+    // collect has more loads under way.
+    const bool gentle = !IsFar(source) || (y.column > -kOne / 2 && y.column < kOne / 2);
     WalkRotated(source, destination, x, y, kOne,
                 [&](std::int64_t i, std::int64_t j, std::int64_t count, Interval inner) {
                     const std::int64_t start_x = x.start + i * x.column + j * x.row;
                     const std::int64_t start_y = y.start + i * y.column + j * y.row;
+                    std::uint32_t* const to = destination.words + j * destination.row_length + i;
                     LocateLine<Int, Vector>(source, positions, block, x, y, start_x, start_y, count);
+                    if (gentle && inner.first == 0 && inner.last == kBlock) {
+                        SampleInner(source, positions, block, to, kBlock);
+                        return;
+                    }
                     const auto tested = [&](std::int64_t k) {
                         const std::int64_t ix = (start_x + k * x.column) >> kFractionBits;
                         const std::int64_t iy = (start_y + k * y.column) >> kFractionBits;
@@ -97,7 +107,7 @@ void RotateBilinear(const SourcePixels& source, const DestinationPixels& destina
                     CollectInner(source, positions, block, inner);
                     for (std::int64_t k = inner.last; k < count; ++k)
                         tested(k);
-                    StoreSamples(block, destination.words + j * destination.row_length + i, count);
+                    StoreSamples(block, to, count);
                 });
 }
 

@@ -23,9 +23,8 @@ constexpr std::int64_t kBand = 64;
 using HalfVector [[gnu::vector_size(kVectorBytes / 2)]] = std::int32_t;
 
 template <std::size_t... kLane>
-KS_INLINE void SplitPairs(const std::uint32_t* pairs, Words& left, Words& right,
+KS_INLINE void SplitPairs(const Words& low, const Words& high, Words& left, Words& right,
                           std::index_sequence<kLane...>) {
-    const Words low = load<Words>(pairs), high = load<Words>(pairs + kLanes);
     left = __builtin_shufflevector(low, high, (2 * kLane)...);
     right = __builtin_shufflevector(low, high, (2 * kLane + 1)...);
 }
@@ -139,8 +138,12 @@ template <bool kOpaque>
 KS_INLINE void SampleBlock(const Block& block, std::uint32_t* destination, std::int64_t count) {
     for (std::int64_t k = 0; k < count; k += kLanes) {
         Words neighbours[4];
-        SplitPairs(block.top + 2 * k, neighbours[0], neighbours[1], std::make_index_sequence<kLanes>());
-        SplitPairs(block.bottom + 2 * k, neighbours[2], neighbours[3], std::make_index_sequence<kLanes>());
+        const auto split = [&](const std::uint32_t* pairs, Words& left, Words& right) {
+            SplitPairs(load<Words>(pairs), load<Words>(pairs + kLanes), left, right,
+                       std::make_index_sequence<kLanes>());
+        };
+        split(block.top + 2 * k, neighbours[0], neighbours[1]);
+        split(block.bottom + 2 * k, neighbours[2], neighbours[3]);
         const Words result =
             Sample<kOpaque>(neighbours, load<Words>(block.fx + k), load<Words>(block.fy + k));
         if (k + kLanes <= count)
@@ -213,6 +216,25 @@ KS_INLINE void Locate(const SourcePixels& source, Positions<Int>& positions, Blo
     }
 }
 
+// Returns the pairs of words at some of `indices`.
+template <class Index, std::size_t... kPair>
+KS_INLINE Words LoadPairs(const std::uint32_t* row, const Index* indices, std::index_sequence<kPair...>) {
+    const auto pair = [&](std::size_t k) {
+        std::int64_t words;
+        __builtin_memcpy(&words, row + indices[k], 8);
+        return words;
+    };
+    return reinterpret_cast<Words>(Longs{pair(kPair)...});
+}
+
+// Sets the left and right neighbours of a vector of positions: the words at `indices` and those behind them.
+template <class Index>
+KS_INLINE void LoadNeighbours(const std::uint32_t* words, const Index* indices, Words& left, Words& right) {
+    constexpr auto kHalf = std::make_index_sequence<kLanes / 2>();
+    SplitPairs(LoadPairs(words, indices, kHalf), LoadPairs(words, indices + kLanes / 2, kHalf), left, right,
+               std::make_index_sequence<kLanes>());
+}
+
 // Collects the neighbours of the located positions first <= k < last, all of which are in the source.
 template <class Int>
 KS_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& positions, Block& block,
@@ -226,6 +248,24 @@ KS_INLINE void CollectInner(const SourcePixels& source, const Positions<Int>& po
         CollectPair(words + positions.offset[k], top, k);
         CollectPair(words_below + positions.offset[k], bottom, k);
     }
+}
+
+// Stores the samples of whole vectors of located positions, all of whose neighbours are in the source;
+// returns how many positions they are.
+template <class Int>
+KS_INLINE std::int64_t SampleInner(const SourcePixels& source, const Positions<Int>& positions,
+                                   const Block& block, std::uint32_t* destination, std::int64_t count) {
+    std::int64_t k = 0;
+    for (; k + kLanes <= count; k += kLanes) {
+        Words neighbours[4];
+        LoadNeighbours(source.words, positions.offset + k, neighbours[0], neighbours[1]);
+        LoadNeighbours(source.words + source.row_length, positions.offset + k, neighbours[2], neighbours[3]);
+        const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
+        const Words fx = load<Words>(block.fx + k), fy = load<Words>(block.fy + k);
+        store(destination + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, fx, fy)
+                                                         : Sample<true>(neighbours, fx, fy));
+    }
+    return k;
 }
 
 // Whether the source is larger than what a processor has of cache for itself, so that it pays to fetch pixels

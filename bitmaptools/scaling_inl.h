@@ -165,23 +165,42 @@ void ScaleBilinearTested(const SourcePixels& source, Block& block, std::uint32_t
     }
 }
 
+// Sets the left and right neighbours of a vector of positions start + k * step in a row.
+KS_INLINE void LoadNeighbours(const std::uint32_t* row, std::int64_t start, std::int64_t step, Words& left,
+                              Words& right) {
+    std::int64_t columns[kLanes];
+    for (int k = 0; k < kLanes; ++k)
+        columns[k] = (start + k * step) >> kFractionBits;
+    LoadNeighbours(row, columns, left, right);
+}
+
 // Scales the whole vectors of an interval of a row whose neighbours all lie in the source; returns its end.
-std::int64_t ScaleBilinearPicked(const SourcePixels& source, const PickedRow& picked, std::uint32_t* to,
-                                 std::int64_t start, std::int64_t step, std::int64_t y, Interval interval) {
+template <bool kPick>
+std::int64_t ScaleBilinearInner(const SourcePixels& source, const PickedRow& picked, std::uint32_t* to,
+                                std::int64_t start, std::int64_t step, std::int64_t y, Interval interval,
+                                const NextRows& next) {
     const std::uint32_t* const top = source.words + (y >> kFractionBits) * source.row_length;
     const std::uint32_t* const bottom = top + source.row_length;
     const Words fy = Words{} + static_cast<std::uint32_t>(y & (kOne - 1));
     std::int64_t k = interval.first;
     for (; k + kLanes <= interval.last; k += kLanes) {
-        const PickedRow::Window window = picked.At(start + k * step);
-        const Words left = window.columns, right = left + 1;
-        const Words top_low = load<Words>(top + window.base);
-        const Words top_high = load<Words>(top + window.base + kLanes);
-        const Words bottom_low = load<Words>(bottom + window.base);
-        const Words bottom_high = load<Words>(bottom + window.base + kLanes);
-        const Words neighbours[] = {Pick(top_low, top_high, left), Pick(top_low, top_high, right),
-                                    Pick(bottom_low, bottom_high, left),
-                                    Pick(bottom_low, bottom_high, right)};
+        const std::int64_t position = start + k * step;
+        const PickedRow::Window window = picked.At(position);
+        const auto collect = [&](const std::uint32_t* row, Words& left, Words& right) {
+            if constexpr (kPick) {
+                const Words low = load<Words>(row + window.base),
+                            high = load<Words>(row + window.base + kLanes);
+                left = Pick(low, high, window.columns);
+                right = Pick(low, high, window.columns + 1);
+            } else {
+                LoadNeighbours(row, position, step, left, right);
+            }
+        };
+        if (!kPick)
+            next.Fetch(position, position + kLanes * step);
+        Words neighbours[4];
+        collect(top, neighbours[0], neighbours[1]);
+        collect(bottom, neighbours[2], neighbours[3]);
         const Words common = neighbours[0] & neighbours[1] & neighbours[2] & neighbours[3];
         store(to + k, any(~common & 0xFF000000) ? Sample<false>(neighbours, window.fractions, fy)
                                                 : Sample<true>(neighbours, window.fractions, fy));
@@ -199,9 +218,11 @@ void ScaleBilinear(const SourcePixels& source, const DestinationPixels& destinat
         const NextRows next = NextRows::After(position, 2, source, x, y);
         std::uint32_t* to = destination.words + j * destination.row_length;
         std::int64_t done = 0;
-        if (picked.CanPick() && row >= 0 && row + 1 < source.height) {
+        if (row >= 0 && row + 1 < source.height) {
             ScaleBilinearTested(source, block, to, x.start, x.column, position, {0, inner.first}, next);
-            done = ScaleBilinearPicked(source, picked, to, x.start, x.column, position, inner);
+            done = (picked.CanPick() ? ScaleBilinearInner<true>
+                                     : ScaleBilinearInner<false>)(source, picked, to, x.start, x.column,
+                                                                  position, inner, next);
         }
         ScaleBilinearTested(source, block, to, x.start, x.column, position, {done, destination.width}, next);
     }

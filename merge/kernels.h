@@ -212,7 +212,16 @@ KS_INLINE void replace_run(uint32_t* dst, Words pixel, int32_t count) {
         finish_streams();
 }
 
+// Runs of at least a vector end with a whole one. It was loaded before the vector that it overlaps was
+// stored.
 template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Source& s, int32_t count) {
+    if (count < kLanes) {
+        const PartialVector part(count);
+        part.store(dst, compose_vector<Mode>(part.load(dst), s));
+        return;
+    }
+    uint32_t* const last = dst + count - kLanes;
+    const Words last_pixels = load(last);
     int32_t i = 0;
     for (; i <= count - kGroup; i += kGroup) {
         fetch_ahead<1>(dst + i, count);
@@ -221,10 +230,8 @@ template <class Mode> KS_INLINE void compose_run(uint32_t* dst, const Source& s,
     }
     for (; i <= count - kLanes; i += kLanes)
         store(dst + i, compose_vector<Mode>(load(dst + i), s));
-    if (i < count) {
-        const PartialVector part(count - i);
-        part.store(dst + i, compose_vector<Mode>(part.load(dst + i), s));
-    }
+    if (i < count)
+        store(last, compose_vector<Mode>(last_pixels, s));
 }
 
 template <class Mode>

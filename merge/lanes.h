@@ -5,6 +5,8 @@
 
 #include "simd/vectors.h"
 
+#include <utility>
+
 namespace ks_merge {
 namespace {
 
@@ -34,36 +36,46 @@ public:
 
 private:
     __mmask16 _mask;
-#elif defined(__AVX2__)
-    KS_INLINE explicit PartialVector(int32_t count)
-        : _mask(_mm256_cmpgt_epi32(_mm256_set1_epi32(count), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7))) {}
-    KS_INLINE Words load(const uint32_t* p) const {
-        const Words read =
-            reinterpret_cast<Words>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p), _mask));
-        return reinterpret_cast<SignedWords>(_mask) != 0 ? read : splat(*p);
-    }
-    KS_INLINE void store(uint32_t* p, Words w) const {
-        _mm256_maskstore_epi32(reinterpret_cast<int*>(p), _mask, reinterpret_cast<__m256i>(w));
-    }
-
-private:
-    __m256i _mask;
 #else
     KS_INLINE explicit PartialVector(int32_t count) : _count(count) {}
     KS_INLINE Words load(const uint32_t* p) const {
-        Words w = splat(*p);
-        for (int32_t i = 1; i < kLanes - 1; i++)
-            if (i < _count)
-                w[i] = p[i];
-        return w;
+        if (kLanes > 4 && _count >= 4)
+            return Parts<Four>::load(p, _count, AllLanes());
+        return _count >= 2 ? Parts<Two>::load(p, _count, AllLanes()) : splat(*p);
     }
     KS_INLINE void store(uint32_t* p, Words w) const {
-        for (int32_t i = 0; i < kLanes - 1; i++)
-            if (i < _count)
-                p[i] = w[i];
+        if (kLanes > 4 && _count >= 4)
+            Parts<Four>::store(p, _count, w);
+        else if (_count >= 2)
+            Parts<Two>::store(p, _count, w);
+        else
+            *p = w[0];
     }
 
 private:
+    using AllLanes = std::make_integer_sequence<int32_t, kLanes>;
+
+    using Two [[gnu::vector_size(8)]] = uint32_t;
+    using Four [[gnu::vector_size(16)]] = uint32_t;
+
+    // The first and the last pixels, which may overlap. Masked stores take several times as long.
+    template <class Part> struct Parts {
+        static constexpr int32_t kPart = sizeof(Part) / 4;
+
+        template <int32_t... kLane>
+        static KS_INLINE Words load(const uint32_t* p, int32_t count,
+                                    std::integer_sequence<int32_t, kLane...>) {
+            return __builtin_shufflevector(ks_simd::load<Part>(p), ks_simd::load<Part>(p + count - kPart),
+                                           (kLane % (2 * kPart))...);
+        }
+        static KS_INLINE void store(uint32_t* p, int32_t count, const Words& w) {
+            Part parts[kLanes / kPart];
+            __builtin_memcpy(&parts, &w, sizeof w);
+            ks_simd::store(p, parts[0]);
+            ks_simd::store(p + count - kPart, parts[1]);
+        }
+    };
+
     int32_t _count;
 #endif
 };

@@ -75,6 +75,12 @@ void ks_painter::Fill(long left, long top, long right, long bottom) const {
         FillPattern(area);
         return;
     }
+    if (area.left == area.right && !IgnoresDestination()) {
+        ks_scattered_run run(_compose_rows, _high);
+        for (long j = 0; j < area.PixelHeight(); j++)
+            run.Add(At(area.left, area.top + j));
+        return;
+    }
     _compose_rows(At(area.left, area.top), _high, kOpacity, static_cast<std::int32_t>(area.PixelWidth()),
                   static_cast<std::int32_t>(area.PixelHeight()), _words_per_row);
 }

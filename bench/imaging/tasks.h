@@ -60,7 +60,7 @@ struct Resampling {
     enum class Kind { kScale, kRotate, kTransform };
 
     Resampling(Kind kind, bool is_bilinear, Alphas alphas, int source_size, int destination_size,
-               double angle);
+               double angle = 0.5);
 
     Kind kind;
     bool is_bilinear;
