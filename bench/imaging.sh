@@ -9,7 +9,7 @@ set -euo pipefail
 source "$(dirname -- "${BASH_SOURCE[0]}")/../scripts/setup.sh"
 
 need_packages "to build the imaging benchmark and its peers" g++ cmake ninja-build pkg-config qt6-base-dev \
-    libpixman-1-dev libcairo2-dev libsdl2-dev libagg-dev libyuv-dev libopencv-imgproc-dev
+    libpixman-1-dev libcairo2-dev libsdl2-dev libagg-dev libyuv-dev libopencv-imgproc-dev libstb-dev
 need_packages "to draw the chart" gnuplot-nox
 
 build bench bench_imaging

@@ -16,9 +16,10 @@
 // height. A destination pixel without a source position is neither read nor written, and neither is anything
 // outside the destination's width and height, so threads may work on disjoint parts of one image.
 //
-// No argument values are an error. Nothing is written for a size of zero or less, or for a rectangle that is
-// invalid or leaves the 32-bit range. A rotation also writes nothing if its angle is not finite, or if its
-// centre lies outside that range. Only NoiseRemover allocates memory and can fail.
+// No values are an error, but pointers have to point to pixels. Nothing is written for a size of zero or
+// less, or for a rectangle that is invalid or leaves the 32-bit range. A rotation also writes nothing if its
+// angle is not finite, or if its centre lies outside that range. Only NoiseRemover allocates memory and can
+// fail.
 //
 // The BiLin operations sample the four neighbours of a position in 1/4096 of a pixel, weighted by area and
 // alpha. With ix, iy the whole and fx, fy the fractional part of the position:
@@ -67,8 +68,9 @@ public:
                             std::uint32_t source_row_length, std::uint32_t destination_row_length);
 
     // Maps the source rectangle bilinearly onto the quadrilateral with these corners; the right and lower
-    // ones are where its last pixels end. Each pixel takes the source pixel at its position rounded down.
-    // Rectangles (inclusive) and corners lie in one plane of pixel coordinates.
+    // ones are where its last pixels end. This is no perspective: ks_project_plain is. Each pixel takes the
+    // source pixel at its position rounded down. Rectangles (inclusive) and corners lie in one plane of pixel
+    // coordinates.
     //
     // If the top and bottom sides have the same width (rounded down), the top left corner is moved right by
     // 0.1; if the left and right sides have the same height, it is moved down by 0.1. Nothing is written if
@@ -90,7 +92,11 @@ public:
                                std::uint32_t destination_row_length);
 
     // Replaces isolated specks in an image of width * height bytes without gaps between the rows, in place.
-    // Bytes are compared for equality only, so they may be grey levels or indices.
+    // Bytes are compared for equality only, so it is for images of two levels or a few, and for indices. Grey
+    // scans and photos become worse: there, few pixels equal a neighbour. Radius 1 and threshold 1 take out
+    // every pixel without an equal neighbour; a greater radius with a low threshold keeps dots of a screen.
+    //
+    // Strips equal the whole if each has radius + 1 more rows on both sides, which are then thrown away.
     //
     // A pixel is a speck if none of its eight neighbours has its value, and fewer than `threshold` pixels of
     // the square of `radius` around it have it; the centre row and centre column of the square do not count.

@@ -2,6 +2,7 @@
 // Scaled, rotated and transformed copies, plain above bilinear: copies FILE.png
 #include "examples/font.h"
 #include "examples/sheet.h"
+#include "merge/ks_compose.h"
 
 #include <memory>
 
@@ -27,7 +28,7 @@ std::unique_ptr<KSRaster> badge() {
 // Returns the part of a raster that a cell shows, from (left, top) of its plane on.
 std::unique_ptr<KSRaster> cut(const KSRaster& raster, long left, long top) {
     auto part = std::make_unique<KSRaster>(KSRect<long>(left, top, left + kSize - 1, top + kSize - 1));
-    compose(*part, raster, kMergeCopy);
+    ks_compose(*part, raster, kMergeCopy);
     return part;
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // All composition modes on the same two images: modes FILE.png
 #include "examples/sheet.h"
+#include "merge/ks_compose.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -80,7 +81,7 @@ int main(int count, char** arguments) {
     for (std::int32_t mode = 0; mode < kMergeCount; ++mode) {
         KSRaster result({0, 0, kWidth - 1, kHeight - 1});
         result.CopyFrom(&destination);
-        compose(result, source, static_cast<ks_composition_mode>(mode));
+        ks_compose(result, source, static_cast<ks_composition_mode>(mode));
         sheet.Add(result, KSMerge::composition_label[mode]);
     }
     return write_sheet(sheet, count, arguments);

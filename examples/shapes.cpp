@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // Every primitive, patterns, and what modes do with overlapping shapes: shapes FILE.png
 #include "examples/sheet.h"
+#include "merge/ks_compose.h"
 
 #include <cmath>
 
@@ -118,7 +119,7 @@ void discs(KSRaster& raster, ks_color ground, ks_composition_mode mode, const ks
         KSRaster disc(raster.Frame());
         disc.SetHighColor(colours[i]);
         disc.FillEllipse(centres[i].x - 55, centres[i].y - 55, centres[i].x + 55, centres[i].y + 55);
-        compose(raster, disc, mode);
+        ks_compose(raster, disc, mode);
     }
 }
 

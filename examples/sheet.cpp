@@ -2,8 +2,9 @@
 // Lays pictures out on a sheet.
 #include "examples/sheet.h"
 
+#include "examples/adapters/png_file.h"
 #include "examples/font.h"
-#include "examples/picture_file.h"
+#include "merge/ks_compose.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -42,18 +43,6 @@ std::uint32_t* row_of(const KSRaster& raster, long y) {
     return reinterpret_cast<std::uint32_t*>(bytes);
 }
 
-void compose(KSRaster& target, const KSRaster& source, ks_composition_mode mode) {
-    const KSRect<long> to = target.Frame(), from = source.Frame();
-    const long left = std::max(to.left, from.left), right = std::min(to.right, from.right);
-    const long top = std::max(to.top, from.top), bottom = std::min(to.bottom, from.bottom);
-    if (left > right)
-        return;
-    for (long y = top; y <= bottom; ++y)
-        KSMerge::hash_array_func[mode](row_of(target, y) + (left - to.left),
-                                       row_of(source, y) + (left - from.left), 255,
-                                       static_cast<std::int32_t>(right - left + 1));
-}
-
 Sheet::Sheet(std::string_view title, long columns, long rows, long width, long height)
     : _columns(columns), _width(width), _height(height), _raster(sheet_frame(columns, rows, width, height)) {
     _raster.SetHighColor(kPaper);
@@ -67,11 +56,8 @@ void Sheet::Add(const KSRaster& picture, std::string_view label) {
     ++_used;
     KSRaster cell({left, top, left + _width - 1, top + _height - 1});
     draw_chequers(cell, cell.Frame());
-    KSRaster moved(KSRect<long>(left, top, left + picture.Width() - 1, top + picture.Height() - 1));
-    for (long y = 0; y < picture.Height(); ++y)
-        std::copy_n(row_of(picture, picture.Frame().top + y), picture.Width(), row_of(moved, top + y));
-    compose(cell, moved, kMergeNormal);
-    compose(_raster, cell, kMergeCopy);
+    ks_compose(cell, picture.Pixels().MovedTo({left, top}));
+    ks_compose(_raster, cell, kMergeCopy);
     draw_text(_raster, left, top + _height + 6, label, kInk, 2);
 }
 

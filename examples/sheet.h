@@ -29,9 +29,6 @@ private:
     KSRaster _raster;
 };
 
-// Composes the pixels of `source` onto those of `target` where their frames meet, in a mode.
-void compose(KSRaster& target, const KSRaster& source, ks_composition_mode mode);
-
 // Returns the words of row y, from the frame's left on.
 std::uint32_t* row_of(const KSRaster& raster, long y);
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: MIT
 // Tries the library on a picture of one's own: a PNG or TGA file in, an operation, a PNG file out.
 #include "bitmaptools/KSBitmapTools.h"
-#include "examples/picture_file.h"
+#include "examples/adapters/png_file.h"
 #include "examples/sheet.h"
+#include "merge/ks_compose.h"
 
 #include <algorithm>
 #include <charconv>
@@ -72,7 +73,7 @@ Raster read_tga(const std::string& path) {
 }
 
 Raster read_picture(const std::string& path) {
-    return ends_with(path, ".tga") ? read_tga(path) : read_png(path);
+    return ends_with(path, ".tga") ? read_tga(path) : std::make_unique<KSRaster>(read_png(path));
 }
 
 ks_composition_mode mode_named(const std::string& name) {
@@ -97,7 +98,7 @@ Raster trimmed(Raster picture) {
     if (!visible.IsValid())
         return picture;
     auto result = std::make_unique<KSRaster>(visible);
-    compose(*result, *picture, kMergeCopy);
+    ks_compose(*result, *picture, kMergeCopy);
     return result;
 }
 
@@ -136,7 +137,7 @@ Raster filled(Raster picture, const Words& words, bool) {
 }
 
 Raster blended(Raster picture, const Words& words, bool) {
-    compose(*picture, *read_picture(words[1]), mode_named(words[0]));
+    ks_compose(*picture, *read_picture(words[1]), mode_named(words[0]));
     return picture;
 }
 

@@ -218,16 +218,12 @@ KSRaster::~KSRaster() {
 void KSRaster::MakeStorage() {
     if (_native == kRasterNativeAuto)
         _native = kRasterInMemory;
-    switch (_native) {
-    case kRasterInBBitmap:
+    KS_ASSERT(_native == kRasterInMemory || _native == kRasterInBBitmap);
+    if (_native == kRasterInMemory) {
+        AllocateMemory();
+    } else {
         KS_ASSERT(_color_space == KS_RGBA_COLOR_SPACE);
         AllocateBitmap();
-        break;
-    case kRasterInMemory:
-        AllocateMemory();
-        break;
-    default:
-        KS_ASSERT(0);
     }
 }
 

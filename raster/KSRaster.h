@@ -100,7 +100,7 @@ public:
     // the one that an in-memory raster holds itself.
     virtual ~KSRaster();
 
-    // Sets all bytes of the pixels to 255 (opaque white) if the raster is locked.
+    // Sets all bytes of the pixels to 255 (opaque white) if the raster is locked, as one in memory always is.
     void InitEmpty();
 
     // Counts one more user of the pixels; always true. This is no thread lock.
@@ -138,7 +138,8 @@ public:
     KSRect<long> Bounds() const;
     // Returns the frame's top left pixel.
     KSPoint<long> Origin() const { return {_frame.left, _frame.top}; }
-    // Returns whether the storage could be made; a raster without pixels is valid.
+    // Returns true for every raster that was made: one without pixels is valid too, and a lack of memory
+    // throws. Ask for Bits() whether there are pixels.
     bool IsValid() const { return _valid; }
     // Returns the name, or "KSRaster" if there is none.
     const char* Name() const { return _name ? _name.get() : "KSRaster"; }

@@ -7,6 +7,7 @@ build_packages=(g++ cmake ninja-build pkg-config qt6-base-dev libsystemd-dev lib
 window_packages=(fonts-dejavu-core qt6-translations-l10n)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
 test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
+cross_packages=(g++ cmake ninja-build pkg-config g++-aarch64-linux-gnu g++-riscv64-linux-gnu g++-s390x-linux-gnu qemu-user libgtest-dev)
 
 fail() {
     echo "${0##*/}: $*" >&2

@@ -103,9 +103,14 @@ KS_INLINE uint64_t nonzero_bytes(const Bytes& v) {
 #elif defined(__SSE2__)
     return static_cast<uint16_t>(~_mm_movemask_epi8(reinterpret_cast<__m128i>(v == 0)));
 #else
-    uint64_t bits = 0;
-    for (int32_t k = 0; k < kVectorBytes; k++)
-        bits |= uint64_t{v[k] != 0} << k;
+    uint64_t parts[kVectorBytes / 8], bits = 0;
+    store(parts, reinterpret_cast<Bytes>(v != 0) & 1);
+    for (int32_t i = 0; i < kVectorBytes / 8; i++) {
+        if (__BYTE_ORDER__ == __ORDER_BIG_ENDIAN__)
+            parts[i] = __builtin_bswap64(parts[i]);
+        // The lowest bits of the eight bytes meet in the highest byte, without a carry.
+        bits |= parts[i] * 0x0102040810204080 >> 56 << 8 * i;
+    }
     return bits;
 #endif
 }

@@ -2,6 +2,7 @@
 // Rasters and plain memory that holds 32-bit pixels in rows.
 #pragma once
 
+#include "bitmaptools/ks_premultiply.h"
 #include "raster/KSRaster.h"
 
 #include <cstddef>
@@ -19,19 +20,6 @@ inline std::uint32_t premultiplied_pixel(std::uint32_t pixel) {
     return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
 }
 
-// Returns the straight pixel that premultiplied_pixel would make this one of, to the nearest; of alpha 0 the
-// word 0.
-inline std::uint32_t straight_pixel(std::uint32_t pixel) {
-    const std::uint32_t alpha = pixel >> 24;
-    if (alpha == 0)
-        return 0;
-    const auto scaled = [&](int shift) {
-        const std::uint32_t channel = ((pixel >> shift & 255) * 255 + alpha / 2) / alpha;
-        return (channel > 255 ? 255 : channel) << shift;
-    };
-    return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
-}
-
 // Returns a raster with its top-left pixel at (0, 0) and a copy of `width` x `height` words 0xAARRGGBB in
 // host byte order, at any address. Rows are `row_bytes` apart, which may be negative for pictures that are
 // stored from the bottom up.
@@ -39,13 +27,11 @@ inline std::unique_ptr<KSRaster> copy_from_buffer(const void* pixels, long width
                                                   std::ptrdiff_t row_bytes, BufferAlpha alpha) {
     auto raster = std::make_unique<KSRaster>(KSRect<long>(0, 0, width - 1, height - 1));
     auto* words = static_cast<std::uint32_t*>(raster->Bits());
-    for (long y = 0; y < height; ++y, words += width) {
+    for (long y = 0; y < height; ++y, words += width)
         std::memcpy(words, static_cast<const unsigned char*>(pixels) + y * row_bytes,
                     static_cast<std::size_t>(width) * 4);
-        if (alpha == BufferAlpha::kPremultiplied)
-            for (long x = 0; x < width; ++x)
-                words[x] = straight_pixel(words[x]);
-    }
+    if (alpha == BufferAlpha::kPremultiplied)
+        ks_unpremultiply(*raster, *raster);
     return raster;
 }
 

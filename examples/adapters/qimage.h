@@ -8,8 +8,10 @@
 #include <cstring>
 #include <memory>
 
-// Returns an image that shows the raster's own pixels, without a copy: what either draws, both hold. Its
-// format is ARGB32, whose colour is straight like the raster's. It is valid as long as the raster lives.
+// Returns an image that shows the raster's own pixels, without a copy: what either draws, both hold, unless
+// another QImage shares the view. A QImage that is shared copies the pixels before it is drawn on, so draw on
+// the raster then. The format is ARGB32, whose colour is straight like the raster's. The image is valid as
+// long as the raster lives.
 inline QImage view_as_qimage(KSRaster& raster) {
     return QImage(static_cast<uchar*>(raster.Bits()), static_cast<int>(raster.Width()),
                   static_cast<int>(raster.Height()), raster.BytesPerRow(), QImage::Format_ARGB32);

@@ -37,7 +37,7 @@ void ExpectCleaned(std::uint32_t seed, const Picture& picture, long radius, long
 // Areas of a few values, with specks of these. So few specks that each square is searched, or many of few or
 // of many values.
 TEST(NoiseRemover, EqualsItsDefinition) {
-    for (std::uint32_t seed = 0; seed < 800 && !HasFailure(); ++seed) {
+    for (std::uint32_t seed = 0; seed < 800 && !HasFailure(); seed += kSweepStep) {
         Noise noise(seed);
         const bool quiet = seed % 5 == 0;
         Picture picture = {quiet            ? noise.In(40, 170)

@@ -3,13 +3,13 @@
 set(prefix "${PROJECT_BINARY_DIR}/consumer/prefix")
 
 add_test(NAME ImagingLibrary.ExportsTheListedSymbols
-    COMMAND "${CMAKE_CURRENT_LIST_DIR}/exported_symbols.sh" $<TARGET_FILE:ks_imaging> "${imaging_symbols}")
+    COMMAND "${CMAKE_CURRENT_LIST_DIR}/exported_symbols.sh" "${CMAKE_NM}" $<TARGET_FILE:ks_imaging> "${imaging_symbols}")
 add_test(NAME ImagingLibrary.Installs
     COMMAND "${CMAKE_COMMAND}" --install "${PROJECT_BINARY_DIR}" --component imaging --prefix "${prefix}")
 set_tests_properties(ImagingLibrary.Installs PROPERTIES FIXTURES_SETUP installed_imaging)
 
 # A sanitizer's runtime would have to be linked into the consumer too.
-if(NOT NYMBREL_SANITIZE)
+if(NOT NYMBREL_SANITIZE AND NOT CMAKE_CROSSCOMPILING)
     find_program(CLANG_COMPILER NAMES clang++-19 clang++)
     find_program(GCC_COMPILER NAMES g++)
     foreach(compiler CLANG GCC)

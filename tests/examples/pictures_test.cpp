@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The examples still draw the pictures that the documents show.
-#include "examples/picture_file.h"
+#include "examples/adapters/png_file.h"
 #include "tests/support/home.h"
 
 #include <cstdlib>
@@ -11,13 +11,13 @@ namespace {
 
 TEST(Pictures, AreDrawnAsTheyStandInTheDocuments) {
     const TemporaryDirectory directory;
-    for (const std::string name : {"modes", "shapes", "copies", "despeckle"}) {
+    for (const std::string name : {"modes", "shapes", "copies", "despeckle", "scan_repair"}) {
         SCOPED_TRACE(name);
         const std::string drawn = directory / name;
         ASSERT_EQ(0, std::system((PROGRAMS "/" + name + " '" + drawn + "'").c_str()));
         const auto now = read_png(drawn), shown = read_png(PICTURES "/" + name + ".png");
-        ASSERT_EQ(shown->Frame(), now->Frame());
-        EXPECT_EQ(0, std::memcmp(now->Bits(), shown->Bits(), static_cast<std::size_t>(now->BitsLength())))
+        ASSERT_EQ(shown.Frame(), now.Frame());
+        EXPECT_EQ(0, std::memcmp(now.Bits(), shown.Bits(), static_cast<std::size_t>(now.BitsLength())))
             << "look at what the example draws; if it is right, the target `pictures` takes it over";
     }
 }
@@ -29,7 +29,7 @@ TEST(PictureFile, KeepsStraightColourAndRefusesWhatIsNoFile) {
     const TemporaryDirectory directory;
     const std::string path = directory / "straight.png";
     write_png(raster, path);
-    EXPECT_EQ(0, std::memcmp(read_png(path)->Bits(), raster.Bits(), 256 * 4));
+    EXPECT_EQ(0, std::memcmp(read_png(path).Bits(), raster.Bits(), 256 * 4));
     EXPECT_THROW(read_png(directory / "missing.png"), std::runtime_error);
     EXPECT_THROW(write_png(raster, directory.Path()), std::runtime_error);
 }

@@ -1,10 +1,12 @@
 # SPDX-License-Identifier: MIT
-# Makes a program of the C++ blocks of a document: those that include headers as they are, each other one as a
-# function, and a main that calls them in turn.
+# Makes a program of the C++ blocks of a document: those that include headers as they are, but for the name of main,
+# each other one as a function, and a main that calls them in turn.
 /^```cpp/ { inside = 1; body = ""; first = NR + 1; next }
 /^```/ && inside {
     inside = 0
     location = "#line " first " \"" FILENAME "\"\n"
+    if (sub(/\nint main\(\)/, "\nstatic void snippet_" (count + 1) "()", body))
+        ++count
     if (body ~ /^#include/)
         printf "%s%s", location, body
     else

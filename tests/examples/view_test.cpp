@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The view program: what it makes of a picture, and of words that it does not know.
-#include "examples/picture_file.h"
+#include "examples/adapters/png_file.h"
 #include "tests/support/home.h"
 
 #include <array>
@@ -39,13 +39,13 @@ TEST(View, ScalesComposesAndTurnsAndRefusesWhatItDoesNotKnow) {
     for (const auto& row : rows) {
         ASSERT_TRUE(run(row.picture, row.operation)) << row.operation;
         const auto result = read_png(out);
-        const auto* pixels = static_cast<const std::uint32_t*>(result->Bits());
-        const std::array found = {pixels[0], pixels[17], pixels[result->BitsLength() / 4 - 1]};
+        const auto* pixels = static_cast<const std::uint32_t*>(result.Bits());
+        const std::array found = {pixels[0], pixels[17], pixels[result.BitsLength() / 4 - 1]};
         EXPECT_EQ(found, row.pixels) << row.operation;
     }
     ASSERT_TRUE(run(in, "rotate 90 plain"));
     const auto turned = read_png(out);
-    EXPECT_GT(turned->Height(), turned->Width());
+    EXPECT_GT(turned.Height(), turned.Width());
     for (const char* operation :
          {"", "scale 16", "scale 0 8", "scale 99999999999999999999 8", "scale 1e3 8", "turn 90",
           "fill Nothing FFFFFFFF", "fill Normal FFFFFF", "blend Normal missing.png"})

@@ -113,7 +113,7 @@ void CheckChannelPairs(ks_composition_mode mode, Word dst_alpha, Word src_alpha,
     const Row dst = Made(86, [&](Word i) {
         return Pixel(dst_alpha, 3 * i, std::min(3 * i + 1, 255u), std::min(3 * i + 2, 255u));
     });
-    for (Word s = 0; s < 256; s++)
+    for (Word s = 0; s < 256; s += kSweepStep)
         ASSERT_NO_FATAL_FAILURE(
             Check(mode, dst, Row(dst.size(), Pixel(src_alpha, s, s ^ 99, 255 - s)), opacity));
 }
@@ -137,7 +137,7 @@ TEST_P(EveryMode, ComposesAllAlphaPairs) {
     const Row dst = Made(256, [](Word alpha) { return Pixel(alpha, 250, 9, 131); });
     const Row src = Made(256, [](Word alpha) { return Pixel(alpha, 3, 255, 77); });
     for (const Word opacity : {255u, 254u, 100u, 1u})
-        for (Word i = 0; i < 256; i++) {
+        for (Word i = 0; i < 256; i += kSweepStep) {
             ASSERT_NO_FATAL_FAILURE(Check(mode, Row(256, dst[i]), src, opacity));
             ASSERT_NO_FATAL_FAILURE(Check(mode, dst, Row(256, src[i]), opacity));
         }
@@ -147,7 +147,7 @@ TEST_P(EveryMode, ComposesAllAlphaPairs) {
 // rows are composed at 255, where the kernels treat whole vectors alike.
 TEST_P(EveryMode, ComposesMixedPixelsForAllOpacities) {
     constexpr Word kAbove255[] = {256, 65535, 0x01000001, 0xFFFFFFFF};
-    for (Word i = 0; i < 1000; i++) {
+    for (Word i = 0; i < 1000; i += kSweepStep) {
         const Word opacity = i < 256 ? i : i < 260 ? kAbove255[i - 256] : 255;
         Noise noise(i);
         Row dst(400), src(400);
@@ -277,7 +277,7 @@ TEST_P(EveryMode, ConvertsEveryColor) {
     const bool by_source = mode == kMergeReplaceHue || mode == kMergeReplaceColor;
     if (!by_source && mode != kMergeReplaceSaturation && mode != kMergeReplaceLuminosity)
         return;
-    for (Word red = 0; red < 256; red++) {
+    for (Word red = 0; red < 256; red += kSweepStep) {
         const Row colors = Made(65536, [&](Word i) { return 0xFF000000 | red << 16 | i; });
         const Row others =
             Made(65536, [&](Word i) { return Pixel(255, 255, 10 * (i % 23), 31 * (red % 9)); });
@@ -290,7 +290,7 @@ TEST(ReplaceHue, MeetsEverySaturationAndValue) {
     const Row hues = Made(1530, [](Word hue) {
         return 0xFF000000 | reference::Packed(reference::FromHue({hue, 255, 255}));
     });
-    for (Word value = 0; value < 256; value += 3)
+    for (Word value = 0; value < 256; value += 3 * kSweepStep)
         for (Word least = 0; least <= value; least++)
             ASSERT_NO_FATAL_FAILURE(
                 Check(kMergeReplaceHue, Row(hues.size(), Pixel(255, value, least, least)), hues, 255));
@@ -298,7 +298,7 @@ TEST(ReplaceHue, MeetsEverySaturationAndValue) {
 
 // The weighted mean over translucent destinations divides by many divisors.
 TEST(WeightedMean, IsExactForASampleOfAlphas) {
-    for (Word src_alpha = 1; src_alpha < 255; src_alpha++)
+    for (Word src_alpha = 1; src_alpha < 255; src_alpha += kSweepStep)
         for (Word dst_alpha = 1 + src_alpha * 7 % 31; dst_alpha < 255; dst_alpha += 31)
             ASSERT_NO_FATAL_FAILURE(CheckChannelPairs(kMergeNormal, dst_alpha, src_alpha, 255));
 }

@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <string>
 
 namespace {
@@ -42,6 +43,32 @@ TEST(Archive, HoldsTheDocumentedFields) {
     want.AddInt32("KSRaster::_native", 2);
     want.AddData("KSRaster::_data", kRaw, raster.Bits(), 24);
     EXPECT_EQ(archive.Flatten(), want.Flatten());
+}
+
+// What processors of both byte orders write; either reads both. Only the pixels differ.
+TEST(Archive, TravelsBetweenByteOrders) {
+    using namespace std::literals;
+    const auto fields = "MESG\1\0\0\0\xCA\0\0\0\0\0\0\0\4\0\0\0"
+                        "TCRK\x10\0\0\0\x20\0\0\0\0\0\0\0KSRaster::_frame"
+                        "\xFE\xFF\xFF\xFF\xFF\xFF\xFF\xFF\7\0\0\0\0\0\0\0"
+                        "\xFF\xFF\xFF\xFF\xFF\xFF\xFF\xFF\7\0\0\0\0\0\0\0"
+                        "GNOL\x16\0\0\0\4\0\0\0\0\0\0\0KSRaster::_color_space\3\0\0\0"
+                        "GNOL\x11\0\0\0\4\0\0\0\0\0\0\0KSRaster::_native\2\0\0\0"
+                        "TWAR\xF\0\0\0\x8\0\0\0\0\0\0\0KSRaster::_data"s;
+    for (const auto& [order, pixels] : {std::pair(std::endian::little, "\x44\x33\x22\x11\xDD\xCC\xBB\xAA"),
+                                        {std::endian::big, "\x11\x22\x33\x44\xAA\xBB\xCC\xDD"}}) {
+        const std::string text = fields + pixels;
+        const std::vector<std::uint8_t> bytes(text.begin(), text.end());
+        KSMessage read, written;
+        ASSERT_EQ(read.Unflatten(bytes), kUnflattenOk);
+        KSRaster raster(&read);
+        raster.Archive(&written);
+        EXPECT_EQ(written.Flatten(), bytes);
+        if (order != std::endian::native)
+            raster.SwapEndian();
+        EXPECT_EQ(PixelAt(raster, -2, 7), 0x11223344u);
+        EXPECT_EQ(PixelAt(raster, -1, 7), 0xAABBCCDDu);
+    }
 }
 
 TEST(Archive, MayLackFields) {

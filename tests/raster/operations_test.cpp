@@ -174,6 +174,8 @@ TEST(RoundShapes, CoverWhatLiesInThemAndCompose) {
         const double r = std::clamp(static_cast<double>(radius), 0.0, std::min(w, h) / 2);
         const auto at_zero = mask.Items().MovedTo({0, 0});
         ForEachPixel(at_zero.frame, [&](long x, long y) {
+            if ((x + 5 * y) % long{kSweepStep} != 0)
+                return;
             const double want =
                 reference::Coverage(at_zero.frame, radius == -1 ? w / 2 : r, radius == -1 ? h / 2 : r, x, y);
             EXPECT_NEAR(*at_zero.At(x, y), want, 1.7)

@@ -6,6 +6,14 @@
 #include <random>
 #include <span>
 
+// The step of the longest sweeps: 1, but under emulation they take every 17th value, the first and the last
+// of 256 among them.
+#if defined(NYMBREL_EMULATED)
+inline constexpr std::uint32_t kSweepStep = 17;
+#else
+inline constexpr std::uint32_t kSweepStep = 1;
+#endif
+
 // A sequence of random values; a test that fails prints its seed.
 class Noise {
 public:
