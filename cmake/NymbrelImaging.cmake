@@ -66,3 +66,12 @@ configure_file("${PROJECT_SOURCE_DIR}/cmake/ksimaging.pc.in" "${PROJECT_BINARY_D
 install(EXPORT ksimaging NAMESPACE ks:: FILE ksimagingConfig.cmake DESTINATION "${imaging_package}" COMPONENT imaging)
 install(FILES "${PROJECT_BINARY_DIR}/ksimagingConfigVersion.cmake" DESTINATION "${imaging_package}" COMPONENT imaging)
 install(FILES "${PROJECT_BINARY_DIR}/ksimaging.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT imaging)
+
+# The reference of the public headers: the target makes it, and fails where a declaration has no comment.
+find_program(DOXYGEN_PROGRAM NAMES doxygen)
+if(DOXYGEN_PROGRAM)
+    list(JOIN imaging_headers " " headers)
+    set(imaging_reference "${CMAKE_COMMAND}" -E env
+        "BUILD=${PROJECT_BINARY_DIR}" "HEADERS=${headers}" "VERSION=${PROJECT_VERSION}" "${DOXYGEN_PROGRAM}" docs/Doxyfile)
+    add_custom_target(reference VERBATIM COMMAND ${imaging_reference} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+endif()
