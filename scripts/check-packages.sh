@@ -21,8 +21,10 @@ inside() {
     chroot "$bare" env -i -C /source HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive \
         AUTOPKGTEST_TMP=/tmp "$@" || fail "this failed in the bare Debian: $*"
 }
-install_all() { inside sh -c 'apt-get -qq install -y --no-install-recommends /source/debs/*.deb' &> "$work/log"; }
-purge_all() { inside dpkg --purge $names > "$work/log"; }
+install_all() { inside sh -c 'apt-get -qq -o Dpkg::Use-Pty=0 install -y --no-install-recommends ./debs/*.deb > /tmp/log'; }
+# The names are words.
+# shellcheck disable=SC2086
+purge_all() { inside sh -c 'dpkg --purge "$@" > /tmp/log' purge $names; }
 # All but users' homes, and what changes by itself: logs, caches and temporary files.
 list_paths() {
     inside find / -xdev -regex '/\(proc\|sys\|dev\|run\|tmp\|root\|home\|source\|var/log\|var/cache\)' -prune -o -print |
@@ -39,6 +41,7 @@ mkdir -p "$bare/source/debs"
 cp "${packages[@]}" "$bare/source/debs"
 cp -r --parents -t "$bare/source" debian/tests tests/consumer scripts/picture-of-window.sh
 mount -t proc proc "$bare/proc"
+inside apt-get -qq update
 
 # Once in advance: what the packages depend on stays.
 install_all
