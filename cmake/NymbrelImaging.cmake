@@ -27,16 +27,6 @@ set(imaging_headers
     raster/ks_coverage.h
     toolkit/KSMessage.h)
 
-# The header that says the version is the one place where it stands.
-set(imaging_version "")
-foreach(part MAJOR MINOR PATCH)
-    file(STRINGS "${PROJECT_SOURCE_DIR}/hdr/ks_version.h" line REGEX "#define KS_IMAGING_VERSION_${part} ")
-    string(REGEX MATCH "[0-9]+$" number "${line}")
-    list(APPEND imaging_version ${number})
-endforeach()
-list(GET imaging_version 0 imaging_major)
-list(JOIN imaging_version "." imaging_version)
-
 # imaging_library(<target> <exported name> <type>)
 function(imaging_library target name type)
     list(TRANSFORM imaging_folders REPLACE "(.+)" "$<TARGET_OBJECTS:\\1>" OUTPUT_VARIABLE objects)
@@ -44,7 +34,7 @@ function(imaging_library target name type)
     add_library(ks::${name} ALIAS ${target})
     set_target_properties(${target} PROPERTIES
         OUTPUT_NAME ksimaging EXPORT_NAME ${name} LINKER_LANGUAGE CXX
-        VERSION ${imaging_version} SOVERSION ${imaging_major})
+        VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
     target_compile_features(${target} PUBLIC cxx_std_20)
     target_link_libraries(${target} PRIVATE $<BUILD_INTERFACE:nymbrel_flags>)
     list(TRANSFORM imaging_headers PREPEND "${PROJECT_SOURCE_DIR}/" OUTPUT_VARIABLE headers)
@@ -70,9 +60,18 @@ set_property(TARGET ks_imaging APPEND PROPERTY LINK_DEPENDS "${imaging_symbols}"
 
 set(imaging_package "${CMAKE_INSTALL_LIBDIR}/cmake/ksimaging")
 write_basic_package_version_file("${PROJECT_BINARY_DIR}/ksimagingConfigVersion.cmake"
-    VERSION ${imaging_version} COMPATIBILITY SameMajorVersion)
+    VERSION ${PROJECT_VERSION} COMPATIBILITY SameMajorVersion)
 file(RELATIVE_PATH imaging_prefix_from_pc "/${CMAKE_INSTALL_LIBDIR}/pkgconfig" "/")
 configure_file("${PROJECT_SOURCE_DIR}/cmake/ksimaging.pc.in" "${PROJECT_BINARY_DIR}/ksimaging.pc" @ONLY)
 install(EXPORT ksimaging NAMESPACE ks:: FILE ksimagingConfig.cmake DESTINATION "${imaging_package}" COMPONENT imaging)
 install(FILES "${PROJECT_BINARY_DIR}/ksimagingConfigVersion.cmake" DESTINATION "${imaging_package}" COMPONENT imaging)
 install(FILES "${PROJECT_BINARY_DIR}/ksimaging.pc" DESTINATION "${CMAKE_INSTALL_LIBDIR}/pkgconfig" COMPONENT imaging)
+
+# The reference of the public headers: the target makes it, and fails where a declaration has no comment.
+find_program(DOXYGEN_PROGRAM NAMES doxygen)
+if(DOXYGEN_PROGRAM)
+    list(JOIN imaging_headers " " headers)
+    set(imaging_reference "${CMAKE_COMMAND}" -E env
+        "BUILD=${PROJECT_BINARY_DIR}" "HEADERS=${headers}" "VERSION=${PROJECT_VERSION}" "${DOXYGEN_PROGRAM}" docs/Doxyfile)
+    add_custom_target(reference VERBATIM COMMAND ${imaging_reference} WORKING_DIRECTORY "${PROJECT_SOURCE_DIR}")
+endif()

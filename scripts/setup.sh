@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# Sourced by ./run, ./test and the scripts of bench/ and tests/: Debian packages and the build.
+# Sourced by ./run, ./test, ./package and the scripts of bench/ and tests/: Debian packages and the build.
 
 root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 
@@ -8,6 +8,7 @@ window_packages=(fonts-dejavu-core qt6-translations-l10n)
 screen_packages=(xvfb xauth x11-utils xdotool imagemagick)
 test_packages=(libgtest-dev locales libpng-dev libsdl2-dev dbus at-spi2-core openbox python3-pyatspi doxygen clang-19 libclang-rt-19-dev git)
 cross_packages=(g++ cmake ninja-build pkg-config g++-aarch64-linux-gnu g++-riscv64-linux-gnu g++-s390x-linux-gnu qemu-user libgtest-dev)
+package_packages=(build-essential debhelper doxygen lintian desktop-file-utils appstream)
 
 fail() {
     echo "${0##*/}: $*" >&2
