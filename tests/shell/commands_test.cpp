@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <optional>
-#include <regex>
 
 namespace {
 
@@ -23,11 +22,14 @@ protected:
     result Run(const std::vector<std::string>& words) const {
         std::ostringstream out, err;
         const int status = shell::Run(words, out, err);
-        const auto plain = [this](const std::ostringstream& text) {
-            return std::regex_replace(text.str(), std::regex(home / "" + "|nymbrel-settings: warning.*\n"),
-                                      "");
+        const auto plain = [path = home / ""](std::string text) {
+            for (std::size_t at; (at = text.find(path)) != text.npos;)
+                text.erase(at, path.size());
+            if (const std::size_t at = text.find("nymbrel-settings: warning"); at != text.npos)
+                text.erase(at, text.find('\n', at) - at + 1);
+            return text;
         };
-        return {status, plain(out), plain(err)};
+        return {status, plain(out.str()), plain(err.str())};
     }
     // The lines of the settings file that are not among the defaults; "none" without a file.
     std::string Changes() const {
