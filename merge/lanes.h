@@ -39,14 +39,18 @@ private:
 #else
     KS_INLINE explicit PartialVector(int32_t count) : _count(count) {}
     KS_INLINE Words load(const uint32_t* p) const {
-        if (kLanes > 4 && _count >= 4)
-            return Parts<Four>::load(p, _count, AllLanes());
+        if constexpr (kLanes > 4) {
+            if (_count >= 4)
+                return Parts<Four>::load(p, _count, AllLanes());
+        }
         return _count >= 2 ? Parts<Two>::load(p, _count, AllLanes()) : splat(*p);
     }
     KS_INLINE void store(uint32_t* p, Words w) const {
-        if (kLanes > 4 && _count >= 4)
-            Parts<Four>::store(p, _count, w);
-        else if (_count >= 2)
+        if constexpr (kLanes > 4) {
+            if (_count >= 4)
+                return Parts<Four>::store(p, _count, w);
+        }
+        if (_count >= 2)
             Parts<Two>::store(p, _count, w);
         else
             *p = w[0];
