@@ -4,7 +4,8 @@
 // Coverage is one byte for each pixel: 0 for none of it, 255 for all. A colour that is composed by coverage
 // is a layer of pixels of that colour, whose alpha is the colour's times the coverage / 255, rounded down,
 // and which ks_compose composes. So all modes work, kMergeErase takes the shape out, kMergeCopy stores the
-// layer itself, and kMergeAlphaMask, with an opaque colour, keeps only what the coverage covers.
+// layer itself, and kMergeAlphaMask, with an opaque colour, keeps only what the coverage covers within the
+// mask's frame or the shape's box.
 //
 // A page is any pixels; a KSRaster converts to them. Nothing is painted beyond the page, no pixel is painted
 // twice, and no pixel outside the mask's frame or the shape's box is touched. Several threads may paint on

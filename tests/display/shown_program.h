@@ -40,7 +40,11 @@ public:
         const ScopedVariable platform("QT_QPA_PLATFORM", "offscreen");
         TestDisplay server;
         ShownProgram program(server);
-        program.RunUsed(server, [&] { use(program); });
+        program.RunUsed(server, [&] {
+            // Until then the window's keys do nothing.
+            EXPECT_TRUE(program.Eventually([&] { return program.Top()->isActiveWindow(); }));
+            use(program);
+        });
     }
 
     // Runs `function` on the main thread and returns what it returns.
